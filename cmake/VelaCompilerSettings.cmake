@@ -1,0 +1,40 @@
+# How everything of this project is compiled: library, gallery, tests, benchmarks.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+add_compile_definitions(
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_KEYWORDS
+    QT_STRICT_ITERATORS
+    QT_USE_QSTRINGBUILDER)
+
+add_compile_options(
+    -Wall -Wextra -Wpedantic
+    -Wcast-align -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow -Wundef -Wvla)
+if(VELA_WARNINGS_AS_ERRORS)
+    add_compile_options(-Werror)
+endif()
+
+# Log messages carry their source file; its name is the one within the project, wherever the build was made.
+add_compile_options("-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/=")
+
+# Undefined symbols are found when the library is linked, not when it is loaded; the sanitizers' own functions, which
+# come from the executable, are the exception.
+if(ECM_ENABLE_SANITIZERS)
+    add_compile_options(-fno-sanitize-recover=undefined)
+else()
+    add_link_options(LINKER:--no-undefined,--as-needed)
+endif()

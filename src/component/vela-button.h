@@ -1,0 +1,75 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QPushButton>
+#include <QToolButton>
+
+#include <memory>
+
+class VelaIconButtonPrivate;
+
+/// Flat text button whose look is one of six style sheets.
+class VELA_EXPORT VelaButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    /// What a button is for; each has a style key.
+    enum Kind {
+        ApplyButton = 0, ///< affirms: "component.apply_button"
+        CancelButton = 1, ///< dismisses: "component.cancel_button"
+        SelectPagingButton = 2, ///< highlighted page of a paging bar: "component.select_paging_button"
+        NonselectPagingButton = 3, ///< any other page: "component.nonselect_paging_button"
+        DefaultButton = 4, ///< no emphasis: "component.default_button"
+        RedButton = 5, ///< destroys: "component.red_button"
+    };
+
+    /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none of
+    /// the above leaves it without a style sheet.
+    explicit VelaButton(const QString &text, int kind = DefaultButton);
+    ~VelaButton() override;
+};
+
+/// Button of an image only, which follows the pointer, the mouse buttons and the enabled state with one of four icons.
+///
+/// An icon is changed by the next event that calls for it: the one shown now stays when another is set. A button that
+/// has the keyboard focus keeps its hover icon when the pointer leaves.
+class VELA_EXPORT VelaIconButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    /// A button with the four images of @p imageName, see setAllIcon(); without a parent.
+    explicit VelaIconButton(const QString &imageName);
+    /// A button that shows @p pixmap in every state, see setDefaultIcon(); without a parent.
+    explicit VelaIconButton(const QPixmap &pixmap);
+    ~VelaIconButton() override;
+
+    /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the icons'
+    /// size. An unknown name gives empty icons of size 0 by 0; ImageManager logs it.
+    void setAllIcon(const QString &imageName);
+
+    /// Takes @p pixmap for all four states, and its logical size as the icons' size.
+    void setDefaultIcon(const QPixmap &pixmap);
+    /// Replaces the icon shown while a mouse button is down.
+    void setPressIcon(const QPixmap &pixmap);
+    /// Replaces the icon shown under the pointer.
+    void setHoverIcon(const QPixmap &pixmap);
+    /// Replaces the icon shown while the button is disabled.
+    void setDisableIcon(const QPixmap &pixmap);
+
+    /// Sets style, size policy and popup mode; both constructors have called it.
+    void initialize();
+
+protected:
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    const std::unique_ptr<VelaIconButtonPrivate> d;
+};

@@ -1,0 +1,192 @@
+#include "image-manager/image-manager.h"
+
+#include "style-manager/dpi-info.h"
+#include "utils/ui-path-manager.h"
+#include "utils/util.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr double DrawnScale = 4.0; // images are drawn at this multiple of their logical size
+
+constexpr const char *VariantSuffixes[ImageManager::ImageFile::VariantCount] = {"", "_hover", "_click", "_disable"};
+
+/// The pixmap in the file, null if there is none. Unlike QPixmap::load() this leaves nothing in the pixmap cache, where
+/// full-size originals would push out what is really shown, and gives up at once where there is no file.
+QPixmap readPixmap(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return QPixmap();
+    }
+    return QPixmap::fromImage(QImageReader(&file).read());
+}
+
+QPixmap scaledTo(const QPixmap &pixmap, const QSize &size)
+{
+    return pixmap.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+const QString &folderOrAbort(const QString &folder)
+{
+    if (folder.isEmpty()) {
+        qCWarning(debug_message) << "ImageManager is not initialized";
+        std::abort();
+    }
+    return folder;
+}
+
+} // namespace
+
+ImageManager *ImageManager::getInstance()
+{
+    static ImageManager instance;
+    return &instance;
+}
+
+void ImageManager::initialize(InitializeType type)
+{
+    m_type = type;
+    m_imageFolder = UIPathManager::getInstance()->getPath(QStringLiteral("resource_path")) + QLatin1String("/images");
+    m_tempImageFolder =
+        UIPathManager::getInstance()->getPath(QStringLiteral("user_data_path")) + QLatin1String("/tmp_images");
+    QDir().mkpath(m_tempImageFolder);
+    readJson();
+    if (m_type == INIT_PRELOAD) {
+        prepareImages();
+    }
+}
+
+void ImageManager::readJson()
+{
+    QFile file(UIPathManager::getInstance()->getPath(QStringLiteral("resource_path")) + QLatin1String("/images.json"));
+    QString text;
+    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        text = QString::fromUtf8(file.readAll());
+    }
+    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
+
+    const QJsonArray images = catalogue.value(QLatin1String("images")).toArray();
+    for (const QJsonValue &name : images) {
+        parseJson(name.toString());
+    }
+
+    const QJsonArray tempImages = catalogue.value(QLatin1String("tmp_images")).toArray();
+    for (const QJsonValue &name : tempImages) {
+        prepareTempImage(name.toString().remove(QLatin1Char(' ')));
+    }
+}
+
+void ImageManager::parseJson(const QString &name)
+{
+    ImageFile image;
+    for (int i = 0; i < ImageFile::VariantCount; ++i) {
+        image.names[i] = name + QLatin1String(VariantSuffixes[i]);
+    }
+    m_images[name] = image;
+}
+
+void ImageManager::lazyLoad(const QString &name)
+{
+    ImageFile &image = m_images[name];
+    if (!image.loaded) {
+        load(image);
+    }
+}
+
+void ImageManager::prepareImages()
+{
+    for (auto &entry : m_images) {
+        load(entry.second);
+    }
+}
+
+void ImageManager::load(ImageFile &image)
+{
+    const double scale = DPIinfo::getInstance()->getDPI();
+    const double ratio = DPIinfo::getInstance()->getDPR();
+    for (int i = 0; i < ImageFile::VariantCount; ++i) {
+        const QPixmap original = readPixmap(getImageFullPath(image.names[i]));
+        if (original.isNull()) {
+            image.names[i].clear();
+            continue;
+        }
+        // Rounded at each step, so one multiplication would give other sizes.
+        const QSize size = original.size() / DrawnScale * scale * ratio;
+        image.pixmaps[i] = scaledTo(original, size);
+        image.pixmaps[i].setDevicePixelRatio(ratio);
+        image.loaded = true;
+    }
+}
+
+void ImageManager::prepareTempImage(const QString &name)
+{
+    QPixmap pixmap = readPixmap(getImageFullPath(name));
+    if (!pixmap.isNull()) {
+        pixmap = scaledTo(pixmap, pixmap.size() / DrawnScale * DPIinfo::getInstance()->getDPI());
+    }
+
+    // Without an original an empty file is left behind, never a copy of an earlier run at another scale.
+    QFile file(getTempImageFullPath(name));
+    if (file.open(QIODevice::WriteOnly)) {
+        pixmap.save(&file, "PNG");
+    }
+}
+
+QString ImageManager::getImageFullPath(const QString &name)
+{
+    return m_imageFolder + QDir::separator() + name + QLatin1String(".png");
+}
+
+QString ImageManager::getTempImageFullPath(const QString &name)
+{
+    return m_tempImageFolder + QDir::separator() + QLatin1String("tmp_") + name + QLatin1String(".png");
+}
+
+QPixmap ImageManager::getImage(const QString &name, ImageType type)
+{
+    const auto entry = m_images.find(name);
+    if (entry == m_images.end()) {
+        qCWarning(debug_message) << "Cannot load pixmap" << name;
+        return QPixmap();
+    }
+
+    const ImageFile &image = entry->second;
+    if (m_type == INIT_LAZY && !image.loaded) {
+        lazyLoad(name);
+    }
+    const bool isVariant = type >= 0 && type < ImageFile::VariantCount;
+    if (!isVariant || image.names[type].isEmpty()) {
+        qCWarning(debug_message) << "Cannot load pixmap" << name << "with type" << int(type) << "[use default icon]";
+        return image.pixmaps[IMAGE_NORMAL];
+    }
+    return image.pixmaps[type];
+}
+
+const QString &ImageManager::getImageFolder()
+{
+    return folderOrAbort(m_imageFolder);
+}
+
+const QString &ImageManager::getTempImageFolder()
+{
+    return folderOrAbort(m_tempImageFolder);
+}
+
+QPixmap getGlobalImage(const char *name, ImageManager::ImageType type)
+{
+    return ImageManager::getInstance()->getImage(QString::fromUtf8(name), type);
+}
+
+QPixmap getGlobalImage(const QString &name, ImageManager::ImageType type)
+{
+    return ImageManager::getInstance()->getImage(name, type);
+}

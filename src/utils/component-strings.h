@@ -1,0 +1,32 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QMap>
+#include <QString>
+
+/// The texts of the user interface by key, in the application's current language.
+///
+/// The library ships no texts: every caption, tool tip, accessible name, month and weekday name of its widgets is
+/// looked up here when the widget is built. GUI thread only.
+class VELA_EXPORT ComponentStrings
+{
+public:
+    /// The one instance, created on first use.
+    static ComponentStrings *getInstance();
+
+    /// Replaces the whole table by @p strings; keys that it lacks are gone afterwards. May be called again, after a
+    /// change of language for instance: widgets that exist keep the texts that they have.
+    void installStrings(const QMap<QString, QString> &strings);
+
+    /// The text under the case-sensitive @p key; the key itself, with a warning, when there is none, so that a missing
+    /// translation shows on screen.
+    QString getString(const QString &key);
+
+private:
+    ComponentStrings() = default;
+    ~ComponentStrings() = default;
+    Q_DISABLE_COPY_MOVE(ComponentStrings)
+
+    QMap<QString, QString> m_strings;
+};

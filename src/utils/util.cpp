@@ -1,0 +1,3 @@
+#include "utils/util.h"
+
+Q_LOGGING_CATEGORY(debug_message, "debug.message")
