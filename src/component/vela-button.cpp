@@ -17,6 +17,17 @@ constexpr const char *StyleKeys[] = {
 };
 constexpr int KindCount = sizeof(StyleKeys) / sizeof(StyleKeys[0]);
 
+/// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
+/// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are
+/// parsed anew when the button gets its parent and when it is polished, so the first is one without rules.
+void setFirstStyleSheet(QWidget *button, const QString &sheet)
+{
+    if (!sheet.isEmpty() && button->styleSheet().isEmpty()) {
+        button->setStyleSheet(QStringLiteral(" "));
+    }
+    button->setStyleSheet(sheet);
+}
+
 } // namespace
 
 VelaButton::VelaButton(const QString &text, int kind)
@@ -25,7 +36,7 @@ VelaButton::VelaButton(const QString &text, int kind)
     setFlat(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (kind >= 0 && kind < KindCount) {
-        setStyleSheet(getStyleSheet(StyleKeys[kind], false));
+        setFirstStyleSheet(this, getStyleSheet(StyleKeys[kind], false));
     }
 }
 
@@ -113,7 +124,7 @@ void VelaIconButton::initialize()
 {
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setStyleSheet(getStyleSheet("component.icon_button", false));
+    setFirstStyleSheet(this, getStyleSheet("component.icon_button", false));
     setPopupMode(QToolButton::InstantPopup);
 }
 

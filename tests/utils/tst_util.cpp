@@ -1,0 +1,97 @@
+#include "support/log-capture.h"
+#include "utils/component-strings.h"
+#include "utils/ui-path-manager.h"
+#include "utils/util.h"
+
+#include <QtTest>
+
+/// Counts how often it is turned into text.
+struct Witness
+{
+    int *uses;
+};
+
+static QDebug operator<<(QDebug debug, const Witness &witness)
+{
+    ++*witness.uses;
+    return debug;
+}
+
+class UtilTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void theCategoryIsNamedDebugMessage();
+    void aWarningCarriesFileLineAndFunctionOfItsPlace();
+    void partsAreSeparatedByBlanksAndStringsQuoted();
+    void nothingIsEmittedWhenWarningsOfTheCategoryAreOff();
+    void nothingIsFormattedWhenWarningsOfTheCategoryAreOff();
+};
+
+void UtilTest::cleanup()
+{
+    QLoggingCategory::setFilterRules(QString());
+}
+
+void UtilTest::theCategoryIsNamedDebugMessage()
+{
+    QCOMPARE(debug_message().categoryName(), "debug.message");
+    QVERIFY(debug_message().isWarningEnabled());
+}
+
+void UtilTest::aWarningCarriesFileLineAndFunctionOfItsPlace()
+{
+    LogCapture log;
+    UIPathManager::getInstance()->getPath(QStringLiteral("unknown"));
+    ComponentStrings::getInstance()->getString(QStringLiteral("unknown"));
+
+    const QVector<LogCapture::Message> messages = log.takeMessages();
+    QCOMPARE(messages.size(), 2);
+    for (const LogCapture::Message &message : messages) {
+        QCOMPARE(message.type, QtWarningMsg);
+        QCOMPARE(message.category, QStringLiteral("debug.message"));
+        QVERIFY(message.line > 0);
+    }
+    QCOMPARE(messages[0].file, QStringLiteral("src/utils/ui-path-manager.cpp"));
+    QCOMPARE(messages[0].function, QStringLiteral("QString UIPathManager::getPath(const QString&)"));
+    QCOMPARE(messages[1].file, QStringLiteral("src/utils/component-strings.cpp"));
+    QCOMPARE(messages[1].function, QStringLiteral("QString ComponentStrings::getString(const QString&)"));
+}
+
+void UtilTest::partsAreSeparatedByBlanksAndStringsQuoted()
+{
+    LogCapture log;
+    UIPathManager::getInstance()->getPath(QStringLiteral("a \"b\""));
+    QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find path by key \"a \\\"b\\\"\"")});
+}
+
+void UtilTest::nothingIsEmittedWhenWarningsOfTheCategoryAreOff()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
+    LogCapture log;
+
+    UIPathManager::getInstance()->getPath(QStringLiteral("unknown"));
+    UIPathManager::getInstance()->setPath(QStringLiteral("twice"), QString());
+    UIPathManager::getInstance()->setPath(QStringLiteral("twice"), QString());
+    ComponentStrings::getInstance()->getString(QStringLiteral("unknown"));
+
+    QCOMPARE(log.takeMessages().size(), 0);
+}
+
+void UtilTest::nothingIsFormattedWhenWarningsOfTheCategoryAreOff()
+{
+    LogCapture log;
+    int uses = 0;
+    qCWarning(debug_message) << Witness {&uses};
+    QCOMPARE(uses, 1);
+
+    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
+    qCWarning(debug_message) << Witness {&uses};
+    QCOMPARE(uses, 1);
+}
+
+QTEST_GUILESS_MAIN(UtilTest)
+#include "tst_util.moc"
