@@ -10,10 +10,12 @@
 using Side = std::function<void(benchmark::State &)>;
 
 /// Has @p ours measured against @p floor, the shortest code that does the same work. @p what names the row: letters,
-/// digits, blanks, dots and commas. Without a @p target the ratio is only reported.
+/// digits, blanks and commas. Without a @p target the ratio is only reported.
 void compare(const std::string &what, std::optional<double> target, Side ours, Side floor);
 
-/// Measures all comparisons, or those that `--benchmark_filter` picks, and prints them as a table. The two sides take
-/// turns in short slices of CPU time, so that what else the machine does meets both; a slice's order is random, and the
-/// median of each side's slices is shown. The exit code tells only whether anything went wrong, not how fast it was.
+/// Measures all comparisons, or those whose name `--benchmark_filter` matches, and prints them as a table.
+///
+/// The two sides take turns in short slices, so that whatever else the machine does meets both; of the slices' CPU times
+/// per iteration the medians are shown, and as ratio the median of the ratios of neighbouring slices. The exit code
+/// tells whether anything went wrong, not how fast it was.
 int runComparisons(int &argc, char **argv);

@@ -1,3 +1,90 @@
 #include "utils/util.h"
 
+#include <QWidget>
+
 Q_LOGGING_CATEGORY(debug_message, "debug.message")
+
+namespace {
+
+template<typename IsCollected>
+void collect(QWidget *root, const IsCollected &isCollected, QList<QWidget *> &widgets)
+{
+    if (!root || !root->isVisible()) {
+        return;
+    }
+    if (isCollected(root)) {
+        widgets.append(root);
+    }
+    const QObjectList &children = root->children();
+    for (QObject *child : children) {
+        collect(qobject_cast<QWidget *>(child), isCollected, widgets);
+    }
+}
+
+} // namespace
+
+AccessibleFilter::AccessibleFilter() : m_focusLevel(Qt::NoFocus)
+{
+}
+
+AccessibleFilter::AccessibleFilter(const QList<QWidget *> &filterWidgets, Qt::FocusPolicy focusLevel) :
+    m_filterWidgets(filterWidgets), m_focusLevel(focusLevel)
+{
+}
+
+void AccessibleFilter::setFilterWidgets(const QList<QWidget *> &filterWidgets)
+{
+    m_filterWidgets = filterWidgets;
+}
+
+QList<QWidget *> AccessibleFilter::filterWidgets() const
+{
+    return m_filterWidgets;
+}
+
+void AccessibleFilter::setFocusLevel(Qt::FocusPolicy focusLevel)
+{
+    m_focusLevel = focusLevel;
+}
+
+Qt::FocusPolicy AccessibleFilter::focusLevel() const
+{
+    return m_focusLevel;
+}
+
+QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
+{
+    QList<QWidget *> widgets;
+    collect(
+        root,
+        [&excluded](QWidget *widget) {
+            return widget->focusPolicy() != Qt::NoFocus && !excluded.contains(widget);
+        },
+        widgets);
+    return widgets;
+}
+
+QList<QWidget *> accessibleList(QWidget *root, AccessibleFilter filter)
+{
+    QList<QWidget *> widgets;
+    collect(
+        root,
+        [excluded = filter.filterWidgets(), level = filter.focusLevel()](QWidget *widget) {
+            return widget->focusPolicy() >= level && !excluded.contains(widget);
+        },
+        widgets);
+    return widgets;
+}
+
+void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets)
+{
+    for (QWidget *widget : qAsConst(widgets)) {
+        widget->setFocusPolicy(policy);
+    }
+}
+
+QString getHtmlEscapedStringForToolTip(const QString &text)
+{
+    const QString lines = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    return QLatin1String("<p style='white-space:pre'>") + lines + QLatin1String("</p>");
+}

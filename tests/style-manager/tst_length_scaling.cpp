@@ -165,9 +165,8 @@ void LengthScalingTest::numbersOfEveryLengthAreTheDefinitions()
                 number += QLatin1Char('.') + pattern.repeated(fractions).left(fractions);
             }
             const QString sheet = QLatin1String("a ") + number + QLatin1String("px b 7px c");
-            for (double factor : Factors) {
-                QCOMPARE(scaleLengths(sheet, factor), literallyScaled(sheet, factor));
-            }
+            const double factor = Factors[(integers + fractions + 1) % int(std::size(Factors))];
+            QCOMPARE(scaleLengths(sheet, factor), literallyScaled(sheet, factor));
         }
     }
     for (int digits : {40, 308, 309, 310, 311, 810}) {

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QLineEdit>
+
+class QMenu;
+class VelaIconButton;
+
+/// Search field for filtering a list, with a button at its left that opens a menu of the client's.
+///
+/// The keyword is reported when Return is pressed, and only then; the filtering is the client's business. The field's look is
+/// that of "component.lineedit" followed by "component.filter_bar_padding", the button's that of
+/// "component.filter_search_button" with the image "bt_search_dropdown".
+class VELA_EXPORT VelaFilterBar : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit VelaFilterBar(QWidget *parent = nullptr);
+
+    /// Sets the menu that the button opens, and Key_Down in the field; the bar does not take ownership.
+    void setMenu(QMenu *menu);
+
+Q_SIGNALS:
+    /// Return was pressed; @p keyword is the whole text, possibly empty.
+    void sigKeywordChanged(QString keyword);
+
+public Q_SLOTS:
+    /// Emits sigKeywordChanged() with the text.
+    void slotKeywordChange();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void createSearchButton();
+
+    VelaIconButton *m_searchButton = nullptr;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class VelaFootbarPrivate;
+
+/// Bar at the bottom of a dialog: a group of widgets at its left, another at its right, free space between them.
+///
+/// First push the widgets, then call init() once. The bar owns them from then on, and not before.
+class VELA_EXPORT VelaFootbar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VelaFootbar(QWidget *parent = nullptr);
+    ~VelaFootbar() override;
+
+    /// Adds a widget at the right end of the left group.
+    void pushLeftWidget(QWidget *widget);
+    /// Adds a widget at the right end of the right group.
+    void pushRightWidget(QWidget *widget);
+    /// Lays the widgets out, with margins and spacing of its own: set others afterwards.
+    void init();
+
+    /// Margins around the row in logical pixels.
+    void setMargins(int left, int top, int right, int bottom);
+    /// Space between widgets in logical pixels.
+    void setSpacing(int spacing);
+
+private:
+    const std::unique_ptr<VelaFootbarPrivate> d;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QLabel>
+
+/// Label in the look of "component.label".
+///
+/// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that the
+/// text needs at the label's width.
+class VELA_EXPORT VelaLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit VelaLabel(QWidget *parent = nullptr, Qt::WindowFlags f = {});
+    explicit VelaLabel(const QString &text, QWidget *parent = nullptr, Qt::WindowFlags f = {});
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+};

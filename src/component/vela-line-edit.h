@@ -1,0 +1,46 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QLabel;
+class QLineEdit;
+class VelaLineEditPrivate;
+
+/// A line of text to edit with an optional text in front of it and behind it, a validator and an error look.
+///
+/// The field takes its look from "component.lineedit", the texts theirs from "component.lineedit_label".
+class VELA_EXPORT VelaLineEdit : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VelaLineEdit(QWidget *parent = nullptr);
+    ~VelaLineEdit() override;
+
+    /// Margins around the row in logical pixels; 0 at first.
+    void setMargins(int left, int top, int right, int bottom);
+    /// Space between the texts and the field in logical pixels; 0 at first.
+    void setSpacing(int spacing);
+
+    /// Sets what validate() asks, without asking it; null for nothing.
+    void setValidator(bool (*validator)(const QString &));
+    /// Whether the validator accepts the field's text; true without a validator. Leaves the error look alone.
+    bool validate();
+
+    /// Sets the field's dynamic property "error", on which style sheets select, and brings its look up to date.
+    void setError(bool error);
+
+    /// The text in front of the field, empty at first.
+    QLabel *getPreLabel();
+    /// The text behind the field, empty at first.
+    QLabel *getPostLabel();
+    QLineEdit *getLineEdit();
+    QString getEditText() const;
+
+private:
+    const std::unique_ptr<VelaLineEditPrivate> d;
+};

@@ -1,0 +1,97 @@
+#include "utils/util.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <QWindow>
+
+#include <X11/Xlib-xcb.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+/// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to the
+/// server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always been
+/// given these words, and in their order they withdraw all functions of the window.
+struct MotifHints
+{
+    long flags;
+    long functions;
+    long decorations;
+    long inputMode;
+    long status;
+};
+
+constexpr MotifHints DefaultHints {0, 1, 1, 0, 0}; // of a window without the property
+constexpr long FunctionsAreValid = 1;
+constexpr long ResizeAndMove = 6;
+constexpr long NoDecorations = 0;
+
+constexpr int ElementBits = 32;
+constexpr int ElementCount = 5; // written
+constexpr int MaximalElements = 20; // asked for
+
+struct Free
+{
+    void operator()(void *memory) const { std::free(memory); }
+};
+
+MotifHints readHints(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property)
+{
+    const xcb_get_property_cookie_t cookie =
+        xcb_get_property_unchecked(connection, false, window, property, property, 0, MaximalElements);
+    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply || reply->format != ElementBits || reply->type != property) {
+        return DefaultHints;
+    }
+    // A property of five elements fills half of the memory.
+    MotifHints hints {};
+    const auto size = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
+    std::memcpy(&hints, xcb_get_property_value(reply.get()), std::min(size, sizeof(hints)));
+    return hints;
+}
+
+void writeHints(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property, const MotifHints &hints)
+{
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, property, property, ElementBits, ElementCount, &hints);
+    xcb_flush(connection);
+}
+
+} // namespace
+
+void SHAPISetCloseButtonOfWindowEnable(QWidget *widget, bool enable, void **savedState)
+{
+    const QWindow *handle = widget->window()->windowHandle();
+    if (!handle || QGuiApplication::platformName() != QLatin1String("xcb")) {
+        return;
+    }
+    const auto window = static_cast<xcb_window_t>(handle->winId());
+
+    // Left open on purpose, as documented.
+    Display *display = XOpenDisplay(nullptr);
+    if (!display) {
+        return;
+    }
+    xcb_connection_t *connection = XGetXCBConnection(display);
+    XSetEventQueueOwner(display, XCBOwnsEventQueue);
+    const auto property = static_cast<xcb_atom_t>(XInternAtom(display, "_MOTIF_WM_HINTS", False));
+
+    MotifHints hints = readHints(connection, window, property);
+    if (enable) {
+        if (!*savedState) {
+            return;
+        }
+        const std::unique_ptr<MotifHints> saved(static_cast<MotifHints *>(*savedState));
+        *savedState = nullptr;
+        hints = *saved;
+    } else {
+        *savedState = new MotifHints(hints);
+        hints.flags = FunctionsAreValid;
+        hints.functions = ResizeAndMove;
+        hints.decorations = NoDecorations;
+    }
+    writeHints(connection, window, property, hints);
+}
