@@ -18,13 +18,13 @@ class VELA_EXPORT ImageManager
 {
 public:
     /// When images are loaded. Any other value loads nothing, ever.
-    enum InitializeType {
+    enum InitializeType : int {
         INIT_PRELOAD = 0, ///< all of them by initialize()
         INIT_LAZY = 1, ///< each, with its variants, at its first request
     };
 
     /// State of an image.
-    enum ImageType {
+    enum ImageType : int {
         IMAGE_NORMAL = 0,
         IMAGE_HOVER = 1,
         IMAGE_CLICK = 2,
