@@ -10,7 +10,7 @@
 ///
 /// Defined by removing all matches of the regular expression `/\*.*\*/` and then of `//.*\n`, both minimal; done here in
 /// linear time.
-QString removeComments(const QString &text);
+QString removeComments(QString text);
 
 /// Cuts @p text at its header lines ("== key ==") and adds each section to @p sections under its key.
 void readSections(const QString &text, std::map<QString, QString> &sections);

@@ -18,19 +18,47 @@ QString readFiles(const std::vector<QString> &files)
             qCWarning(debug_message) << "file" << path << "not exist";
             continue;
         }
-        if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-            text += QString::fromUtf8(file.readAll());
+        if (file.open(QIODevice::ReadOnly)) {
+            QByteArray content = file.readAll();
+            // As a device in text mode does, which takes much longer where there are none.
+            if (content.contains('\r')) {
+                content.replace("\r", "");
+            }
+            text += QString::fromUtf8(content);
         }
         text += QLatin1Char('\n');
     }
     return text;
 }
 
+/// Unlike QString::replace() this moves each character once only, however many matches there are.
+void replaceAll(QString &text, QLatin1String name, const QString &value)
+{
+    QString result;
+    int done = 0;
+    for (int i = text.indexOf(name.front()); i >= 0; i = text.indexOf(name.front(), i)) {
+        if (!QStringView(text).mid(i).startsWith(name)) {
+            ++i;
+            continue;
+        }
+        if (done == 0) {
+            result.reserve(text.size());
+        }
+        result.append(text.constData() + done, i - done);
+        result.append(value);
+        i += name.size();
+        done = i;
+    }
+    if (done > 0) {
+        text = result.append(text.constData() + done, text.size() - done);
+    }
+}
+
 void insertImageFolders(QString &text)
 {
     // The second name is part of the first, so the first must be gone by then.
-    text.replace(QLatin1String("TMPIMG_LOC"), ImageManager::getInstance()->getTempImageFolder());
-    text.replace(QLatin1String("IMG_LOC"), ImageManager::getInstance()->getImageFolder());
+    replaceAll(text, QLatin1String("TMPIMG_LOC"), ImageManager::getInstance()->getTempImageFolder());
+    replaceAll(text, QLatin1String("IMG_LOC"), ImageManager::getInstance()->getImageFolder());
 }
 
 } // namespace
@@ -45,7 +73,7 @@ void StyleManager::initialize(const std::vector<QString> &files)
 {
     QString text = readFiles(files);
     insertImageFolders(text);
-    readSections(removeComments(text), m_sections);
+    readSections(removeComments(std::move(text)), m_sections);
 }
 
 QString StyleManager::getStyleSheet(const QString &key, bool raw)

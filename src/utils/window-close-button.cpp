@@ -1,3 +1,5 @@
+#include "utils/window-close-button.h"
+
 #include "utils/util.h"
 
 #include <QGuiApplication>
@@ -94,4 +96,10 @@ void SHAPISetCloseButtonOfWindowEnable(QWidget *widget, bool enable, void **save
         hints.decorations = NoDecorations;
     }
     writeHints(connection, window, property, hints);
+}
+
+void discardWindowState(void **savedState)
+{
+    delete static_cast<MotifHints *>(*savedState);
+    *savedState = nullptr;
 }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QMessageBox>
+#include <QTimer>
+
+/// Message box whose Ok button counts down seconds and clicks itself at the end.
+///
+/// Title, text and icon are the caller's to set. The caption shows the whole count before the box is shown and one less from
+/// then on; the click comes as many seconds after the box is shown as were given. Results are QMessageBox::Ok and, for the
+/// button with the cancel caption, QMessageBox::Discard.
+class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
+{
+    Q_OBJECT
+
+public:
+    explicit VelaCountdownMessageBox(int seconds, QWidget *parent = nullptr);
+
+    /// Writes the count into the caption of Ok.
+    void updateButtonText();
+
+public Q_SLOTS:
+    /// One step of the countdown.
+    void slotTick();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QTimer m_timer;
+    int m_remaining; // seconds
+};
+
+/// Event filter that lets no press, release or double-click of a mouse button through.
+class VELA_EXPORT MouseButtonFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
+/// Event filter that lets no release of a mouse button through.
+class VELA_EXPORT MouseReleaseFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};

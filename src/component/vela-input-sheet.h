@@ -1,0 +1,55 @@
+#pragma once
+
+#include "component/vela-sheet.h"
+#include "vela_export.h"
+
+#include <QMessageBox>
+
+class QAbstractButton;
+class QLineEdit;
+class VelaInputSheetPrivate;
+
+/// Asks for a line of text inside its window: a prompt, a line edit, Ok and cancel.
+///
+/// Results are those of VelaMessageSheet. It needs a parent, from whose width its own is computed; put it into a VelaMask
+/// before exec() to dim the window.
+class VELA_EXPORT VelaInputSheet : public VelaSheet
+{
+    Q_OBJECT
+
+public:
+    explicit VelaInputSheet(QWidget *parent = nullptr);
+    explicit VelaInputSheet(const QString &text, QWidget *parent = nullptr);
+    ~VelaInputSheet() override;
+
+    /// Sets the prompt, which may be rich text.
+    void setText(const QString &text);
+    QLineEdit *getLineEdit();
+    /// What was typed, whatever the answer was.
+    QString getContent();
+
+    /// The button of that code, null if there is none.
+    QPushButton *button(QMessageBox::StandardButton which) const;
+    void setDefaultButton(QPushButton *button);
+    /// Whether the window cannot be closed while exec() waits; it cannot at first.
+    void setBlockWindowButton(bool block);
+
+    void showSheet() override;
+    /// Shows the sheet and waits for the answer, in an event loop; 0 when the window is destroyed meanwhile.
+    int exec();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public Q_SLOTS:
+    /// Answers with @p ret and hides the sheet.
+    void done(int ret);
+    /// Answers with 0.
+    void quit();
+    void buttonClick(QAbstractButton *which);
+
+protected:
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    VelaInputSheetPrivate *const d;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QColor>
+#include <QFrame>
+
+class VelaMaskPrivate;
+
+/// Translucent layer that dims a window while something, a sheet usually, is shown over it.
+///
+/// The mask is as large as the window and visible exactly while its content is. It stays in the window when its content is
+/// gone, hidden and empty, until the window is destroyed.
+class VELA_EXPORT VelaMask : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// A mask over @p parent, which owns it, filled with @p color; @p widget, its content, passes into it.
+    VelaMask(QWidget *widget, QWidget *parent, QColor color);
+    /// The same with margins around the content, in logical pixels, in place of the style's.
+    VelaMask(QWidget *widget, QWidget *parent, QColor color, int left, int top, int right, int bottom);
+    ~VelaMask() override;
+
+    /// Makes a mask with @p widget as content over @p parent, or over the widget's parent if that is null. Returns
+    /// @p widget, not the mask; null, and no mask is made, when there is no widget or no parent.
+    static QWidget *createMask(QWidget *widget, QWidget *parent, QColor color);
+    /// The same with margins around the content, in logical pixels.
+    static QWidget *createMaskWithCustomizedMargin(QWidget *widget, QWidget *parent, QColor color, int left, int top,
+                                                   int right, int bottom);
+
+    using QFrame::resize;
+    /// Makes the mask as large as its window.
+    void resize();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void initialize(QWidget *widget, QWidget *parent, const QColor &color);
+
+    VelaMaskPrivate *const d;
+};
+
+/// Resizes a mask whenever the widget that it covers is resized.
+class VELA_EXPORT ParentEventFilterWidget : public QObject
+{
+    Q_OBJECT
+
+public:
+    ParentEventFilterWidget(VelaMask *mask, QWidget *parent);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    VelaMask *m_mask;
+    QWidget *m_parent;
+};

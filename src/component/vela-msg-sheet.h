@@ -1,0 +1,115 @@
+#pragma once
+
+#include "component/vela-sheet.h"
+#include "vela_export.h"
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QProxyStyle>
+
+class QAbstractButton;
+class QKeyEvent;
+class VelaMessageSheetPrivate;
+
+/// Captions of the two buttons of a question; an empty one stands for the default.
+class VELA_EXPORT MsgBoxCustomBtnText
+{
+public:
+    MsgBoxCustomBtnText(QString okText, QString cancelText);
+
+    QString okText;
+    QString cancelText;
+};
+
+/// Label that is always as high as its text needs at its width.
+class VELA_EXPORT MessageLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit MessageLabel(QWidget *parent = nullptr);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+};
+
+/// Gives button boxes the same order of buttons on every desktop.
+class VELA_EXPORT DialogButtonBoxStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
+                  QStyleHintReturn *returnData = nullptr) const override;
+};
+
+/// Message box that is shown inside its window: an icon, a text, perhaps an informative text and up to two buttons.
+///
+/// While it is up it keeps keyboard focus and keys of its window to itself. Results are QMessageBox::Ok (0x400) and, for the
+/// button with the cancel caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own is
+/// computed, and is usually an object on the stack, put into a VelaMask before exec(); the functions of vela-msg-box.h do that.
+class VELA_EXPORT VelaMessageSheet : public VelaSheet
+{
+    Q_OBJECT
+
+public:
+    /// Decides icon, buttons and style key; any other value has neither icon nor buttons.
+    enum MessageType : int {
+        AppMessage = 0, ///< the application's icon, no button
+        InfoMessage = 1, ///< Ok
+        WarningMessage = 2, ///< Ok
+        QuestionMessage = 3, ///< Ok and cancel
+        UpgradeMessage = 4, ///< Ok, captioned as an upgrade, and cancel
+        WarningQuestionMessage = 5, ///< Ok and cancel
+        ProcessingMessage = 6, ///< an animation, no button
+    };
+
+    explicit VelaMessageSheet(MessageType type, QWidget *parent = nullptr);
+    VelaMessageSheet(MessageType type, const QString &text, QWidget *parent = nullptr);
+    VelaMessageSheet(MessageType type, const QString &text, const QString &informativeText, QWidget *parent = nullptr);
+    VelaMessageSheet(MessageType type, const QString &text, const MsgBoxCustomBtnText &captions,
+                     QWidget *parent = nullptr);
+    /// A sheet of type ProcessingMessage with the animation in @p movieFile, which exec() starts.
+    VelaMessageSheet(const QString &text, const QString &movieFile, QWidget *parent = nullptr);
+    ~VelaMessageSheet() override;
+
+    /// Sets the text, which may be rich.
+    void setText(const QString &text);
+    /// Sets the text below it, which may be rich; an empty one removes it.
+    void setInformativeText(const QString &text);
+    void setIcon(const QPixmap &pixmap);
+    /// Sets the sheet up anew for @p type, with default captions.
+    void setMessageType(MessageType type);
+    /// Whether the window cannot be closed while exec() waits; it cannot at first.
+    void setBlockWindowButton(bool block);
+
+    /// The button of that code, null if there is none.
+    QPushButton *button(QMessageBox::StandardButton which) const;
+    void setDefaultButton(QPushButton *button);
+
+    void showSheet() override;
+    /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the button's
+    /// value or what done() was called with; 0 when the window is destroyed meanwhile.
+    int exec();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    /// Moves the focus for a Tab or Backtab that has reached the window @p watched.
+    void restrictedFocus(QObject *watched, QKeyEvent *event);
+    void markFirstFocusWidget();
+    void markLastFocusWidget();
+
+public Q_SLOTS:
+    /// Answers with @p ret and hides the sheet.
+    void done(int ret);
+    /// Answers with 0.
+    void quit();
+    void buttonClick(QAbstractButton *which);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    VelaMessageSheetPrivate *const d;
+};
