@@ -1,5 +1,7 @@
 #include "style-manager/length-scaling.h"
 
+#include "style-manager/scaled.h"
+
 #include <QByteArray>
 #include <QVarLengthArray>
 
@@ -76,15 +78,6 @@ Lengths findLengths(const QString &sheet)
         }
     }
     return lengths;
-}
-
-/// @p value cut to an integer. What is out of range, infinity too, gives the lowest integer, as the conversion
-/// instruction of the processors does that this library was first written for.
-int truncated(double value)
-{
-    using Limits = std::numeric_limits<int>;
-    const bool isInRange = value > Limits::min() - 1.0 && value < Limits::max() + 1.0;
-    return isInRange ? static_cast<int>(value) : Limits::min();
 }
 
 /// A number too long to be one plain length, whose tails count as numbers too. Asked for tails from left to right it

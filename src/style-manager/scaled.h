@@ -2,8 +2,19 @@
 
 #include "style-manager/dpi-info.h"
 
+#include <limits>
+
+/// @p value cut toward zero to an integer. What is out of range, infinity and NaN too, gives the lowest integer, as the
+/// conversion instruction of the processors does that this library was first written for.
+inline int truncated(double value)
+{
+    using Limits = std::numeric_limits<int>;
+    const bool isInRange = value > Limits::min() - 1.0 && value < Limits::max() + 1.0;
+    return isInRange ? static_cast<int>(value) : Limits::min();
+}
+
 /// @p logical pixels times the screen's scale, truncated toward zero: the one place where a widget's metrics are scaled.
 inline int scaled(double logical)
 {
-    return static_cast<int>(logical * DPIinfo::getInstance()->getDPI());
+    return truncated(logical * DPIinfo::getInstance()->getDPI());
 }

@@ -10,6 +10,7 @@ namespace {
 constexpr int MarkSize = 2; // "/*", "*/", "//", "=="
 constexpr QChar Slash = QLatin1Char('/');
 constexpr QChar Star = QLatin1Char('*');
+constexpr QChar Mark = QLatin1Char('=');
 constexpr QChar LineBreak = QLatin1Char('\n');
 
 /// QString::indexOf(), which takes many characters at a time but takes longer to call than to look at a few.
@@ -96,18 +97,37 @@ void removeLineComments(QString &text)
     }
 }
 
-bool isHeader(QStringView line)
+/// A header line, as positions in the text, without its line break.
+struct Header
 {
-    constexpr QChar Mark = QLatin1Char('=');
-    const qsizetype size = line.size();
-    return size >= MarkSize && line[0] == Mark && line[1] == Mark && line[size - 1] == Mark && line[size - 2] == Mark;
+    int begin;
+    int end;
+};
+
+/// First header line of @p text that begins at @p from or behind; beyond the text if there is none.
+Header findHeader(const QString &text, int from)
+{
+    const QChar *characters = text.constData();
+    for (int i = indexOf(text, Mark, from); i >= 0; i = indexOf(text, Mark, i + 1)) {
+        const bool isAtLineBegin = i == 0 || characters[i - 1] == LineBreak;
+        if (!isAtLineBegin || characters[i + 1] != Mark) {
+            continue;
+        }
+        const int lineBreak = indexOf(text, LineBreak, i);
+        const int end = lineBreak < 0 ? text.size() : lineBreak;
+        if (characters[end - 1] == Mark && characters[end - 2] == Mark) {
+            return {i, end};
+        }
+        i = end;
+    }
+    return {text.size(), text.size()};
 }
 
 QString keyOfHeader(QStringView header)
 {
     QString key(static_cast<int>(header.size()), Qt::Uninitialized);
     QChar *out = std::copy_if(header.begin(), header.end(), key.data(), [](QChar character) {
-        return character != QLatin1Char('=') && character != QLatin1Char(' ');
+        return character != Mark && character != QLatin1Char(' ');
     });
     key.resize(static_cast<int>(out - key.constData()));
     return key;
@@ -142,27 +162,17 @@ void readSections(const QString &text, std::map<QString, QString> &sections)
     QString key;
     QString body;
     int bodyBegin = 0;
-
-    const auto endSection = [&](int bodyEnd) {
-        appendLines(body, view.mid(bodyBegin, bodyEnd - bodyBegin));
+    while (bodyBegin < text.size()) {
+        const Header header = findHeader(text, bodyBegin);
+        appendLines(body, view.mid(bodyBegin, header.begin - bodyBegin));
         // What stands under no key, before the first header or behind one without a key, is kept for the next section.
         if (!key.isEmpty()) {
             sections[key] = std::exchange(body, QString());
         }
-    };
-
-    int lineEnd = 0;
-    for (int lineBegin = 0; lineBegin < text.size(); lineBegin = lineEnd + 1) {
-        lineEnd = indexOf(text, LineBreak, lineBegin);
-        if (lineEnd < 0) {
-            lineEnd = text.size();
-        }
-        const QStringView line = view.mid(lineBegin, lineEnd - lineBegin);
-        if (isHeader(line)) {
-            endSection(lineBegin);
-            key = keyOfHeader(line);
-            bodyBegin = std::min(lineEnd + 1, text.size());
-        }
+        key = keyOfHeader(view.mid(header.begin, header.end - header.begin));
+        bodyBegin = header.end + 1;
     }
-    endSection(text.size());
+    if (!key.isEmpty()) {
+        sections[key] = body;
+    }
 }

@@ -6,7 +6,21 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
 namespace {
+
+/// What a device in text mode would give, which looks for carriage returns a byte at a time.
+QByteArray readText(QFile &file)
+{
+    QByteArray content = file.readAll();
+    if (std::memchr(content.constData(), '\r', static_cast<std::size_t>(content.size()))) {
+        content.replace("\r", "");
+    }
+    return content;
+}
 
 /// The files' texts one after another, each followed by a line break so that it never runs into the next.
 QString readFiles(const std::vector<QString> &files)
@@ -19,38 +33,36 @@ QString readFiles(const std::vector<QString> &files)
             continue;
         }
         if (file.open(QIODevice::ReadOnly)) {
-            QByteArray content = file.readAll();
-            // As a device in text mode does, which takes much longer where there are none.
-            if (content.contains('\r')) {
-                content.replace("\r", "");
-            }
-            text += QString::fromUtf8(content);
+            text += QString::fromUtf8(readText(file));
         }
         text += QLatin1Char('\n');
     }
     return text;
 }
 
-/// Unlike QString::replace() this moves each character once only, however many matches there are.
+/// Replaces each @p name by @p value, which is no shorter. Unlike QString::replace() it moves a character only once,
+/// however many matches there are.
 void replaceAll(QString &text, QLatin1String name, const QString &value)
 {
-    QString result;
-    int done = 0;
+    Q_ASSERT(value.size() >= name.size());
+    std::vector<int> matches;
     for (int i = text.indexOf(name.front()); i >= 0; i = text.indexOf(name.front(), i)) {
-        if (!QStringView(text).mid(i).startsWith(name)) {
+        if (QStringView(text).mid(i).startsWith(name)) {
+            matches.push_back(i);
+            i += name.size();
+        } else {
             ++i;
-            continue;
         }
-        if (done == 0) {
-            result.reserve(text.size());
-        }
-        result.append(text.constData() + done, i - done);
-        result.append(value);
-        i += name.size();
-        done = i;
     }
-    if (done > 0) {
-        text = result.append(text.constData() + done, text.size() - done);
+
+    int end = text.size();
+    text.resize(end + static_cast<int>(matches.size()) * (value.size() - name.size()));
+    QChar *out = text.data() + text.size();
+    for (auto match = matches.crbegin(); match != matches.crend(); ++match) {
+        const QChar *characters = text.constData();
+        out = std::copy_backward(characters + *match + name.size(), characters + end, out);
+        out = std::copy_backward(value.cbegin(), value.cend(), out);
+        end = *match;
     }
 }
 

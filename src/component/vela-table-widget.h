@@ -1,0 +1,79 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QTableWidget>
+
+#include <memory>
+#include <vector>
+
+class QHeaderView;
+class VelaTableWidgetPrivate;
+
+/// The columns of a VelaTableWidget, declared before it is made. A value: copies are independent.
+class VELA_EXPORT VelaTableColumnsInfo
+{
+public:
+    struct ColumnInfo
+    {
+        QString title;
+        qint32 width = 0; ///< logical pixels; the minimum when the column stretches
+        bool resizable = false; ///< by the user
+        double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
+    };
+
+    /// Appends a column and returns its index. Nothing is checked. Let the ratios of all columns sum to 1 to fill the table.
+    int addColumn(const QString &title, int width, bool resizable, double stretchRatio);
+
+    int columnCount() const;
+    /// The column at @p index, which must be valid.
+    const ColumnInfo &column(int index) const;
+
+private:
+    std::vector<ColumnInfo> m_columns;
+};
+
+/// Table that reports its resizing before it acts on it.
+class VELA_EXPORT ResizeSignalTableWidget : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    ResizeSignalTableWidget(int rows, int columns);
+
+Q_SIGNALS:
+    void sigResized(QSize size);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+};
+
+/// Table with declared columns whose header stays above the scrolling rows.
+///
+/// Columns that stretch share the width that the others leave free, each by its ratio and never below its base width, whenever
+/// the table is resized. Fill rows in through getTable().
+class VELA_EXPORT VelaTableWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// A table of @p columns, of which it keeps a copy.
+    explicit VelaTableWidget(const VelaTableColumnsInfo &columns, QWidget *parent = nullptr);
+    ~VelaTableWidget() override;
+
+    /// The rows; its own headers are hidden.
+    QTableWidget *getTable();
+    /// The visible header. Its last section, above the vertical scroll bar, belongs to no column.
+    QHeaderView *getHeader();
+
+    /// Builds everything; the constructor has called it.
+    void initailze();
+
+public Q_SLOTS:
+    void slotSectionResized(int index, int old_size, int new_size);
+    void slotVerticalScrollRangeChanged(int min, int max);
+    void slotTableResized(QSize size);
+
+private:
+    const std::unique_ptr<VelaTableWidgetPrivate> d;
+};

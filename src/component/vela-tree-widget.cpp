@@ -1,0 +1,155 @@
+#include "component/vela-tree-widget.h"
+
+#include "style-manager/scaled.h"
+#include "style-manager/style-manager.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRegExpValidator>
+#include <QScrollBar>
+
+QRect g_check_rect;
+
+namespace {
+
+// Logical pixels.
+constexpr int HighlightRadius = 3;
+constexpr int HighlightRightMargin = 3;
+constexpr int RowHeight = 28;
+constexpr int VisibleWidth = 100; // of an item that need not be scrolled to
+
+// No dot in front; nowhere what some file system does not allow.
+const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
+
+} // namespace
+
+VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
+{
+}
+
+void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
+{
+    selectedColor = selected;
+    hoverColor = hover;
+}
+
+void VelaTreeWidget::updateScrollArea(QTreeWidgetItem *item)
+{
+    const int width = viewport()->rect().width();
+    const int left = visualItemRect(item).left();
+    if (left >= 0 && left + scaled(VisibleWidth) <= width) {
+        return;
+    }
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + left - width / 2);
+}
+
+void VelaTreeWidget::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton) {
+        Q_EMIT sigMouseRightClickEvent(event);
+    }
+    QTreeWidget::mousePressEvent(event);
+}
+
+void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
+{
+    Q_EMIT sigKeyPressEvent(event);
+    QTreeWidget::keyPressEvent(event);
+}
+
+// Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance; the
+// tree's own handling of the focus would be in the way.
+void VelaTreeWidget::focusInEvent(QFocusEvent *)
+{
+    QTreeWidgetItem *current = currentItem();
+    if (!current) {
+        setCurrentItem(itemAt(0, 0));
+        return;
+    }
+    setCurrentItem(nullptr);
+    setCurrentItem(current);
+}
+
+void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QTreeWidgetItem *item = itemFromIndex(index);
+    const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
+    const auto isHovered = [&] {
+        return option.rect.adjusted(0, 1, 0, 1).contains(mapFromGlobal(QCursor::pos()));
+    };
+    if (item && (isSelected || isHovered())) {
+        const double dpi = DPIinfo::getInstance()->getDPI();
+        QRect highlight = option.rect;
+        highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setBrush(QBrush(isSelected ? selectedColor : hoverColor, Qt::SolidPattern));
+        painter->setPen(QColor(0xff, 0xff, 0xff));
+        painter->drawRoundedRect(highlight, scaled(HighlightRadius), scaled(HighlightRadius));
+        painter->restore();
+    }
+
+    // Whether a row can be checked is what marks it as active in this tree.
+    QStyleOptionViewItem rowOption(option);
+    if (!item || !item->flags().testFlag(Qt::ItemIsUserCheckable)) {
+        rowOption.state &= ~QStyle::State_Enabled;
+    }
+    QTreeWidget::drawRow(painter, rowOption, index);
+}
+
+ItemDelegate::ItemDelegate() = default;
+
+QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    return {QItemDelegate::sizeHint(option, index).width(), scaled(RowHeight)};
+}
+
+void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (auto *lineEdit = qobject_cast<QLineEdit *>(editor)) {
+        auto *validator = new QRegExpValidator(QRegExp(QString::fromLatin1(FolderNamePattern)));
+        connect(lineEdit, &QObject::destroyed, validator, [validator] { delete validator; }); // editors do not own it
+        lineEdit->setValidator(validator);
+        lineEdit->setStyleSheet(getStyleSheet("component.tree_item", false));
+        lineEdit->setAttribute(Qt::WA_MacShowFocusRect, false);
+        lineEdit->selectAll();
+    }
+    QItemDelegate::setEditorData(editor, index);
+}
+
+bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        auto *keyEvent = static_cast<QKeyEvent *>(event);
+        if (keyEvent->key() == Qt::Key_Escape) {
+            Q_EMIT sigKeyPressed(keyEvent);
+        }
+    }
+    return QItemDelegate::eventFilter(object, event);
+}
+
+void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                             Qt::CheckState state) const
+{
+    g_check_rect = rect;
+    QItemDelegate::drawCheck(painter, option, rect, state);
+}
+
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0)
+{
+}
+
+FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
+
+const QString &FileSystemTreeWidgetItem::getPath() const
+{
+    return path;
+}
+
+bool FileSystemTreeWidgetItem::operator<(const QTreeWidgetItem &other) const
+{
+    const auto &otherItem = dynamic_cast<const FileSystemTreeWidgetItem &>(other);
+    return otherItem.path != QLatin1String("home") && QTreeWidgetItem::operator<(other);
+}

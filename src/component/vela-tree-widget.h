@@ -1,0 +1,78 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QColor>
+#include <QItemDelegate>
+#include <QTreeWidget>
+
+/// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide whether
+/// a click fell on it.
+extern VELA_EXPORT QRect g_check_rect;
+
+/// Tree that paints a rounded highlight of its own and draws rows that cannot be checked as disabled.
+class VELA_EXPORT VelaTreeWidget : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VelaTreeWidget(QWidget *parent = nullptr);
+
+    /// Sets the colours of the highlight; before that it is black.
+    void setBackgroundColor(QColor selected, QColor hover);
+    /// Scrolls sideways so that the beginning of @p item is in view.
+    void updateScrollArea(QTreeWidgetItem *item);
+
+Q_SIGNALS:
+    /// The right button was pressed; emitted before the tree acts on it.
+    void sigMouseRightClickEvent(QMouseEvent *event);
+    /// A key was pressed; emitted before the tree acts on it.
+    void sigKeyPressEvent(QKeyEvent *event);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+private:
+    QColor selectedColor;
+    QColor hoverColor;
+};
+
+/// Delegate for a VelaTreeWidget: tall rows, and an editor that accepts valid names of folders only.
+class VELA_EXPORT ItemDelegate : public QItemDelegate
+{
+    Q_OBJECT
+
+public:
+    ItemDelegate();
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+
+Q_SIGNALS:
+    /// Escape was pressed in an editor, which it closes.
+    void sigKeyPressed(QKeyEvent *event);
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+    void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                   Qt::CheckState state) const override;
+};
+
+/// Item for a folder; in ascending order nothing sorts before the one whose path is "home".
+class VELA_EXPORT FileSystemTreeWidgetItem : public QTreeWidgetItem
+{
+public:
+    FileSystemTreeWidgetItem();
+    ~FileSystemTreeWidgetItem() override;
+
+    const QString &getPath() const;
+
+    /// @p other must be a FileSystemTreeWidgetItem too; std::bad_cast is thrown otherwise.
+    bool operator<(const QTreeWidgetItem &other) const override;
+
+    QString path;
+    qint64 clientData; ///< the client's; 0 at first, never read here
+};
