@@ -38,7 +38,8 @@ private:
     bool m_hasPainted = false;
 };
 
-/// From nothing to the first paint: makes the buttons, lays them out in a panel, and shows it in a window that is there.
+/// From nothing to the first paint: makes the buttons, lays them out in a panel, and shows it in a window
+/// that is there.
 template<typename MakeButton>
 void showPanels(benchmark::State &state, MakeButton makeButton)
 {
@@ -100,24 +101,25 @@ int main(int argc, char *argv[])
                                   + headed("component.icon_button", buttonSheet("QToolButton")))});
 
     const QString sheet = getStyleSheet("component.apply_button", false);
-    compare("VelaButton, first paint", Target,
-            [](benchmark::State &state) {
-                showPanels(state, [](QWidget *) {
-                    return new VelaButton(QStringLiteral("Continue"), VelaButton::ApplyButton);
-                });
-            },
-            [sheet](benchmark::State &state) {
-                showPanels(state, [&sheet](QWidget *parent) { return bareButton(parent, sheet); });
-            });
+    compare(
+        "VelaButton, first paint", Target,
+        [](benchmark::State &state) {
+            showPanels(state,
+                       [](QWidget *) { return new VelaButton(QStringLiteral("Continue"), VelaButton::ApplyButton); });
+        },
+        [sheet](benchmark::State &state) {
+            showPanels(state, [&sheet](QWidget *parent) { return bareButton(parent, sheet); });
+        });
 
     const QPixmap pixmap = iconPixmap();
     const QString iconSheet = getStyleSheet("component.icon_button", false);
-    compare("VelaIconButton, first paint", Target,
-            [pixmap](benchmark::State &state) {
-                showPanels(state, [&pixmap](QWidget *) { return new VelaIconButton(pixmap); });
-            },
-            [pixmap, iconSheet](benchmark::State &state) {
-                showPanels(state, [&](QWidget *parent) { return bareToolButton(parent, QIcon(pixmap), iconSheet); });
-            });
+    compare(
+        "VelaIconButton, first paint", Target,
+        [pixmap](benchmark::State &state) {
+            showPanels(state, [&pixmap](QWidget *) { return new VelaIconButton(pixmap); });
+        },
+        [pixmap, iconSheet](benchmark::State &state) {
+            showPanels(state, [&](QWidget *parent) { return bareToolButton(parent, QIcon(pixmap), iconSheet); });
+        });
     return runComparisons(argc, argv);
 }

@@ -102,8 +102,8 @@ std::string verdict(double ratio, std::optional<double> target)
 void printHead()
 {
     std::printf("| %-50s | %8s | %8s | %6s | %-12s |\n", "what", "ours", "floor", "ratio", "target");
-    std::printf("|%s|%s|%s|%s|%s|\n", std::string(52, '-').c_str(), "---------:", "---------:", "-------:",
-                std::string(14, '-').c_str());
+    std::printf("|%s|%s|%s|%s|%s|\n", std::string(52, '-').c_str(),
+                "---------:", "---------:", "-------:", std::string(14, '-').c_str());
 }
 
 void measure(const Comparison &comparison)

@@ -6,16 +6,17 @@
 #include <optional>
 #include <string>
 
-/// One side of a comparison. It loops over the state as Google Benchmark has it; what it pauses is not counted.
+/// One side of a comparison. It loops over the state as Google Benchmark has it; what it pauses is not
+/// counted.
 using Side = std::function<void(benchmark::State &)>;
 
-/// Has @p ours measured against @p floor, the shortest code that does the same work. @p what names the row: letters,
-/// digits, blanks and commas. Without a @p target the ratio is only reported.
+/// Has @p ours measured against @p floor, the shortest code that does the same work. @p what names the row:
+/// letters, digits, blanks and commas. Without a @p target the ratio is only reported.
 void compare(const std::string &what, std::optional<double> target, Side ours, Side floor);
 
 /// Measures all comparisons, or those whose name `--benchmark_filter` matches, and prints them as a table.
 ///
-/// The two sides take turns in short slices, so that whatever else the machine does meets both; of the slices' CPU times
-/// per iteration the medians are shown, and as ratio the median of the ratios of neighbouring slices. The exit code
-/// tells whether anything went wrong, not how fast it was.
+/// The two sides take turns in short slices, so that whatever else the machine does meets both; of the
+/// slices' CPU times per iteration the medians are shown, and as ratio the median of the ratios of
+/// neighbouring slices. The exit code tells whether anything went wrong, not how fast it was.
 int runComparisons(int &argc, char **argv);

@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStringList>
 
 namespace {
 
@@ -25,6 +26,11 @@ void write(const QString &path, const QByteArray &content)
 Resources::Resources()
 {
     QDir().mkpath(path(QStringLiteral("images")));
+    use();
+}
+
+void Resources::use() const
+{
     auto *paths = UIPathManager::getInstance();
     paths->setPath(QStringLiteral("resource_path"), m_folder.path());
     paths->setPath(QStringLiteral("user_data_path"), path(QStringLiteral("user")));
@@ -58,7 +64,7 @@ void Resources::writeImage(const QString &name, int size) const
 
 void Resources::writeCatalogue(const QStringList &images) const
 {
-    const QJsonObject catalogue{{QStringLiteral("images"), QJsonArray::fromStringList(images)}};
+    const QJsonObject catalogue {{QStringLiteral("images"), QJsonArray::fromStringList(images)}};
     write(path(QStringLiteral("images.json")), QJsonDocument(catalogue).toJson());
 }
 
@@ -74,7 +80,8 @@ QByteArray buttonSheet(const char *widgetClass)
                        "W:hover {\n    background-color: #3b7ee6;\n}\n"
                        "W:focus {\n    border: 2px solid #123c7c;\n    padding: 0px 11px;\n}\n"
                        "W:pressed {\n    background-color: #1d56ae;\n    border-color: #1d56ae;\n}\n"
-                       "W:disabled {\n    background-color: #d7dbe2;\n    border-color: #d7dbe2;\n    color: #6b7280;\n}\n";
+                       "W:disabled {\n    background-color: #d7dbe2;\n    border-color: #d7dbe2;\n    color: "
+                       "#6b7280;\n}\n";
     return sheet.replace('W', widgetClass);
 }
 

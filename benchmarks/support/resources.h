@@ -2,13 +2,17 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
-/// The folders that an application sets up for the library, empty, in a temporary place; known to UIPathManager.
+/// The folders that an application sets up for the library, empty, in a temporary place.
 class Resources
 {
 public:
     Resources();
+
+    /// Makes these folders the ones that UIPathManager knows.
+    void use() const;
 
     QString path(const QString &name) const;
     QString writeSheet(const QString &name, const QByteArray &text) const;

@@ -12,9 +12,9 @@ class VelaButtonPathPrivate;
 
 /// Breadcrumb bar: the folders of a path as a row of buttons.
 ///
-/// A click asks for a path and does nothing else; the client changes folder and calls slotUpdatePath() or refresh(), from the
-/// slot itself if it likes. When the row is wider than the bar, its end is in view and a menu at the left lists the folders
-/// that are not.
+/// A click asks for a path and does nothing else; the client changes folder and calls slotUpdatePath() or refresh(),
+/// from the slot itself if it likes. When the row is wider than the bar, its end is in view and a menu at the left
+/// lists the folders that are not.
 class VELA_EXPORT VelaButtonPath : public QTableWidget
 {
     Q_OBJECT
@@ -25,7 +25,8 @@ public:
 
     /// Rebuilds the row for @p path, whose parts are separated by "/"; empty parts are skipped.
     void refresh(QString path);
-    /// The path up to the button at @p index, an even number; without a "/" in front. An invalid index gives the whole path.
+    /// The path up to the button at @p index, an even number; without a "/" in front. An invalid index gives the whole
+    /// path.
     QString getPath(int index);
     /// Sets the widths of the arrows, and shows the menu's button if the row is too wide.
     void updateColumnSize();

@@ -25,8 +25,8 @@ public:
         RedButton = 5, ///< destroys: "component.red_button"
     };
 
-    /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none of
-    /// the above leaves it without a style sheet.
+    /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none
+    /// of the above leaves it without a style sheet.
     explicit VelaButton(const QString &text, int kind = DefaultButton);
     ~VelaButton() override;
 };
@@ -46,8 +46,8 @@ public:
     explicit VelaIconButton(const QPixmap &pixmap);
     ~VelaIconButton() override;
 
-    /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the icons'
-    /// size. An unknown name gives empty icons of size 0 by 0; ImageManager logs it.
+    /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the
+    /// icons' size. An unknown name gives empty icons of size 0 by 0; ImageManager logs it.
     void setAllIcon(const QString &imageName);
 
     /// Takes @p pixmap for all four states, and its logical size as the icons' size.

@@ -12,8 +12,8 @@ constexpr double Padding = 6.0; // logical pixels
 QString comboBoxSheet()
 {
     const QString pad = QString::number(DPIinfo::getInstance()->getDPI() * Padding, 'g', 6);
-    const QString padding = QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad
-        + QLatin1String("px;");
+    const QString padding =
+        QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad + QLatin1String("px;");
     const QString border = QStringLiteral("border: 1px solid #C8D2DC;");
     return getStyleSheet("component.combobox", false).arg(padding).arg(border)
         + getStyleSheet("component.scrollbar", false);

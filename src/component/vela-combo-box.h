@@ -6,8 +6,8 @@
 
 /// Combo box in the look of "component.combobox" and "component.scrollbar".
 ///
-/// In the former sheet `%1` stands for the padding at the left and right and `%2` for the border. The padding is 6 logical
-/// pixels and, unlike other lengths, not truncated when it is scaled.
+/// In the former sheet `%1` stands for the padding at the left and right and `%2` for the border. The padding is 6
+/// logical pixels and, unlike other lengths, not truncated when it is scaled.
 class VELA_EXPORT VelaComboBox : public QComboBox
 {
     Q_OBJECT

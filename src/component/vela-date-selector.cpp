@@ -101,8 +101,8 @@ void VelaCalanderViewPrivate::setUpCalendar()
 
 void VelaCalanderViewPrivate::handleNavigationBar()
 {
-    for (const char *name : {"qt_calendar_prevmonth", "qt_calendar_nextmonth", "qt_calendar_monthbutton",
-                             "qt_calendar_yearbutton"}) {
+    for (const char *name :
+         {"qt_calendar_prevmonth", "qt_calendar_nextmonth", "qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
         child<QToolButton>(name)->setFocusPolicy(Qt::StrongFocus);
     }
     handleArrow("qt_calendar_prevmonth", "accessible_calendar_prev_month", "bt_pagebar_backend");
@@ -143,7 +143,8 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     weekdayView = new QTableWidget(0, DaysPerWeek, calendar);
     weekdayView->setFocusPolicy(Qt::NoFocus);
     weekdayView->setObjectName(QStringLiteral("qt_calendar_weekdayview"));
-    weekdayView->setStyleSheet(getStyleSheet("component.table", false)); // before the header, which would be styled again
+    weekdayView->setStyleSheet(
+        getStyleSheet("component.table", false)); // before the header, which would be styled again
     weekdayView->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header", false));
     weekdayView->setFixedHeight(scaled(WeekdayHeight));
     weekdayView->horizontalHeader()->hide();
@@ -170,7 +171,8 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
 
 void VelaCalanderViewPrivate::handleTabOrder()
 {
-    // Qt's calendar passes the focus on to the grid and so would be a second way there; setting its policy sets the grid's.
+    // Qt's calendar passes the focus on to the grid and so would be a second way there; setting its policy sets the
+    // grid's.
     calendar->setFocusPolicy(Qt::NoFocus);
     dayGrid()->setFocusPolicy(Qt::StrongFocus);
 
@@ -192,8 +194,8 @@ void VelaCalanderViewPrivate::handleTabOrder()
 
 void VelaCalanderViewPrivate::watchKeys()
 {
-    for (const char *name : {"qt_calendar_yearbutton", "qt_calendar_yearedit", "qt_calendar_calendarview",
-                             "qt_calendar_today_button"}) {
+    for (const char *name :
+         {"qt_calendar_yearbutton", "qt_calendar_yearedit", "qt_calendar_calendarview", "qt_calendar_today_button"}) {
         child<QWidget>(name)->installEventFilter(q);
     }
 }
@@ -276,9 +278,7 @@ QRect VelaCalanderView::visualRect(const QModelIndex &) const
     return QRect();
 }
 
-void VelaCalanderView::scrollTo(const QModelIndex &, ScrollHint)
-{
-}
+void VelaCalanderView::scrollTo(const QModelIndex &, ScrollHint) { }
 
 QModelIndex VelaCalanderView::indexAt(const QPoint &) const
 {
@@ -305,9 +305,7 @@ bool VelaCalanderView::isIndexHidden(const QModelIndex &) const
     return true;
 }
 
-void VelaCalanderView::setSelection(const QRect &, QItemSelectionModel::SelectionFlags)
-{
-}
+void VelaCalanderView::setSelection(const QRect &, QItemSelectionModel::SelectionFlags) { }
 
 QRegion VelaCalanderView::visualRegionForSelection(const QItemSelection &) const
 {
@@ -326,9 +324,6 @@ public:
 VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     QComboBox(parent), d(std::make_unique<VelaDateSelectorPrivate>(std::move(emptyText)))
 {
-    // First of all: what is styled below it already would be polished again.
-    setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
-
     d->calendarView = new VelaCalanderView;
     setView(d->calendarView);
     for (QWidget *filtered : {view()->viewport(), static_cast<QWidget *>(view())}) {
@@ -342,6 +337,8 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     view()->setFixedWidth(scaled(PopupWidth));
     view()->setFixedHeight(scaled(PopupHeight));
     setFixedHeight(scaled(SelectorHeight));
+    // Last: a popup made for a styled combo box is given a frame by the platform's style.
+    setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
 }
 
 VelaDateSelector::~VelaDateSelector() = default;

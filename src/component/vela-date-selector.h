@@ -14,8 +14,8 @@ class VelaDateSelectorPrivate;
 
 /// Calendar of a month with a button for today below it.
 ///
-/// It is an item view only so that a combo box takes it as its popup, see VelaDateSelector; it has no model and works on its
-/// own as well. Texts are those of the language that is installed when it is made.
+/// It is an item view only so that a combo box takes it as its popup, see VelaDateSelector; it has no model and works
+/// on its own as well. Texts are those of the language that is installed when it is made.
 class VELA_EXPORT VelaCalanderView : public QAbstractItemView
 {
     Q_OBJECT
@@ -62,7 +62,8 @@ private:
     const std::unique_ptr<VelaCalanderViewPrivate> d;
 };
 
-/// Date field: a combo box that holds one item, the chosen date or a text that says there is none, and pops up a calendar.
+/// Date field: a combo box that holds one item, the chosen date or a text that says there is none, and pops up a
+/// calendar.
 ///
 /// The item's user data is the date, a null QDate while none is chosen.
 class VELA_EXPORT VelaDateSelector : public QComboBox

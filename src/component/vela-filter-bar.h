@@ -9,8 +9,8 @@ class VelaIconButton;
 
 /// Search field for filtering a list, with a button at its left that opens a menu of the client's.
 ///
-/// The keyword is reported when Return is pressed, and only then; the filtering is the client's business. The field's look is
-/// that of "component.lineedit" followed by "component.filter_bar_padding", the button's that of
+/// The keyword is reported when Return is pressed, and only then; the filtering is the client's business. The field's
+/// look is that of "component.lineedit" followed by "component.filter_bar_padding", the button's that of
 /// "component.filter_search_button" with the image "bt_search_dropdown".
 class VELA_EXPORT VelaFilterBar : public QLineEdit
 {

@@ -32,9 +32,7 @@ void VelaFootbarPrivate::addToLayout(const QList<QWidget *> &widgets)
     }
 }
 
-VelaFootbar::VelaFootbar(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaFootbarPrivate>(this))
-{
-}
+VelaFootbar::VelaFootbar(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaFootbarPrivate>(this)) { }
 
 VelaFootbar::~VelaFootbar() = default;
 

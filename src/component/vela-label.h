@@ -6,8 +6,8 @@
 
 /// Label in the look of "component.label".
 ///
-/// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that the
-/// text needs at the label's width.
+/// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that
+/// the text needs at the label's width.
 class VELA_EXPORT VelaLabel : public QLabel
 {
     Q_OBJECT

@@ -29,9 +29,7 @@ int movedInto(int start, int size, int first, int last)
 
 } // namespace
 
-VelaMenu::VelaMenu(QWidget *parent) : QMenu(parent)
-{
-}
+VelaMenu::VelaMenu(QWidget *parent) : QMenu(parent) { }
 
 void VelaMenu::showEvent(QShowEvent *event)
 {

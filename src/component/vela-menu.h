@@ -4,8 +4,8 @@
 
 #include <QMenu>
 
-/// Menu that moves back into the available area of its screen each time it is shown. It has no style sheet of its own; set
-/// "component.menu" or another.
+/// Menu that moves back into the available area of its screen each time it is shown. It has no style sheet of its own;
+/// set "component.menu" or another.
 class VELA_EXPORT VelaMenu : public QMenu
 {
     Q_OBJECT

@@ -89,9 +89,7 @@ const VelaTableColumnsInfo::ColumnInfo &VelaTableColumnsInfo::column(int index) 
     return m_columns[static_cast<std::size_t>(index)];
 }
 
-ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns) : QTableWidget(rows, columns)
-{
-}
+ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns) : QTableWidget(rows, columns) { }
 
 void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 {

@@ -22,7 +22,8 @@ public:
         double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
     };
 
-    /// Appends a column and returns its index. Nothing is checked. Let the ratios of all columns sum to 1 to fill the table.
+    /// Appends a column and returns its index. Nothing is checked. Let the ratios of all columns sum to 1 to fill the
+    /// table.
     int addColumn(const QString &title, int width, bool resizable, double stretchRatio);
 
     int columnCount() const;
@@ -50,8 +51,8 @@ protected:
 
 /// Table with declared columns whose header stays above the scrolling rows.
 ///
-/// Columns that stretch share the width that the others leave free, each by its ratio and never below its base width, whenever
-/// the table is resized. Fill rows in through getTable().
+/// Columns that stretch share the width that the others leave free, each by its ratio and never below its base width,
+/// whenever the table is resized. Fill rows in through getTable().
 class VELA_EXPORT VelaTableWidget : public QWidget
 {
     Q_OBJECT

@@ -25,9 +25,7 @@ const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
 
 } // namespace
 
-VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
-{
-}
+VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent) { }
 
 void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
@@ -59,8 +57,8 @@ void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
     QTreeWidget::keyPressEvent(event);
 }
 
-// Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance; the
-// tree's own handling of the focus would be in the way.
+// Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance;
+// the tree's own handling of the focus would be in the way.
 void VelaTreeWidget::focusInEvent(QFocusEvent *)
 {
     QTreeWidgetItem *current = currentItem();
@@ -76,9 +74,7 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
     const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
-    const auto isHovered = [&] {
-        return option.rect.adjusted(0, 1, 0, 1).contains(mapFromGlobal(QCursor::pos()));
-    };
+    const auto isHovered = [&] { return option.rect.adjusted(0, 1, 0, 1).contains(mapFromGlobal(QCursor::pos())); };
     if (item && (isSelected || isHovered())) {
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
@@ -137,9 +133,7 @@ void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &opti
     QItemDelegate::drawCheck(painter, option, rect, state);
 }
 
-FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0)
-{
-}
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0) { }
 
 FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
 

@@ -6,8 +6,8 @@
 #include <QItemDelegate>
 #include <QTreeWidget>
 
-/// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide whether
-/// a click fell on it.
+/// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide
+/// whether a click fell on it.
 extern VELA_EXPORT QRect g_check_rect;
 
 /// Tree that paints a rounded highlight of its own and draws rows that cannot be checked as disabled.

@@ -56,8 +56,8 @@ public:
     /// missing too and, with a warning, for a name that is not listed.
     QPixmap getImage(const QString &name, ImageType type);
 
-    /// "resource_path" + "/images". Logs a warning and aborts the process before initialize(): style sheets read without
-    /// it would silently lose all their images.
+    /// "resource_path" + "/images". Logs a warning and aborts the process before initialize(): style sheets read
+    /// without it would silently lose all their images.
     const QString &getImageFolder();
 
     /// "user_data_path" + "/tmp_images"; aborts like getImageFolder().

@@ -21,8 +21,8 @@ using Lengths = QVarLengthArray<Length, 64>;
 constexpr int UnitSize = 2; // "px"
 constexpr int SearchStep = 3; // from the start of one match to where the search for the next begins
 
-// A search goes on three characters behind the start of a match. A number of up to three characters is over by then; of a
-// longer one the tail is found again, as a number of its own.
+// A search goes on three characters behind the start of a match. A number of up to three characters is over by then; of
+// a longer one the tail is found again, as a number of its own.
 constexpr int LongestWholeNumber = SearchStep;
 
 constexpr int ExactDigits = 15; // any integer of that many digits is a double exactly
@@ -173,8 +173,12 @@ class Writer
 {
 public:
     Writer(const QString &sheet, const Lengths &lengths, double factor) :
-        m_text(sheet.constData()), m_size(sheet.size()), m_lengths(lengths), m_factor(factor),
-        m_result(capacity(), Qt::Uninitialized), m_out(m_result.data())
+        m_text(sheet.constData()),
+        m_size(sheet.size()),
+        m_lengths(lengths),
+        m_factor(factor),
+        m_result(capacity(), Qt::Uninitialized),
+        m_out(m_result.data())
     {
     }
 

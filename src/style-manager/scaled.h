@@ -13,7 +13,8 @@ inline int truncated(double value)
     return isInRange ? static_cast<int>(value) : Limits::min();
 }
 
-/// @p logical pixels times the screen's scale, truncated toward zero: the one place where a widget's metrics are scaled.
+/// @p logical pixels times the screen's scale, truncated toward zero: the one place where a widget's metrics are
+/// scaled.
 inline int scaled(double logical)
 {
     return truncated(logical * DPIinfo::getInstance()->getDPI());

@@ -1,36 +1,36 @@
 #include "style-manager/sheet-sections.h"
 
-#include <QStringView>
-
 #include <algorithm>
-#include <utility>
+#include <cstring>
 
 namespace {
 
 constexpr int MarkSize = 2; // "/*", "*/", "//", "=="
-constexpr QChar Slash = QLatin1Char('/');
-constexpr QChar Star = QLatin1Char('*');
-constexpr QChar Mark = QLatin1Char('=');
-constexpr QChar LineBreak = QLatin1Char('\n');
+constexpr char Slash = '/';
+constexpr char Star = '*';
+constexpr char HeaderMark = '=';
+constexpr char LineBreak = '\n';
 
-/// QString::indexOf(), which takes many characters at a time but takes longer to call than to look at a few.
-int indexOf(const QString &text, QChar wanted, int from)
+/// QByteArray::indexOf(), but many bytes at a time where @p wanted is not close by.
+int indexOf(const QByteArray &text, char wanted, int from)
 {
-    constexpr int FewCharacters = 8;
-    const int few = std::min(from + FewCharacters, text.size());
-    for (int i = from; i < few; ++i) {
-        if (text.at(i) == wanted) {
-            return i;
-        }
+    constexpr int Close = 8; // so far looking takes no longer than the call
+    const char *begin = text.constData() + from;
+    const char *end = text.constData() + text.size();
+    const char *close = std::min(begin + Close, end);
+    const void *found = std::find(begin, close, wanted);
+    if (found == close) {
+        found = std::memchr(close, wanted, static_cast<std::size_t>(end - close));
     }
-    return text.indexOf(wanted, few);
+    return found ? static_cast<int>(static_cast<const char *>(found) - text.constData()) : -1;
 }
 
-/// Takes parts out of a text, in place, from its begin to its end. A text of which nothing is taken stays shared.
+/// Takes parts out of a text, in place, from its begin to its end. A text of which nothing is taken stays
+/// shared.
 class Cutter
 {
 public:
-    explicit Cutter(QString &text) : m_text(text) { }
+    explicit Cutter(QByteArray &text) : m_text(text) { }
     ~Cutter()
     {
         if (m_rest > 0) {
@@ -40,7 +40,8 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Cutter)
 
-    /// Takes out [begin, end), which lies behind all that was cut before. What is behind it stays where it is for now.
+    /// Takes out [begin, end), which lies behind all that was cut before. What is behind it stays where it is
+    /// for now.
     void cut(int begin, int end)
     {
         keepUpTo(begin);
@@ -51,25 +52,25 @@ private:
     void keepUpTo(int end)
     {
         if (m_rest > 0) {
-            QChar *text = m_text.data();
+            char *text = m_text.data();
             std::copy(text + m_rest, text + end, text + m_kept);
         }
         m_kept += end - m_rest;
     }
 
-    QString &m_text;
-    int m_kept = 0; // characters kept so far, at the text's begin
+    QByteArray &m_text;
+    int m_kept = 0; // bytes kept so far, at the text's begin
     int m_rest = 0; // where the part begins that is not decided yet
 };
 
-void removeBlockComments(QString &text)
+void removeBlockComments(QByteArray &text)
 {
     Cutter cutter(text);
     int open = -1;
     for (int i = indexOf(text, Slash, 0); i >= 0; i = indexOf(text, Slash, i + 1)) {
-        const QChar *character = text.constData() + i;
+        const char *character = text.constData() + i;
         if (open < 0) {
-            if (character[1] == Star) { // the text ends in a null character
+            if (character[1] == Star) { // the text ends in a null byte
                 open = i;
             }
         } else if (character[-1] == Star && i > open + MarkSize) {
@@ -79,7 +80,7 @@ void removeBlockComments(QString &text)
     }
 }
 
-void removeLineComments(QString &text)
+void removeLineComments(QByteArray &text)
 {
     Cutter cutter(text);
     int i = indexOf(text, Slash, 0);
@@ -104,72 +105,72 @@ struct Header
     int end;
 };
 
-/// First header line of @p text that begins at @p from or behind; beyond the text if there is none.
-Header findHeader(const QString &text, int from)
+/// The first header line of @p text that begins at @p from or behind; at the text's end if there is none.
+Header findHeader(const QByteArray &text, int from)
 {
-    const QChar *characters = text.constData();
-    for (int i = indexOf(text, Mark, from); i >= 0; i = indexOf(text, Mark, i + 1)) {
+    const char *characters = text.constData();
+    for (int i = indexOf(text, HeaderMark, from); i >= 0; i = indexOf(text, HeaderMark, i + 1)) {
         const bool isAtLineBegin = i == 0 || characters[i - 1] == LineBreak;
-        if (!isAtLineBegin || characters[i + 1] != Mark) {
+        if (!isAtLineBegin || characters[i + 1] != HeaderMark) {
             continue;
         }
         const int lineBreak = indexOf(text, LineBreak, i);
         const int end = lineBreak < 0 ? text.size() : lineBreak;
-        if (characters[end - 1] == Mark && characters[end - 2] == Mark) {
+        if (characters[end - 1] == HeaderMark && characters[end - 2] == HeaderMark) {
             return {i, end};
         }
-        i = end;
+        i = end - 1;
     }
     return {text.size(), text.size()};
 }
 
-QString keyOfHeader(QStringView header)
+QString keyOf(const QByteArray &text, Header header)
 {
-    QString key(static_cast<int>(header.size()), Qt::Uninitialized);
-    QChar *out = std::copy_if(header.begin(), header.end(), key.data(), [](QChar character) {
-        return character != Mark && character != QLatin1Char(' ');
-    });
-    key.resize(static_cast<int>(out - key.constData()));
-    return key;
+    QString key = QString::fromUtf8(text.constData() + header.begin, header.end - header.begin);
+    return key.remove(QLatin1Char(HeaderMark)).remove(QLatin1Char(' '));
 }
 
-/// @p lines, each ended by a line break but perhaps the last, with their line breaks in front of them instead.
-void appendLines(QString &body, QStringView lines)
+/// The lines of @p text in [begin, end), each ended by a line break but perhaps the last, with their line
+/// breaks in front of them instead.
+QString linesOf(const QByteArray &text, int begin, int end)
 {
-    if (lines.isEmpty()) {
-        return;
+    if (begin == end) {
+        return QString();
     }
-    if (lines.back() == LineBreak) {
-        lines.chop(1);
+    const int size = end - begin - (text.at(end - 1) == LineBreak ? 1 : 0);
+    if (begin > 0) {
+        return QString::fromUtf8(text.constData() + begin - 1,
+                                 1 + size); // from the line break of the line before
     }
-    body.reserve(body.size() + 1 + static_cast<int>(lines.size()));
-    body.append(LineBreak);
-    body.append(lines.data(), static_cast<int>(lines.size()));
+    QByteArray lines(1 + size, LineBreak);
+    std::copy_n(text.constData(), size, lines.data() + 1);
+    return QString::fromUtf8(lines.constData(), lines.size());
 }
 
 } // namespace
 
-QString removeComments(QString text)
+QByteArray removeComments(QByteArray text)
 {
     removeBlockComments(text);
     removeLineComments(text);
     return text;
 }
 
-void readSections(const QString &text, std::map<QString, QString> &sections)
+void readSections(const QByteArray &text, std::map<QString, QString> &sections)
 {
-    const QStringView view(text);
     QString key;
     QString body;
     int bodyBegin = 0;
     while (bodyBegin < text.size()) {
         const Header header = findHeader(text, bodyBegin);
-        appendLines(body, view.mid(bodyBegin, header.begin - bodyBegin));
-        // What stands under no key, before the first header or behind one without a key, is kept for the next section.
+        body += linesOf(text, bodyBegin, header.begin);
+        // What stands under no key, before the first header or behind one without a key, is kept for the next
+        // section.
         if (!key.isEmpty()) {
-            sections[key] = std::exchange(body, QString());
+            sections[key] = body;
+            body = QString();
         }
-        key = keyOfHeader(view.mid(header.begin, header.end - header.begin));
+        key = keyOf(text, header);
         bodyBegin = header.end + 1;
     }
     if (!key.isEmpty()) {

@@ -8,24 +8,34 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
+#include <string_view>
 #include <utility>
 
 namespace {
 
-/// What a device in text mode would give, which looks for carriage returns a byte at a time.
+bool isAscii(const QByteArray &text)
+{
+    const auto unite = [](char all, char character) { return static_cast<char>(all | character); };
+    return static_cast<unsigned char>(std::accumulate(text.cbegin(), text.cend(), '\0', unite)) < 0x80;
+}
+
+/// The text in the file, valid UTF-8.
 QByteArray readText(QFile &file)
 {
-    QByteArray content = file.readAll();
-    if (std::memchr(content.constData(), '\r', static_cast<std::size_t>(content.size()))) {
-        content.replace("\r", "");
+    QByteArray text = file.readAll();
+    // As a device in text mode does, which looks for carriage returns a byte at a time.
+    if (std::memchr(text.constData(), '\r', static_cast<std::size_t>(text.size()))) {
+        text.replace("\r", "");
     }
-    return content;
+    // Given the whole array, QString::fromUtf8() would stop at a null byte.
+    return isAscii(text) ? text : QString::fromUtf8(text.constData(), text.size()).toUtf8();
 }
 
 /// The files' texts one after another, each followed by a line break so that it never runs into the next.
-QString readFiles(const std::vector<QString> &files)
+QByteArray readFiles(const std::vector<QString> &files)
 {
-    QString text;
+    QByteArray text;
     for (const QString &path : files) {
         QFile file(path);
         if (!file.exists()) {
@@ -33,44 +43,42 @@ QString readFiles(const std::vector<QString> &files)
             continue;
         }
         if (file.open(QIODevice::ReadOnly)) {
-            text += QString::fromUtf8(readText(file));
+            text += readText(file);
         }
-        text += QLatin1Char('\n');
+        text += '\n';
     }
     return text;
 }
 
-/// Replaces each @p name by @p value, which is no shorter. Unlike QString::replace() it moves a character only once,
-/// however many matches there are.
-void replaceAll(QString &text, QLatin1String name, const QString &value)
+/// Replaces each @p name by @p value, which is no shorter. Unlike QByteArray::replace() it moves a byte only
+/// once, however many matches there are.
+void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value)
 {
-    Q_ASSERT(value.size() >= name.size());
-    std::vector<int> matches;
-    for (int i = text.indexOf(name.front()); i >= 0; i = text.indexOf(name.front(), i)) {
-        if (QStringView(text).mid(i).startsWith(name)) {
-            matches.push_back(i);
-            i += name.size();
-        } else {
-            ++i;
-        }
+    const std::string_view view(text.constData(), static_cast<std::size_t>(text.size()));
+    std::vector<std::size_t> matches;
+    for (auto i = view.find(name); i != view.npos; i = view.find(name, i + name.size())) {
+        matches.push_back(i);
+    }
+    if (matches.empty()) {
+        return;
     }
 
-    int end = text.size();
-    text.resize(end + static_cast<int>(matches.size()) * (value.size() - name.size()));
-    QChar *out = text.data() + text.size();
+    std::size_t end = view.size();
+    text.resize(text.size() + static_cast<int>(matches.size()) * (value.size() - static_cast<int>(name.size())));
+    const char *begin = text.constData();
+    char *out = text.data() + text.size();
     for (auto match = matches.crbegin(); match != matches.crend(); ++match) {
-        const QChar *characters = text.constData();
-        out = std::copy_backward(characters + *match + name.size(), characters + end, out);
+        out = std::copy_backward(begin + *match + name.size(), begin + end, out);
         out = std::copy_backward(value.cbegin(), value.cend(), out);
         end = *match;
     }
 }
 
-void insertImageFolders(QString &text)
+void insertImageFolders(QByteArray &text)
 {
     // The second name is part of the first, so the first must be gone by then.
-    replaceAll(text, QLatin1String("TMPIMG_LOC"), ImageManager::getInstance()->getTempImageFolder());
-    replaceAll(text, QLatin1String("IMG_LOC"), ImageManager::getInstance()->getImageFolder());
+    replaceAll(text, "TMPIMG_LOC", ImageManager::getInstance()->getTempImageFolder().toUtf8());
+    replaceAll(text, "IMG_LOC", ImageManager::getInstance()->getImageFolder().toUtf8());
 }
 
 } // namespace
@@ -83,7 +91,7 @@ StyleManager *StyleManager::getInstance()
 
 void StyleManager::initialize(const std::vector<QString> &files)
 {
-    QString text = readFiles(files);
+    QByteArray text = readFiles(files);
     insertImageFolders(text);
     readSections(removeComments(std::move(text)), m_sections);
 }

@@ -26,8 +26,8 @@ public:
     /// run: the process is aborted otherwise.
     void initialize(const std::vector<QString> &files);
 
-    /// The section under @p key: as it was read when @p raw, otherwise scaled by DPIinfo::getScaledStyleSheet(), anew at
-    /// each call. An empty string, with a warning, for an unknown key.
+    /// The section under @p key: as it was read when @p raw, otherwise scaled by DPIinfo::getScaledStyleSheet(), anew
+    /// at each call. An empty string, with a warning, for an unknown key.
     QString getStyleSheet(const QString &key, bool raw);
 
 private:

@@ -18,11 +18,11 @@ struct HelpContext
     QString section; ///< section of the help that the page belongs to
 };
 
-/// Application-modal dialog with one help page: from the knowledge base on the web or, when that fails or takes more than ten
-/// seconds, from the installed help. A page that is missing there too leaves the window empty.
+/// Application-modal dialog with one help page: from the knowledge base on the web or, when that fails or takes more
+/// than ten seconds, from the installed help. A page that is missing there too leaves the window empty.
 ///
-/// The request starts at once; show the dialog, with exec() for instance. The host of the knowledge base is set when the library
-/// is built (VELA_KNOWLEDGE_BASE_HOST).
+/// The request starts at once; show the dialog, with exec() for instance. The host of the knowledge base is set when
+/// the library is built (VELA_KNOWLEDGE_BASE_HOST).
 class VELA_EXPORT HelpWindow : public QDialog
 {
     Q_OBJECT

@@ -23,9 +23,7 @@ void collect(QWidget *root, const IsCollected &isCollected, QList<QWidget *> &wi
 
 } // namespace
 
-AccessibleFilter::AccessibleFilter() : m_focusLevel(Qt::NoFocus)
-{
-}
+AccessibleFilter::AccessibleFilter() : m_focusLevel(Qt::NoFocus) { }
 
 AccessibleFilter::AccessibleFilter(const QList<QWidget *> &filterWidgets, Qt::FocusPolicy focusLevel) :
     m_filterWidgets(filterWidgets), m_focusLevel(focusLevel)
@@ -57,9 +55,7 @@ QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)
     QList<QWidget *> widgets;
     collect(
         root,
-        [&excluded](QWidget *widget) {
-            return widget->focusPolicy() != Qt::NoFocus && !excluded.contains(widget);
-        },
+        [&excluded](QWidget *widget) { return widget->focusPolicy() != Qt::NoFocus && !excluded.contains(widget); },
         widgets);
     return widgets;
 }

@@ -14,8 +14,8 @@ class QWidget;
 /// `debug.message.warning=false`; while it is off nothing is formatted.
 VELA_EXPORT Q_DECLARE_LOGGING_CATEGORY(debug_message)
 
-/// Which widgets accessibleList() collects.
-class VELA_EXPORT AccessibleFilter
+    /// Which widgets accessibleList() collects.
+    class VELA_EXPORT AccessibleFilter
 {
 public:
     /// Lets every visible widget pass, those that take no focus too.
@@ -49,11 +49,12 @@ VELA_EXPORT void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widg
 VELA_EXPORT QString getHtmlEscapedStringForToolTip(const QString &text);
 
 /// Takes the close button and the other functions of the window of @p widget away, or gives them back, through the
-/// property that window managers on X11 read ("_MOTIF_WM_HINTS"). Does nothing on another platform and for a window that
-/// has not been shown yet.
+/// property that window managers on X11 read ("_MOTIF_WM_HINTS"). Does nothing on another platform and for a window
+/// that has not been shown yet.
 ///
 /// @p savedState points to a pointer that is null at first. Disabling keeps the window's hints there and enabling puts
-/// them back, frees them and sets the pointer to null; enabling without them does nothing. Disabling twice loses what the
-/// first call kept. Each call opens a connection of its own to the X server, which stays open until the process ends:
-/// a server accepts a few hundred from all its clients (256 by default), so this is nothing to be called in a loop.
+/// them back, frees them and sets the pointer to null; enabling without them does nothing. Disabling twice loses what
+/// the first call kept. Each call opens a connection of its own to the X server, which stays open until the process
+/// ends: a server accepts a few hundred from all its clients (256 by default), so this is nothing to be called in a
+/// loop.
 VELA_EXPORT void SHAPISetCloseButtonOfWindowEnable(QWidget *widget, bool enable, void **savedState);

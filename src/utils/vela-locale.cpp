@@ -4,24 +4,15 @@
 
 VelaLocale::VelaLocale() :
     languageMap {
-        {QStringLiteral("en"), QStringLiteral("enu")},
-        {QStringLiteral("ja"), QStringLiteral("jpn")},
-        {QStringLiteral("de"), QStringLiteral("deu")},
-        {QStringLiteral("ko"), QStringLiteral("krn")},
-        {QStringLiteral("fr"), QStringLiteral("fra")},
-        {QStringLiteral("it"), QStringLiteral("ita")},
-        {QStringLiteral("es"), QStringLiteral("esn")},
-        {QStringLiteral("ru"), QStringLiteral("rus")},
-        {QStringLiteral("da"), QStringLiteral("dan")},
-        {QStringLiteral("no"), QStringLiteral("nor")},
-        {QStringLiteral("nb"), QStringLiteral("nor")},
-        {QStringLiteral("nn"), QStringLiteral("nor")},
-        {QStringLiteral("sv"), QStringLiteral("sve")},
-        {QStringLiteral("nl"), QStringLiteral("nld")},
-        {QStringLiteral("pl"), QStringLiteral("plk")},
-        {QStringLiteral("hu"), QStringLiteral("hun")},
-        {QStringLiteral("tr"), QStringLiteral("trk")},
-        {QStringLiteral("cs"), QStringLiteral("csy")},
+        {QStringLiteral("en"), QStringLiteral("enu")}, {QStringLiteral("ja"), QStringLiteral("jpn")},
+        {QStringLiteral("de"), QStringLiteral("deu")}, {QStringLiteral("ko"), QStringLiteral("krn")},
+        {QStringLiteral("fr"), QStringLiteral("fra")}, {QStringLiteral("it"), QStringLiteral("ita")},
+        {QStringLiteral("es"), QStringLiteral("esn")}, {QStringLiteral("ru"), QStringLiteral("rus")},
+        {QStringLiteral("da"), QStringLiteral("dan")}, {QStringLiteral("no"), QStringLiteral("nor")},
+        {QStringLiteral("nb"), QStringLiteral("nor")}, {QStringLiteral("nn"), QStringLiteral("nor")},
+        {QStringLiteral("sv"), QStringLiteral("sve")}, {QStringLiteral("nl"), QStringLiteral("nld")},
+        {QStringLiteral("pl"), QStringLiteral("plk")}, {QStringLiteral("hu"), QStringLiteral("hun")},
+        {QStringLiteral("tr"), QStringLiteral("trk")}, {QStringLiteral("cs"), QStringLiteral("csy")},
     },
     defaultLanguage(QStringLiteral("enu"))
 {
@@ -60,8 +51,8 @@ QString VelaLocale::getPortugueseLanguage(const QString &locale)
 
 QString VelaLocale::getChineseLanguage(const QString &locale)
 {
-    const bool isTraditional = locale == QLatin1String("zh_tw") || locale == QLatin1String("zh_hk")
-        || locale == QLatin1String("zh_mo");
+    const bool isTraditional =
+        locale == QLatin1String("zh_tw") || locale == QLatin1String("zh_hk") || locale == QLatin1String("zh_mo");
     return isTraditional ? QStringLiteral("cht") : QStringLiteral("chs");
 }
 

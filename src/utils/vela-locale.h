@@ -6,8 +6,8 @@
 
 #include <map>
 
-/// Translates a locale name ("de_de") into the three-letter code of a language ("deu"), under which an application keeps
-/// its string table and which a help request carries.
+/// Translates a locale name ("de_de") into the three-letter code of a language ("deu"), under which an application
+/// keeps its string table and which a help request carries.
 ///
 /// Names are compared exactly and in lower case; only getDefaultLanguage() lowers a name itself. GUI thread only.
 class VELA_EXPORT VelaLocale

@@ -15,9 +15,9 @@
 
 namespace {
 
-/// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to the
-/// server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always been
-/// given these words, and in their order they withdraw all functions of the window.
+/// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to
+/// the server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always
+/// been given these words, and in their order they withdraw all functions of the window.
 struct MotifHints
 {
     long flags;
@@ -58,7 +58,8 @@ MotifHints readHints(xcb_connection_t *connection, xcb_window_t window, xcb_atom
 
 void writeHints(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property, const MotifHints &hints)
 {
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, property, property, ElementBits, ElementCount, &hints);
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, property, property, ElementBits, ElementCount,
+                        &hints);
     xcb_flush(connection);
 }
 

@@ -116,6 +116,10 @@ private Q_SLOTS:
     void itLooksLikeAPlainButtonOfTheSameSheet_data();
     void itLooksLikeAPlainButtonOfTheSameSheet();
 
+    void withoutAParentItIsStyledToo_data();
+    void withoutAParentItIsStyledToo();
+    void aLaterStyleSheetReplacesItsOwn();
+
     void anIconButtonIsSetUpAsAnImageOnly_data();
     void anIconButtonIsSetUpAsAnImageOnly();
     void allFourImagesAreAskedForInOrder();
@@ -342,6 +346,44 @@ void VelaButtonTest::itLooksLikeAPlainButtonOfTheSameSheet()
     for (int i = 1; i < found.size(); ++i) {
         QVERIFY(found[i] != found[0]); // each state of this sheet can be told from the normal one
     }
+}
+
+void VelaButtonTest::withoutAParentItIsStyledToo_data()
+{
+    QTest::addColumn<bool>("isAskedBeforeItIsShown");
+    QTest::newRow("shown at once") << false;
+    QTest::newRow("asked for its size first") << true;
+}
+
+void VelaButtonTest::withoutAParentItIsStyledToo()
+{
+    QFETCH(bool, isAskedBeforeItIsShown);
+    QPushButton plain(QStringLiteral("Caption"));
+    plain.setFlat(true);
+    plain.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    plain.setStyleSheet(getStyleSheet("component.red_button", false));
+    VelaButton button(QStringLiteral("Caption"), VelaButton::RedButton);
+    if (isAskedBeforeItIsShown) {
+        QCOMPARE(button.sizeHint(), plain.sizeHint());
+    }
+    plain.show();
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&plain));
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    plain.resize(plain.sizeHint());
+    button.resize(plain.sizeHint());
+    QCOMPARE(button.sizeHint(), plain.sizeHint());
+    QCOMPARE(button.grab().toImage(), plain.grab().toImage());
+}
+
+void VelaButtonTest::aLaterStyleSheetReplacesItsOwn()
+{
+    const QString sheet = QStringLiteral("QPushButton { background: cyan; border: none }");
+    ButtonWindow<VelaButton> window(new VelaButton(QString(), VelaButton::RedButton));
+    window.button->setStyleSheet(sheet);
+    QCOMPARE(window.button->styleSheet(), sheet);
+    QVERIFY(window.showAndWait());
+    QCOMPARE(paintedColor(window.button), QColor(Qt::cyan));
 }
 
 void VelaButtonTest::anIconButtonIsSetUpAsAnImageOnly_data()

@@ -8,7 +8,8 @@
 class GeneratedText
 {
 public:
-    GeneratedText(QVector<QString> parts, int maximalCount) : m_parts(std::move(parts)), m_maximalCount(maximalCount) { }
+    GeneratedText(QVector<QString> parts, int maximalCount) :
+        m_parts(std::move(parts)), m_maximalCount(maximalCount) { }
 
     QString next()
     {

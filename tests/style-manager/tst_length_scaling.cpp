@@ -196,14 +196,15 @@ void LengthScalingTest::aThousandDigitsAreTheLowestInteger()
 void LengthScalingTest::generatedTextsAreTheDefinitions_data()
 {
     QTest::addColumn<QStringList>("parts");
-    QTest::newRow("numbers") << QStringList {text("0"), text("1"), text("25"), text("987"), text("6543"), text("."),
-                                             text("px"), text("px"), text("p"), text("x"), text(" "), text("a")};
-    QTest::newRow("sheets") << QStringList {text("margin: "), text("12px"), text("1000px"), text("1.5px"), text("; "),
-                                            text("\n"), text("0px"), text("url(IMG_LOC/a_16px.png)"), text("#1e2px"),
-                                            text("300"), text("px"), text(".")};
-    QTest::newRow("odd characters") << QStringList {text("\u0663"), text("\u0967"), text("\U0001D7D9"), text("\u00b2"),
-                                                    QString(QChar(0)), text("\ufeff"), text("1"), text("."), text("px"),
-                                                    text("12"), text("\r\n"), QString(QChar(0xd835))};
+    QTest::newRow("numbers") << QStringList {text("0"),  text("1"),  text("25"), text("987"), text("6543"), text("."),
+                                             text("px"), text("px"), text("p"),  text("x"),   text(" "),    text("a")};
+    QTest::newRow("sheets") << QStringList {
+        text("margin: "), text("12px"), text("1000px"), text("1.5px"),
+        text("; "),       text("\n"),   text("0px"),    text("url(IMG_LOC/a_16px.png)"),
+        text("#1e2px"),   text("300"),  text("px"),     text(".")};
+    QTest::newRow("odd characters") << QStringList {
+        text("\u0663"), text("\u0967"), text("\U0001D7D9"), text("\u00b2"), QString(QChar(0)), text("\ufeff"),
+        text("1"),      text("."),      text("px"),         text("12"),     text("\r\n"),      QString(QChar(0xd835))};
 }
 
 void LengthScalingTest::generatedTextsAreTheDefinitions()

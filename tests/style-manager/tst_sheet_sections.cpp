@@ -55,10 +55,16 @@ QString text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
+QString withoutComments(const QString &text)
+{
+    const QByteArray plain = removeComments('.' + text.toUtf8()); // so that a byte order mark is a character
+    return QString::fromUtf8(plain.constData(), plain.size()).mid(1);
+}
+
 Sections sectionsOf(const QString &text)
 {
     Sections sections;
-    readSections(text, sections);
+    readSections(text.toUtf8(), sections);
     return sections;
 }
 
@@ -116,13 +122,13 @@ void SheetSectionsTest::commentsAreRemoved()
 {
     QFETCH(QString, commented);
     QFETCH(QString, plain);
-    QCOMPARE(removeComments(commented), plain);
+    QCOMPARE(withoutComments(commented), plain);
     QCOMPARE(literallyWithoutComments(commented), plain);
 }
 
 void SheetSectionsTest::aTextWithoutCommentsIsNotCopied()
 {
-    const QString plain = text("QLabel { color: red; } / * /");
+    const QByteArray plain("QLabel { color: red; } / * /");
     QCOMPARE(removeComments(plain).constData(), plain.constData());
 }
 
@@ -179,21 +185,31 @@ void SheetSectionsTest::aLaterSectionReplacesAnEarlierOne()
 void SheetSectionsTest::sectionsThatWereThereStay()
 {
     Sections sections {{text("a"), text("old")}, {text("b"), text("old")}};
-    readSections(text("== a ==\nnew"), sections);
+    readSections("== a ==\nnew", sections);
     QCOMPARE(sections, (Sections {{text("a"), text("\nnew")}, {text("b"), text("old")}}));
 }
 
 void SheetSectionsTest::generatedTextsAreTheDefinitions_data()
 {
     QTest::addColumn<QStringList>("parts");
-    QTest::newRow("comment marks") << QStringList {text("/"), text("*"), text("/*"), text("*/"), text("//"),
-                                                   text("\n"), text("a"), text("== k ==\n")};
-    QTest::newRow("headers") << QStringList {text("="), text("=="), text("== a ==\n"), text("\n== b ==\n"), text(" "),
-                                             text("\n"), text("\n"), text("=="), text("\n==\n"), text("c")};
-    QTest::newRow("all of it") << QStringList {text("/*"), text("*/"), text("// c\n"), text("== a ==\n"), text("\n"),
-                                               text("== b /* c */ ==\n"), text("== d // e ==\n"), text("\ufeff"),
-                                               QString(QChar(0)), text("\t"), text("url(IMG_LOC/a.png)"), text("="),
-                                               text("\u65e5\u672c"), text("\n==\n")};
+    QTest::newRow("comment marks") << QStringList {text("/"),  text("*"),  text("/*"), text("*/"),
+                                                   text("//"), text("\n"), text("a"),  text("== k ==\n")};
+    QTest::newRow("headers") << QStringList {text("="),  text("=="), text("== a ==\n"), text("\n== b ==\n"), text(" "),
+                                             text("\n"), text("\n"), text("=="),        text("\n==\n"),      text("c")};
+    QTest::newRow("all of it") << QStringList {text("/*"),
+                                               text("*/"),
+                                               text("// c\n"),
+                                               text("== a ==\n"),
+                                               text("\n"),
+                                               text("== b /* c */ ==\n"),
+                                               text("== d // e ==\n"),
+                                               text("\ufeff"),
+                                               QString(QChar(0)),
+                                               text("\t"),
+                                               text("url(IMG_LOC/a.png)"),
+                                               text("="),
+                                               text("\u65e5\u672c"),
+                                               text("\n==\n")};
 }
 
 void SheetSectionsTest::generatedTextsAreTheDefinitions()
@@ -202,7 +218,7 @@ void SheetSectionsTest::generatedTextsAreTheDefinitions()
     GeneratedText generated(parts.toVector(), 24);
     for (int i = 0; i < GeneratedTexts / 3; ++i) {
         const QString sheet = generated.next();
-        const QString plain = removeComments(sheet);
+        const QString plain = withoutComments(sheet);
         const QString literalPlain = literallyWithoutComments(sheet);
         Sections literal;
         readSectionsLiterally(literalPlain, literal);
@@ -232,7 +248,7 @@ void SheetSectionsTest::hostileTextsTakeNoLongerThanTheirSize()
 {
     QFETCH(QString, part);
     const QString sheet = QLatin1String("== begin ==\n") + part.repeated(4000000);
-    QVERIFY(sectionsOf(removeComments(sheet)).size() <= 2);
+    QVERIFY(sectionsOf(withoutComments(sheet)).size() <= 2);
 }
 
 QTEST_GUILESS_MAIN(SheetSectionsTest)

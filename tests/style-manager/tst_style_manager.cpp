@@ -84,7 +84,8 @@ void StyleManagerTest::read(const QByteArray &content)
 void StyleManagerTest::beforeTheImageManagerTheProcessIsAborted()
 {
     bool crashed = false;
-    const QString errors = runAndReadErrors(QStringLiteral(VELA_UNINITIALIZED), {QStringLiteral("style-manager")}, &crashed);
+    const QString errors =
+        runAndReadErrors(QStringLiteral(VELA_UNINITIALIZED), {QStringLiteral("style-manager")}, &crashed);
     QVERIFY(crashed);
     QVERIFY2(errors.contains(QLatin1String("ImageManager is not initialized")), qPrintable(errors));
 }
@@ -215,8 +216,9 @@ void StyleManagerTest::scalingLeavesTheStoredTextAlone()
 void StyleManagerTest::imageFoldersAreInserted()
 {
     read("== a ==\nurl(IMG_LOC/x.png) url(TMPIMG_LOC/tmp_y.png) IMG_LOCIMG_LOC");
-    QCOMPARE(raw("a"), QStringLiteral("\nurl(%1/images/x.png) url(%2/tmp_images/tmp_y.png) %1/images%1/images")
-                           .arg(m_folder.path(), m_folder.userDataPath()));
+    QCOMPARE(raw("a"),
+             QStringLiteral("\nurl(%1/images/x.png) url(%2/tmp_images/tmp_y.png) %1/images%1/images")
+                 .arg(m_folder.path(), m_folder.userDataPath()));
 }
 
 void StyleManagerTest::imageFoldersAreInsertedBeforeCommentsAreRemoved()

@@ -49,9 +49,7 @@ QString text(const char *key)
 
 } // namespace
 
-VelaPagingModel::VelaPagingModel(int rowLimit, QObject *parent) : QObject(parent), m_rowLimit(rowLimit)
-{
-}
+VelaPagingModel::VelaPagingModel(int rowLimit, QObject *parent) : QObject(parent), m_rowLimit(rowLimit) { }
 
 VelaPagingModel::~VelaPagingModel() = default;
 
@@ -226,8 +224,8 @@ void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
     if (info.width != 0) {
         label->setFixedWidth(scaled(info.width));
     }
-    label->setStyleSheet(getStyleSheet(
-        isRightmost ? "component.paging_bar_rightmost_label" : "component.paging_bar_label", false));
+    label->setStyleSheet(
+        getStyleSheet(isRightmost ? "component.paging_bar_rightmost_label" : "component.paging_bar_label", false));
     footerLabels.push_back(label);
     footerLayout->addWidget(label);
 }

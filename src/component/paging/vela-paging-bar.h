@@ -30,8 +30,8 @@ public:
 
     /// Number of pages, at least 1; 1 when the row limit is 0 or less.
     int pageCount() const;
-    /// Index of the current page's first item, counted from 0. Beyond the range of an int, which only a page beyond the last
-    /// can reach, it wraps around.
+    /// Index of the current page's first item, counted from 0. Beyond the range of an int, which only a page beyond the
+    /// last can reach, it wraps around.
     int startItem() const;
 
 private:
@@ -47,8 +47,8 @@ struct PagingFooterInfo
     qint32 width = 0; ///< logical pixels; 0 for the text's own
 };
 
-/// Bar to move through the pages of a list: buttons for the first page, five back, five numbered pages around the current
-/// one, five on and the last page; at the right labels of the client's and a button to refresh.
+/// Bar to move through the pages of a list: buttons for the first page, five back, five numbered pages around the
+/// current one, five on and the last page; at the right labels of the client's and a button to refresh.
 ///
 /// The bar sets the model's current page and says so; the client reads the model and loads that page.
 class VELA_EXPORT VelaPagingBar : public QWidget
@@ -69,8 +69,8 @@ public:
 
     void setFooterText(const QString &text);
     void setFooterInfo(const PagingFooterInfo &info);
-    /// Shows one label for each of @p infos, the first next to the refresh button. A width of 0 leaves a label that is there
-    /// already the width that it has.
+    /// Shows one label for each of @p infos, the first next to the refresh button. A width of 0 leaves a label that is
+    /// there already the width that it has.
     void setFooterInfos(const std::vector<PagingFooterInfo> &infos);
     /// Hides or shows the refresh button. The first label's style depends on it when that label is made, and only then.
     void setRefreshButtonHidden(bool hidden);
