@@ -1,0 +1,200 @@
+#include "chrome.h"
+#include "gallery-page.h"
+#include "pages.h"
+#include "widget-states.h"
+
+#include <ComponentStrings>
+#include <DPIinfo>
+#include <ImageManager>
+#include <StyleManager>
+#include <VelaButton>
+#include <VelaMenu>
+
+#include <QPainter>
+
+namespace {
+
+struct TextButtonRow
+{
+    int kind;
+    const char *name;
+    const char *detail;
+    const char *text;
+};
+
+constexpr TextButtonRow TextButtons[] = {
+    {VelaButton::ApplyButton, "ApplyButton", "component.apply_button", "Apply"},
+    {VelaButton::CancelButton, "CancelButton", "component.cancel_button", "Cancel"},
+    {VelaButton::DefaultButton, "DefaultButton", "component.default_button", "Browse"},
+    {VelaButton::RedButton, "RedButton", "component.red_button", "Delete"},
+    {VelaButton::SelectPagingButton, "SelectPagingButton", "component.select_paging_button", "3"},
+    {VelaButton::NonselectPagingButton, "NonselectPagingButton", "component.nonselect_paging_button", "4"},
+    {6, "Any other number", "no style sheet", "Plain"},
+};
+
+struct IconButtonRow
+{
+    const char *image;
+    const char *toolTip;
+};
+
+constexpr IconButtonRow IconButtons[] = {
+    {"bt_add", "Add"},
+    {"bt_delete", "Delete"},
+    {"bt_settings", "Settings"},
+    {"bt_help", "Help"},
+};
+
+constexpr int DiscSize = 24;
+constexpr QRgb NormalDisc = 0xFF8496A9;
+constexpr QRgb HoverDisc = 0xFF2160C4;
+constexpr QRgb PressDisc = 0xFF154287;
+constexpr QRgb DisableDisc = 0xFFC8D2DC;
+
+void logButton(GalleryPage *page, const QString &caption, QAbstractButton *button)
+{
+    page->logSignal(caption, button, &QAbstractButton::pressed);
+    page->logSignal(caption, button, &QAbstractButton::released);
+    page->logSignal(caption, button, &QAbstractButton::clicked);
+}
+
+VelaButton *createLogged(GalleryPage *page, const QString &text, int kind)
+{
+    auto *button = new VelaButton(text, kind);
+    logButton(page, text, button);
+    return button;
+}
+
+void addTextButtons(GalleryPage *page)
+{
+    page->addSection(QStringLiteral("VelaButton"), QStringLiteral("Text buttons, by what they are for."),
+                     stateColumns());
+    for (const TextButtonRow &row : TextButtons) {
+        const QString text = QString::fromLatin1(row.text);
+        page->addExample(QString::fromLatin1(row.name), QString::fromLatin1(row.detail),
+                         inAllStates([&] { return createLogged(page, text, row.kind); }));
+    }
+}
+
+void addTexts(GalleryPage *page)
+{
+    ComponentStrings *strings = ComponentStrings::getInstance();
+    page->addSection(QStringLiteral("Texts"), QStringLiteral("A button is as wide as its text."));
+    page->addExample(QStringLiteral("From the string table"), QStringLiteral("\"ok\", \"cancel\""),
+                     {createLogged(page, strings->getString(QStringLiteral("ok")), VelaButton::ApplyButton),
+                      createLogged(page, strings->getString(QStringLiteral("cancel")), VelaButton::CancelButton)});
+    page->addExample(QStringLiteral("With a mnemonic"), QStringLiteral("Alt+S"),
+                     {createLogged(page, QStringLiteral("&Save as"), VelaButton::DefaultButton)});
+    page->addExample(
+        QStringLiteral("Long"), {},
+        {createLogged(page, QStringLiteral("Move all selected documents to the archive and remove them here"),
+                      VelaButton::DefaultButton)});
+}
+
+VelaIconButton *createIconButton(const QString &image, const QString &toolTip)
+{
+    auto *button = new VelaIconButton(image);
+    button->setToolTip(toolTip);
+    button->setAccessibleName(toolTip);
+    return button;
+}
+
+/// A round picture, sharp at the screen's scale and device pixel ratio.
+QPixmap createDisc(QRgb color)
+{
+    const double ratio = DPIinfo::getInstance()->getDPR();
+    const int size = static_cast<int>(scaled(DiscSize) * ratio);
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(color));
+    painter.drawEllipse(pixmap.rect());
+    painter.end();
+    pixmap.setDevicePixelRatio(ratio);
+    return pixmap;
+}
+
+VelaIconButton *createDiscButton()
+{
+    auto *button = new VelaIconButton(createDisc(NormalDisc));
+    button->setHoverIcon(createDisc(HoverDisc));
+    button->setPressIcon(createDisc(PressDisc));
+    button->setDisableIcon(createDisc(DisableDisc));
+    return button;
+}
+
+void addIconButtons(GalleryPage *page)
+{
+    page->addSection(
+        QStringLiteral("VelaIconButton"),
+        QStringLiteral("Image buttons (component.icon_button). The image follows the state of the button."),
+        stateColumns());
+    const auto addRow = [page](const QString &caption, const QString &detail, auto create) {
+        page->addExample(caption, detail, inAllStates([&] {
+                             VelaIconButton *button = create();
+                             logButton(page, caption, button);
+                             return button;
+                         }));
+    };
+    for (const IconButtonRow &row : IconButtons) {
+        const QString image = QString::fromLatin1(row.image);
+        const QString toolTip = QString::fromLatin1(row.toolTip);
+        addRow(toolTip, image, [&] { return createIconButton(image, toolTip); });
+    }
+    addRow(QStringLiteral("One pixmap"), QStringLiteral("the same in every state"),
+           [] { return new VelaIconButton(createDisc(NormalDisc)); });
+    addRow(QStringLiteral("Four pixmaps"), QStringLiteral("setHoverIcon() and the like"), createDiscButton);
+}
+
+VelaMenu *createMenu(GalleryPage *page, VelaIconButton *button)
+{
+    auto *menu = new VelaMenu(button);
+    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    for (const char *text : {"Rename", "Duplicate", "Delete"}) {
+        menu->addAction(QString::fromLatin1(text));
+    }
+    QObject::connect(menu, &QMenu::triggered, page, [page](const QAction *action) {
+        Q_EMIT page->logged(QStringLiteral("Menu: triggered(\"%1\")").arg(action->text()));
+    });
+    return menu;
+}
+
+void addChanges(GalleryPage *page)
+{
+    page->addSection(QStringLiteral("Icon buttons at work"), QStringLiteral("A menu opens at the first press."));
+
+    VelaIconButton *withMenu = createIconButton(QStringLiteral("bt_search_dropdown"), QStringLiteral("More"));
+    withMenu->setMenu(createMenu(page, withMenu));
+    page->addExample(QStringLiteral("With a menu"), QStringLiteral("setMenu()"), {withMenu});
+
+    VelaIconButton *changed =
+        createIconButton(QStringLiteral("bt_add"), QStringLiteral("Changed by the buttons beside it"));
+    logButton(page, QStringLiteral("Changed button"), changed);
+    auto *help = createLogged(page, QStringLiteral("Help image"), VelaButton::DefaultButton);
+    auto *unknown = createLogged(page, QStringLiteral("Unknown image"), VelaButton::DefaultButton);
+    auto *enable = createLogged(page, QStringLiteral("Disable or enable"), VelaButton::DefaultButton);
+    QObject::connect(help, &VelaButton::clicked, changed,
+                     [changed] { changed->setAllIcon(QStringLiteral("bt_help")); });
+    QObject::connect(unknown, &VelaButton::clicked, changed,
+                     [changed] { changed->setAllIcon(QStringLiteral("no_such_image")); });
+    QObject::connect(enable, &VelaButton::clicked, changed, [changed] { changed->setEnabled(!changed->isEnabled()); });
+    page->addExample(QStringLiteral("Changed while it is shown"), QStringLiteral("setAllIcon(), setEnabled()"),
+                     {changed, help, unknown, enable});
+}
+
+} // namespace
+
+GalleryPage *createButtonsPage(const QString &title)
+{
+    auto *page =
+        new GalleryPage(title,
+                        QStringLiteral("Each row begins with a button to try; beside it the same button is shown in "
+                                       "the states that it takes."));
+    addTextButtons(page);
+    addTexts(page);
+    addIconButtons(page);
+    addChanges(page);
+    return page;
+}

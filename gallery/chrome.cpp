@@ -1,0 +1,89 @@
+#include "chrome.h"
+
+#include <DPIinfo>
+
+#include <QFontInfo>
+#include <QLabel>
+#include <QPalette>
+
+namespace {
+
+constexpr QRgb Text = 0xFF17202B;
+constexpr QRgb QuietText = 0xFF45525F;
+constexpr QRgb DisabledText = 0xFF667382;
+constexpr QRgb Surface = 0xFFFFFFFF;
+constexpr QRgb Page = 0xFFF5F7FA;
+constexpr QRgb QuietSurface = 0xFFE6ECF3;
+constexpr QRgb Line = 0xFFE4E9EF;
+constexpr QRgb Accent = 0xFF2160C4;
+constexpr QRgb ToolTip = 0xFF2B3542;
+
+struct ColorRow
+{
+    QPalette::ColorRole role;
+    QRgb color;
+};
+
+constexpr ColorRow Colors[] = {
+    {QPalette::Window, Page},         {QPalette::WindowText, Text},
+    {QPalette::Base, Surface},        {QPalette::AlternateBase, Page},
+    {QPalette::Text, Text},           {QPalette::PlaceholderText, QuietText},
+    {QPalette::Button, QuietSurface}, {QPalette::ButtonText, Text},
+    {QPalette::BrightText, Surface},  {QPalette::Light, Surface},
+    {QPalette::Midlight, Line},       {QPalette::Mid, Line},
+    {QPalette::Dark, QuietText},      {QPalette::Shadow, Text},
+    {QPalette::Highlight, Accent},    {QPalette::HighlightedText, Surface},
+    {QPalette::Link, Accent},         {QPalette::LinkVisited, Accent},
+    {QPalette::ToolTipBase, ToolTip}, {QPalette::ToolTipText, Surface},
+};
+
+struct TextStyleRow
+{
+    TextStyle style;
+    double size; // times the application's font
+    QFont::Weight weight;
+    QRgb color;
+};
+
+constexpr TextStyleRow TextStyles[] = {
+    {TextStyle::PageTitle, 1.7, QFont::DemiBold, Text},
+    {TextStyle::SectionTitle, 1.15, QFont::DemiBold, Text},
+    {TextStyle::Body, 1.0, QFont::Normal, Text},
+    {TextStyle::Detail, 0.9, QFont::Normal, QuietText},
+};
+
+} // namespace
+
+int scaled(int logicalPixels)
+{
+    return static_cast<int>(logicalPixels * DPIinfo::getInstance()->getDPI());
+}
+
+QPalette galleryPalette()
+{
+    QPalette palette;
+    for (const ColorRow &row : Colors) {
+        palette.setColor(row.role, QColor(row.color));
+    }
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(DisabledText));
+    }
+    return palette;
+}
+
+QLabel *createText(const QString &text, TextStyle style)
+{
+    auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+
+    const TextStyleRow &row = TextStyles[static_cast<int>(style)];
+    QFont font = label->font();
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * row.size);
+    font.setWeight(row.weight);
+    label->setFont(font);
+
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor(row.color));
+    label->setPalette(palette);
+    return label;
+}

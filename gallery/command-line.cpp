@@ -1,0 +1,110 @@
+#include "command-line.h"
+
+#include "pages.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QCommandLineOption option(const char *name, const QString &description, const char *value = "")
+{
+    return {QString::fromLatin1(name), description, QString::fromLatin1(value)};
+}
+
+} // namespace
+
+CommandLine::CommandLine() :
+    m_help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")),
+    m_version({QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Show the version.")),
+    m_page(option("page", QStringLiteral("Begin with this page: ") + pageNames().join(QStringLiteral(", ")) + u'.',
+                  "NAME")),
+    m_listPages(option("list-pages", QStringLiteral("List the names of all pages."))),
+    m_language(option(
+        "language",
+        QStringLiteral("Take the texts from strings/CODE.json of the theme folder, \"deu\" for instance, and not "
+                       "in the system's language."),
+        "CODE")),
+    m_resources(option("resources", QStringLiteral("Preview another theme folder."), "DIR")),
+    m_lazy(option("lazy", QStringLiteral("Load each image when it is first shown. This is the default."))),
+    m_preload(option("preload", QStringLiteral("Load all images at the start."))),
+    m_screenshots(
+        option("screenshots",
+               QStringLiteral("Instead of opening a window render each page, or that of --page, and the main window "
+                              "to PNG files there. Takes no display."),
+               "DIR"))
+{
+    m_parser.setApplicationDescription(QStringLiteral("Shows every widget of Vela Components."));
+    m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    m_parser.addOptions(
+        {m_help, m_version, m_page, m_listPages, m_language, m_resources, m_lazy, m_preload, m_screenshots});
+}
+
+bool CommandLine::parse(const QStringList &arguments)
+{
+    m_errorText = m_parser.parse(arguments) ? findError() : m_parser.errorText();
+    return m_errorText.isEmpty();
+}
+
+QString CommandLine::errorText() const
+{
+    return m_errorText;
+}
+
+QString CommandLine::findError() const
+{
+    if (!m_parser.positionalArguments().isEmpty()) {
+        return QStringLiteral("Unexpected argument '%1'.").arg(m_parser.positionalArguments().constFirst());
+    }
+    for (const QCommandLineOption *folder : {&m_resources, &m_screenshots, &m_language}) {
+        if (m_parser.isSet(*folder) && m_parser.value(*folder).isEmpty()) {
+            return QStringLiteral("The value of '--%1' is empty.").arg(folder->names().constFirst());
+        }
+    }
+    if (m_parser.isSet(m_page) && !pageNames().contains(page())) {
+        return QStringLiteral("There is no page '%1'. There are: %2.")
+            .arg(page(), pageNames().join(QStringLiteral(", ")));
+    }
+    if (m_parser.isSet(m_lazy) && m_parser.isSet(m_preload)) {
+        return QStringLiteral("Either '--lazy' or '--preload' can be given, not both.");
+    }
+    return {};
+}
+
+QString CommandLine::answer() const
+{
+    if (m_parser.isSet(m_help)) {
+        return m_parser.helpText();
+    }
+    if (m_parser.isSet(m_version)) {
+        return QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n';
+    }
+    if (m_parser.isSet(m_listPages)) {
+        return pageNames().join(u'\n') + u'\n';
+    }
+    return {};
+}
+
+QString CommandLine::page() const
+{
+    return m_parser.value(m_page);
+}
+
+QString CommandLine::language() const
+{
+    return m_parser.value(m_language);
+}
+
+QString CommandLine::resources() const
+{
+    return m_parser.value(m_resources);
+}
+
+QString CommandLine::screenshots() const
+{
+    return m_parser.value(m_screenshots);
+}
+
+ImageManager::InitializeType CommandLine::imageLoading() const
+{
+    return m_parser.isSet(m_preload) ? ImageManager::INIT_PRELOAD : ImageManager::INIT_LAZY;
+}

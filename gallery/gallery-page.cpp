@@ -1,0 +1,122 @@
+#include "gallery-page.h"
+
+#include "chrome.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int PageMargin = 32;
+constexpr int SectionSpacing = 20;
+constexpr int SectionMargin = 24;
+constexpr int SectionRadius = 10;
+constexpr int TitleSpacing = 4;
+constexpr int CaptionWidth = 210;
+constexpr int ColumnSpacing = 24;
+constexpr int RowSpacing = 14;
+
+/// White area with round corners. It is painted, since a style sheet would reach the widgets on it.
+class SectionFrame : public QFrame
+{
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.setBrush(palette().base());
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), scaled(SectionRadius),
+                                scaled(SectionRadius));
+    }
+};
+
+QLabel *createWrappedText(const QString &text, TextStyle style)
+{
+    QLabel *label = createText(text, style);
+    label->setWordWrap(true);
+    return label;
+}
+
+QVBoxLayout *createColumn(int spacing)
+{
+    auto *layout = new QVBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(scaled(spacing));
+    return layout;
+}
+
+/// Whether @p widget wants all the width there is.
+bool isWide(const QWidget *widget)
+{
+    return widget->sizePolicy().expandingDirections().testFlag(Qt::Horizontal);
+}
+
+} // namespace
+
+GalleryPage::GalleryPage(const QString &title, const QString &introduction) : m_sections(createColumn(SectionSpacing))
+{
+    setAutoFillBackground(true);
+    setAccessibleName(title);
+
+    QVBoxLayout *heading = createColumn(TitleSpacing);
+    heading->addWidget(createText(title, TextStyle::PageTitle));
+    heading->addWidget(createWrappedText(introduction, TextStyle::Body));
+    m_sections->addLayout(heading);
+
+    auto *layout = new QVBoxLayout(this);
+    const int margin = scaled(PageMargin);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->addLayout(m_sections);
+    layout->addStretch();
+}
+
+void GalleryPage::addSection(const QString &title, const QString &description, const QStringList &columns)
+{
+    auto *frame = new SectionFrame;
+    m_sections->addWidget(frame);
+
+    auto *layout = new QVBoxLayout(frame);
+    const int margin = scaled(SectionMargin);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(scaled(SectionSpacing));
+
+    QVBoxLayout *heading = createColumn(TitleSpacing);
+    heading->addWidget(createText(title, TextStyle::SectionTitle));
+    heading->addWidget(createWrappedText(description, TextStyle::Detail));
+    layout->addLayout(heading);
+
+    m_examples = new QGridLayout;
+    m_examples->setHorizontalSpacing(scaled(ColumnSpacing));
+    m_examples->setVerticalSpacing(scaled(RowSpacing));
+    m_examples->setColumnMinimumWidth(0, scaled(CaptionWidth));
+    for (int i = 0; i < columns.size(); ++i) {
+        m_examples->addWidget(createText(columns.at(i), TextStyle::Detail), 0, i + 1);
+    }
+    layout->addLayout(m_examples);
+}
+
+void GalleryPage::addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets)
+{
+    const int row = m_examples->rowCount();
+
+    QVBoxLayout *captions = createColumn(0);
+    captions->addStretch();
+    captions->addWidget(createText(caption, TextStyle::Body));
+    QLabel *detailText = createText(detail, TextStyle::Detail);
+    detailText->setTextInteractionFlags(Qt::TextSelectableByMouse); // for keys that one wants to copy
+    captions->addWidget(detailText);
+    captions->addStretch();
+    m_examples->addLayout(captions, row, 0);
+
+    for (int i = 0; i < widgets.size(); ++i) {
+        QWidget *widget = widgets.at(i);
+        const bool isLast = i == widgets.size() - 1;
+        const Qt::Alignment alignment = isWide(widget) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+        m_examples->addWidget(widget, row, i + 1, 1, isLast ? -1 : 1, alignment);
+    }
+    m_examples->setColumnStretch(m_examples->columnCount() - 1, 1);
+}

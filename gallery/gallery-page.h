@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QDebug>
+#include <QList>
+#include <QMetaMethod>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+class QGridLayout;
+class QVBoxLayout;
+
+/// A page of the gallery: a title, and sections that hold examples in rows.
+class GalleryPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    GalleryPage(const QString &title, const QString &introduction);
+
+    /// Begins a section; @p columns are the headings above the widgets of its examples.
+    void addSection(const QString &title, const QString &description, const QStringList &columns = {});
+
+    /// Adds a row to the section: what is seen there, a quieter line below that for programmers and authors of themes,
+    /// and the widgets. The last widget has the rest of the width to itself.
+    void addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets);
+
+    /// Logs each emission of @p signal, with its arguments, under @p caption.
+    template<typename Sender, typename Class, typename... Arguments>
+    void logSignal(const QString &caption, Sender *sender, void (Class::*signal)(Arguments...));
+
+Q_SIGNALS:
+    void logged(const QString &entry);
+
+private:
+    QVBoxLayout *m_sections;
+    QGridLayout *m_examples = nullptr; // of the last section
+};
+
+/// @p value as the debug stream writes it.
+template<typename Value>
+QString debugText(const Value &value)
+{
+    QString text;
+    QDebug(&text).nospace() << value;
+    return text;
+}
+
+template<typename Sender, typename Class, typename... Arguments>
+void GalleryPage::logSignal(const QString &caption, Sender *sender, void (Class::*signal)(Arguments...))
+{
+    const QString name = QString::fromLatin1(QMetaMethod::fromSignal(signal).name());
+    connect(sender, signal, this, [this, caption, name](const Arguments &...arguments) {
+        QStringList texts;
+        (texts.append(debugText(arguments)), ...);
+        Q_EMIT logged(caption + QStringLiteral(": ") + name + u'(' + texts.join(QStringLiteral(", ")) + u')');
+    });
+}

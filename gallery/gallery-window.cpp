@@ -1,0 +1,153 @@
+#include "gallery-window.h"
+
+#include "chrome.h"
+#include "gallery-page.h"
+#include "log-view.h"
+#include "pages.h"
+
+#include <DPIinfo>
+#include <ImageManager>
+#include <StyleManager>
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QSize WindowSize(1180, 820);
+constexpr int SideBarWidth = 200;
+constexpr int SideBarMargin = 12;
+constexpr int SideBarTopMargin = 32;
+constexpr int SideBarTextMargin = 12;
+constexpr int SideBarSpacing = 16;
+constexpr int LogHeight = 150;
+
+constexpr char ListSheet[] = R"(
+    QListWidget#pageList { background: transparent; border: none; outline: none; }
+    QListWidget#pageList::item { color: #17202B; border: 2px solid transparent; border-radius: 6px; padding: 6px 10px; }
+    QListWidget#pageList::item:hover { background-color: #EEF1F5; }
+    QListWidget#pageList::item:selected { background-color: #DCE8FA; }
+    QListWidget#pageList::item:selected:focus { border-color: #2160C4; })";
+
+QString scaleText()
+{
+    DPIinfo *dpi = DPIinfo::getInstance();
+    return QStringLiteral("Scale %1, ratio %2").arg(dpi->getDPI()).arg(dpi->getDPR());
+}
+
+QScrollArea *createScrollArea(QWidget *content)
+{
+    auto *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+        bar->setStyleSheet(getStyleSheet("component.scrollbar", false));
+    }
+    return area;
+}
+
+} // namespace
+
+GalleryWindow::GalleryWindow(const QString &language) :
+    m_list(new QListWidget), m_pages(new QStackedWidget), m_log(new LogView)
+{
+    setWindowTitle(QStringLiteral("Vela Gallery"));
+    setWindowIcon(QIcon::fromTheme(QStringLiteral("vela-gallery")));
+    if (windowIcon().isNull()) {
+        setWindowIcon(getGlobalImage("app_img", ImageManager::IMAGE_NORMAL));
+    }
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createSideBar(language));
+    layout->addWidget(createContent(), 1);
+    resize(scaled(WindowSize.width()), scaled(WindowSize.height()));
+
+    connect(m_list, &QListWidget::currentRowChanged, this, &GalleryWindow::setCurrentPage);
+    connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
+    m_list->setCurrentRow(0);
+}
+
+void GalleryWindow::showPage(const QString &name)
+{
+    m_list->setCurrentRow(pageNames().indexOf(name));
+}
+
+GalleryPage *GalleryWindow::currentPage() const
+{
+    return qobject_cast<GalleryPage *>(static_cast<QScrollArea *>(m_pages->currentWidget())->widget());
+}
+
+LogView *GalleryWindow::log() const
+{
+    return m_log;
+}
+
+QWidget *GalleryWindow::createSideBar(const QString &language)
+{
+    m_list->setObjectName(QStringLiteral("pageList"));
+    m_list->setStyleSheet(DPIinfo::getInstance()->getScaledStyleSheet(QString::fromLatin1(ListSheet)));
+    m_list->setAccessibleName(QStringLiteral("Pages"));
+    for (const PageEntry &page : galleryPages()) {
+        m_list->addItem(page.title);
+    }
+
+    QLabel *title = createText(QStringLiteral("Vela Components"), TextStyle::SectionTitle);
+    QLabel *state = createText(scaleText() + QStringLiteral("\nLanguage ") + language, TextStyle::Detail);
+    for (QLabel *label : {title, state}) {
+        label->setContentsMargins(scaled(SideBarTextMargin), 0, 0, 0);
+    }
+
+    auto *sideBar = new QWidget;
+    sideBar->setAutoFillBackground(true);
+    sideBar->setBackgroundRole(QPalette::Base);
+    sideBar->setFixedWidth(scaled(SideBarWidth));
+    auto *layout = new QVBoxLayout(sideBar);
+    const int margin = scaled(SideBarMargin);
+    layout->setContentsMargins(margin, scaled(SideBarTopMargin), margin, margin);
+    layout->setSpacing(scaled(SideBarSpacing));
+    layout->addWidget(title);
+    layout->addWidget(m_list);
+    layout->addWidget(state);
+    return sideBar;
+}
+
+QWidget *GalleryWindow::createContent()
+{
+    // A page is made when it is first shown, so that the start does not pay for all of them.
+    for (size_t i = 0; i < galleryPages().size(); ++i) {
+        m_pages->addWidget(createScrollArea(nullptr));
+    }
+
+    auto *splitter = new QSplitter(Qt::Vertical);
+    splitter->setHandleWidth(1);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(m_pages);
+    splitter->addWidget(m_log);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
+    splitter->setSizes({scaled(WindowSize.height() - LogHeight), scaled(LogHeight)});
+    return splitter;
+}
+
+void GalleryWindow::setCurrentPage(int index)
+{
+    auto *area = static_cast<QScrollArea *>(m_pages->widget(index));
+    if (!area->widget()) {
+        const PageEntry &entry = galleryPages().at(static_cast<size_t>(index));
+        GalleryPage *page = entry.create(entry.title);
+        connect(page, &GalleryPage::logged, m_log, &LogView::addSignal);
+        area->setWidget(page);
+    }
+    m_pages->setCurrentIndex(index);
+}

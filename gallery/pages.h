@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+class GalleryPage;
+
+/// A page of the gallery: its name on the command line, its title in the list, and what makes it.
+struct PageEntry
+{
+    QString name;
+    QString title;
+    GalleryPage *(*create)(const QString &title);
+};
+
+/// All pages, in the order of the list.
+const std::vector<PageEntry> &galleryPages();
+
+QStringList pageNames();
+
+GalleryPage *createButtonsPage(const QString &title);

@@ -1,0 +1,47 @@
+#include "platform.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QtGlobal>
+
+namespace {
+
+constexpr char PlatformVariable[] = "QT_QPA_PLATFORM";
+constexpr char FontDpiVariable[] = "QT_FONT_DPI";
+constexpr char OffscreenPlatform[] = "offscreen";
+constexpr int OffscreenFontSize = 10; // points
+
+bool hasNoDisplay = false;
+
+bool isOffscreen()
+{
+    return QGuiApplication::platformName() == QLatin1String(OffscreenPlatform);
+}
+
+} // namespace
+
+void preparePlatform()
+{
+    hasNoDisplay = qEnvironmentVariableIsEmpty(PlatformVariable) && qEnvironmentVariableIsEmpty("DISPLAY")
+        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (hasNoDisplay) {
+        qputenv(PlatformVariable, OffscreenPlatform);
+    }
+    // Of itself that platform has 100 dots per inch, which is no scale that anybody has.
+    if (qgetenv(PlatformVariable).startsWith(OffscreenPlatform) && qEnvironmentVariableIsEmpty(FontDpiVariable)) {
+        qputenv(FontDpiVariable, "96");
+    }
+}
+
+void completePlatform()
+{
+    // No desktop sets a font there; the toolkit's own default is one certain family at a large size.
+    if (isOffscreen()) {
+        QApplication::setFont(QFont(QStringLiteral("Sans Serif"), OffscreenFontSize));
+    }
+}
+
+bool canShowWindows()
+{
+    return !(hasNoDisplay && isOffscreen());
+}

@@ -1,0 +1,93 @@
+#include "widget-states.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWidget>
+
+namespace {
+
+void hover(QWidget *widget)
+{
+    const QPointF centre = widget->rect().center();
+    QEnterEvent event(centre, centre, widget->mapToGlobal(centre.toPoint()));
+    widget->setAttribute(Qt::WA_UnderMouse);
+    QCoreApplication::sendEvent(widget, &event);
+    widget->update();
+}
+
+void press(QWidget *widget)
+{
+    QMouseEvent event(QEvent::MouseButtonPress, widget->rect().center(), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+/// The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
+/// pseudo-states weigh the same where rules compete.
+void showFocusRules(QWidget *widget)
+{
+    QString sheet = widget->styleSheet();
+    sheet.replace(QLatin1String(":!focus"), QLatin1String(":disabled"));
+    sheet.replace(QLatin1String(":focus"), QLatin1String(":enabled"));
+    widget->setStyleSheet(sheet);
+}
+
+/// Takes a widget into its state each time that it is shown, since showing sets it back.
+class Pointer : public QObject
+{
+public:
+    Pointer(QWidget *widget, bool isPressed) : QObject(widget), m_widget(widget), m_isPressed(isPressed)
+    {
+        widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show) {
+            QTimer::singleShot(0, this, [this] { apply(); }); // behind the widget's own handling of the event
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void apply()
+    {
+        hover(m_widget);
+        if (m_isPressed) {
+            press(m_widget);
+        }
+    }
+
+    QWidget *const m_widget;
+    const bool m_isPressed;
+};
+
+} // namespace
+
+void freeze(QWidget *widget, WidgetState state)
+{
+    widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+    widget->setFocusPolicy(Qt::NoFocus);
+    switch (state) {
+    case WidgetState::Hovered:
+        new Pointer(widget, false);
+        break;
+    case WidgetState::Pressed:
+        new Pointer(widget, true);
+        break;
+    case WidgetState::Focused:
+        showFocusRules(widget);
+        break;
+    case WidgetState::Disabled:
+        widget->setEnabled(false);
+        break;
+    }
+}
+
+QStringList stateColumns()
+{
+    return {QStringLiteral("Try it"), QStringLiteral("Hovered"), QStringLiteral("Pressed"), QStringLiteral("Focused"),
+            QStringLiteral("Disabled")};
+}
