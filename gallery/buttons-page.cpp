@@ -49,20 +49,30 @@ constexpr int DiscSize = 24;
 constexpr QRgb NormalDisc = 0xFF8496A9;
 constexpr QRgb HoverDisc = 0xFF2160C4;
 constexpr QRgb PressDisc = 0xFF154287;
-constexpr QRgb DisableDisc = 0xFFC8D2DC;
+constexpr QRgb DisableDisc = 0xFFA7B2BF;
 
-void logButton(GalleryPage *page, const QString &caption, QAbstractButton *button)
+template<typename Button>
+Button *logged(GalleryPage *page, const QString &caption, Button *button)
 {
     page->logSignal(caption, button, &QAbstractButton::pressed);
     page->logSignal(caption, button, &QAbstractButton::released);
     page->logSignal(caption, button, &QAbstractButton::clicked);
+    return button;
 }
 
 VelaButton *createLogged(GalleryPage *page, const QString &text, int kind)
 {
-    auto *button = new VelaButton(text, kind);
-    logButton(page, text, button);
-    return button;
+    return logged(page, text, new VelaButton(text, kind));
+}
+
+/// A button to try, which logs its signals, and the states of others like it.
+template<typename Create>
+void addStates(GalleryPage *page, const QString &caption, const QString &detail, const QString &logCaption,
+               Create create)
+{
+    const QList<QWidget *> widgets = inAllStates(create);
+    logged(page, logCaption, static_cast<QAbstractButton *>(widgets.constFirst()));
+    page->addExample(caption, detail, widgets);
 }
 
 void addTextButtons(GalleryPage *page)
@@ -71,8 +81,8 @@ void addTextButtons(GalleryPage *page)
                      stateColumns());
     for (const TextButtonRow &row : TextButtons) {
         const QString text = QString::fromLatin1(row.text);
-        page->addExample(QString::fromLatin1(row.name), QString::fromLatin1(row.detail),
-                         inAllStates([&] { return createLogged(page, text, row.kind); }));
+        addStates(page, QString::fromLatin1(row.name), QString::fromLatin1(row.detail), text,
+                  [&] { return new VelaButton(text, row.kind); });
     }
 }
 
@@ -131,21 +141,15 @@ void addIconButtons(GalleryPage *page)
         QStringLiteral("VelaIconButton"),
         QStringLiteral("Image buttons (component.icon_button). The image follows the state of the button."),
         stateColumns());
-    const auto addRow = [page](const QString &caption, const QString &detail, auto create) {
-        page->addExample(caption, detail, inAllStates([&] {
-                             VelaIconButton *button = create();
-                             logButton(page, caption, button);
-                             return button;
-                         }));
-    };
     for (const IconButtonRow &row : IconButtons) {
         const QString image = QString::fromLatin1(row.image);
         const QString toolTip = QString::fromLatin1(row.toolTip);
-        addRow(toolTip, image, [&] { return createIconButton(image, toolTip); });
+        addStates(page, toolTip, image, toolTip, [&] { return createIconButton(image, toolTip); });
     }
-    addRow(QStringLiteral("One pixmap"), QStringLiteral("the same in every state"),
-           [] { return new VelaIconButton(createDisc(NormalDisc)); });
-    addRow(QStringLiteral("Four pixmaps"), QStringLiteral("setHoverIcon() and the like"), createDiscButton);
+    addStates(page, QStringLiteral("One pixmap"), QStringLiteral("VelaIconButton(pixmap)"),
+              QStringLiteral("One pixmap"), [] { return new VelaIconButton(createDisc(NormalDisc)); });
+    addStates(page, QStringLiteral("Four pixmaps"), QStringLiteral("setHoverIcon() and the like"),
+              QStringLiteral("Four pixmaps"), createDiscButton);
 }
 
 VelaMenu *createMenu(GalleryPage *page, VelaIconButton *button)
@@ -166,12 +170,13 @@ void addChanges(GalleryPage *page)
     page->addSection(QStringLiteral("Icon buttons at work"), QStringLiteral("A menu opens at the first press."));
 
     VelaIconButton *withMenu = createIconButton(QStringLiteral("bt_search_dropdown"), QStringLiteral("More"));
+    logged(page, QStringLiteral("More"), withMenu);
     withMenu->setMenu(createMenu(page, withMenu));
     page->addExample(QStringLiteral("With a menu"), QStringLiteral("setMenu()"), {withMenu});
 
     VelaIconButton *changed =
         createIconButton(QStringLiteral("bt_add"), QStringLiteral("Changed by the buttons beside it"));
-    logButton(page, QStringLiteral("Changed button"), changed);
+    logged(page, QStringLiteral("Changed button"), changed);
     auto *help = createLogged(page, QStringLiteral("Help image"), VelaButton::DefaultButton);
     auto *unknown = createLogged(page, QStringLiteral("Unknown image"), VelaButton::DefaultButton);
     auto *enable = createLogged(page, QStringLiteral("Disable or enable"), VelaButton::DefaultButton);

@@ -8,15 +8,7 @@
 
 namespace {
 
-constexpr QRgb Text = 0xFF17202B;
-constexpr QRgb QuietText = 0xFF45525F;
-constexpr QRgb DisabledText = 0xFF667382;
-constexpr QRgb Surface = 0xFFFFFFFF;
-constexpr QRgb Page = 0xFFF5F7FA;
-constexpr QRgb QuietSurface = 0xFFE6ECF3;
-constexpr QRgb Line = 0xFFE4E9EF;
-constexpr QRgb Accent = 0xFF2160C4;
-constexpr QRgb ToolTip = 0xFF2B3542;
+using namespace Color;
 
 struct ColorRow
 {

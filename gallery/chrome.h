@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRgb>
 #include <QString>
 
 class QLabel;
@@ -8,6 +9,21 @@ class QPalette;
 /// The look of the gallery itself: what stands around the library's widgets.
 ///
 /// No widget that holds widgets of the library is given a style sheet, since it would reach into them.
+
+namespace Color {
+
+constexpr QRgb Text = 0xFF17202B;
+constexpr QRgb QuietText = 0xFF45525F;
+constexpr QRgb DisabledText = 0xFF667382;
+constexpr QRgb Surface = 0xFFFFFFFF;
+constexpr QRgb Page = 0xFFF5F7FA;
+constexpr QRgb QuietSurface = 0xFFE6ECF3;
+constexpr QRgb Line = 0xFFE4E9EF;
+constexpr QRgb Accent = 0xFF2160C4;
+constexpr QRgb Warning = 0xFFA92732;
+constexpr QRgb ToolTip = 0xFF2B3542;
+
+} // namespace Color
 
 /// @p logicalPixels times the screen's scale, truncated as the library does.
 int scaled(int logicalPixels);

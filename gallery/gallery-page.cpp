@@ -15,9 +15,11 @@ constexpr int SectionSpacing = 20;
 constexpr int SectionMargin = 24;
 constexpr int SectionRadius = 10;
 constexpr int TitleSpacing = 4;
-constexpr int CaptionWidth = 210;
-constexpr int ColumnSpacing = 24;
+constexpr int CaptionWidth = 224;
+constexpr int ColumnWidth = 96;
+constexpr int ColumnSpacing = 16;
 constexpr int RowSpacing = 14;
+constexpr int RowItemSpacing = 12;
 
 /// White area with round corners. It is painted, since a style sheet would reach the widgets on it.
 class SectionFrame : public QFrame
@@ -49,10 +51,32 @@ QVBoxLayout *createColumn(int spacing)
     return layout;
 }
 
-/// Whether @p widget wants all the width there is.
-bool isWide(const QWidget *widget)
+QVBoxLayout *createCaptions(const QString &caption, const QString &detail)
 {
-    return widget->sizePolicy().expandingDirections().testFlag(Qt::Horizontal);
+    QVBoxLayout *layout = createColumn(0);
+    layout->addStretch();
+    layout->addWidget(createText(caption, TextStyle::Body));
+    if (!detail.isEmpty()) {
+        QLabel *detailText = createText(detail, TextStyle::Detail);
+        detailText->setTextInteractionFlags(Qt::TextSelectableByMouse); // for keys that one wants to copy
+        layout->addWidget(detailText);
+    }
+    layout->addStretch();
+    return layout;
+}
+
+/// The widgets side by side, at the left unless one of them wants all the width there is.
+QHBoxLayout *createRow(const QList<QWidget *> &widgets)
+{
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(scaled(RowItemSpacing));
+    for (QWidget *widget : widgets) {
+        layout->addWidget(widget);
+    }
+    if (!layout->expandingDirections().testFlag(Qt::Horizontal)) {
+        layout->addStretch();
+    }
+    return layout;
 }
 
 } // namespace
@@ -93,30 +117,26 @@ void GalleryPage::addSection(const QString &title, const QString &description, c
     m_examples->setHorizontalSpacing(scaled(ColumnSpacing));
     m_examples->setVerticalSpacing(scaled(RowSpacing));
     m_examples->setColumnMinimumWidth(0, scaled(CaptionWidth));
+    m_hasColumns = !columns.isEmpty();
     for (int i = 0; i < columns.size(); ++i) {
         m_examples->addWidget(createText(columns.at(i), TextStyle::Detail), 0, i + 1);
+        m_examples->setColumnMinimumWidth(i + 1, scaled(ColumnWidth));
     }
+    m_examples->setColumnStretch(columns.size() + 1, 1);
     layout->addLayout(m_examples);
 }
 
 void GalleryPage::addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets)
 {
     const int row = m_examples->rowCount();
-
-    QVBoxLayout *captions = createColumn(0);
-    captions->addStretch();
-    captions->addWidget(createText(caption, TextStyle::Body));
-    QLabel *detailText = createText(detail, TextStyle::Detail);
-    detailText->setTextInteractionFlags(Qt::TextSelectableByMouse); // for keys that one wants to copy
-    captions->addWidget(detailText);
-    captions->addStretch();
-    m_examples->addLayout(captions, row, 0);
-
-    for (int i = 0; i < widgets.size(); ++i) {
-        QWidget *widget = widgets.at(i);
-        const bool isLast = i == widgets.size() - 1;
-        const Qt::Alignment alignment = isWide(widget) ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
-        m_examples->addWidget(widget, row, i + 1, 1, isLast ? -1 : 1, alignment);
+    m_examples->addLayout(createCaptions(caption, detail), row, 0);
+    if (!m_hasColumns) {
+        m_examples->addLayout(createRow(widgets), row, 1);
+        return;
     }
-    m_examples->setColumnStretch(m_examples->columnCount() - 1, 1);
+    for (int i = 0; i < widgets.size(); ++i) {
+        if (widgets.at(i)) {
+            m_examples->addWidget(widgets.at(i), row, i + 1, Qt::AlignLeft | Qt::AlignVCenter);
+        }
+    }
 }

@@ -18,11 +18,12 @@ class GalleryPage : public QWidget
 public:
     GalleryPage(const QString &title, const QString &introduction);
 
-    /// Begins a section; @p columns are the headings above the widgets of its examples.
+    /// Begins a section; @p columns are the headings above the widgets of its examples. Without headings the widgets
+    /// stand side by side in no columns.
     void addSection(const QString &title, const QString &description, const QStringList &columns = {});
 
     /// Adds a row to the section: what is seen there, a quieter line below that for programmers and authors of themes,
-    /// and the widgets. The last widget has the rest of the width to itself.
+    /// and the widgets, of which a null one leaves its column empty.
     void addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets);
 
     /// Logs each emission of @p signal, with its arguments, under @p caption.
@@ -35,6 +36,7 @@ Q_SIGNALS:
 private:
     QVBoxLayout *m_sections;
     QGridLayout *m_examples = nullptr; // of the last section
+    bool m_hasColumns = false; // of the last section
 };
 
 /// @p value as the debug stream writes it.

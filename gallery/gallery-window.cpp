@@ -75,7 +75,6 @@ GalleryWindow::GalleryWindow(const QString &language) :
 
     connect(m_list, &QListWidget::currentRowChanged, this, &GalleryWindow::setCurrentPage);
     connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
-    m_list->setCurrentRow(0);
 }
 
 void GalleryWindow::showPage(const QString &name)

@@ -20,7 +20,7 @@ public:
     /// Shows the page of that name, which is made when it is first shown.
     void showPage(const QString &name);
 
-    /// The page that is shown.
+    /// The page that is shown; there is one once showPage() has been called.
     GalleryPage *currentPage() const;
 
     LogView *log() const;

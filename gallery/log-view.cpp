@@ -18,9 +18,11 @@ constexpr int Margin = 12;
 constexpr int SideMargin = 32;
 constexpr int Spacing = 6;
 constexpr int MaximumLines = 1000;
-constexpr char TimeColor[] = "#667382";
-constexpr char SignalColor[] = "#17202B";
-constexpr char WarningColor[] = "#A92732";
+
+QString colored(const QString &text, QRgb color)
+{
+    return QStringLiteral("<span style=\"color:%1\">%2</span>").arg(QColor(color).name(), text.toHtmlEscaped());
+}
 
 } // namespace
 
@@ -57,18 +59,16 @@ LogView::LogView() : m_text(new QPlainTextEdit)
 
 void LogView::addSignal(const QString &text)
 {
-    add(text, QString::fromLatin1(SignalColor));
+    add(text, Color::Text);
 }
 
 void LogView::addWarning(const QString &text)
 {
-    add(QStringLiteral("Warning: ") + text, QString::fromLatin1(WarningColor));
+    add(QStringLiteral("Warning: ") + text, Color::Warning);
 }
 
-void LogView::add(const QString &text, const QString &color)
+void LogView::add(const QString &text, QRgb color)
 {
     const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-    m_text->appendHtml(
-        QStringLiteral("<span style=\"color:%1\">%2</span>&nbsp;&nbsp; <span style=\"color:%3\">%4</span>")
-            .arg(QString::fromLatin1(TimeColor), time, color, text.toHtmlEscaped()));
+    m_text->appendHtml(colored(time, Color::DisabledText) + QStringLiteral("&nbsp;&nbsp; ") + colored(text, color));
 }

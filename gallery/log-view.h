@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRgb>
 #include <QString>
 #include <QWidget>
 
@@ -17,7 +18,7 @@ public:
     void addWarning(const QString &text);
 
 private:
-    void add(const QString &text, const QString &color);
+    void add(const QString &text, QRgb color);
 
     QPlainTextEdit *m_text;
 };

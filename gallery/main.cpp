@@ -46,7 +46,8 @@ int run(const CommandLine &commandLine)
     }
     const WarningLog warningLog;
     resources.install(commandLine.imageLoading());
-    for (const QString &warning : resources.warnings()) {
+    const QStringList warnings = resources.warnings();
+    for (const QString &warning : warnings) {
         warn(warning);
     }
 

@@ -4,6 +4,12 @@ const std::vector<PageEntry> &galleryPages()
 {
     static const std::vector<PageEntry> pages {
         {QStringLiteral("buttons"), QStringLiteral("Buttons"), createButtonsPage},
+        {QStringLiteral("inputs"), QStringLiteral("Inputs"), createInputsPage},
+        {QStringLiteral("menus"), QStringLiteral("Menus"), createMenusPage},
+        {QStringLiteral("bars"), QStringLiteral("Filter and footbar"), createBarsPage},
+        {QStringLiteral("messages"), QStringLiteral("Messages"), createMessagesPage},
+        {QStringLiteral("input-sheet"), QStringLiteral("Input sheet"), createInputSheetPage},
+        {QStringLiteral("countdown"), QStringLiteral("Countdown"), createCountdownPage},
     };
     return pages;
 }

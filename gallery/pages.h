@@ -20,4 +20,10 @@ const std::vector<PageEntry> &galleryPages();
 
 QStringList pageNames();
 
+GalleryPage *createBarsPage(const QString &title);
 GalleryPage *createButtonsPage(const QString &title);
+GalleryPage *createCountdownPage(const QString &title);
+GalleryPage *createInputSheetPage(const QString &title);
+GalleryPage *createInputsPage(const QString &title);
+GalleryPage *createMenusPage(const QString &title);
+GalleryPage *createMessagesPage(const QString &title);

@@ -4,9 +4,14 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QTimer>
-#include <QWidget>
 
 namespace {
+
+void sendMouse(QWidget *widget, QEvent::Type type, Qt::MouseButton button)
+{
+    QMouseEvent event(type, widget->rect().center(), button, button, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
 
 void hover(QWidget *widget)
 {
@@ -14,14 +19,8 @@ void hover(QWidget *widget)
     QEnterEvent event(centre, centre, widget->mapToGlobal(centre.toPoint()));
     widget->setAttribute(Qt::WA_UnderMouse);
     QCoreApplication::sendEvent(widget, &event);
+    sendMouse(widget, QEvent::MouseMove, Qt::NoButton); // buttons take themselves for hovered only after a move
     widget->update();
-}
-
-void press(QWidget *widget)
-{
-    QMouseEvent event(QEvent::MouseButtonPress, widget->rect().center(), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &event);
 }
 
 /// The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
@@ -56,7 +55,7 @@ private:
     {
         hover(m_widget);
         if (m_isPressed) {
-            press(m_widget);
+            sendMouse(m_widget, QEvent::MouseButtonPress, Qt::LeftButton);
         }
     }
 
@@ -66,24 +65,23 @@ private:
 
 } // namespace
 
-void freeze(QWidget *widget, WidgetState state)
+bool freeze(QWidget *widget, WidgetState state)
 {
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     widget->setFocusPolicy(Qt::NoFocus);
     switch (state) {
     case WidgetState::Hovered:
-        new Pointer(widget, false);
-        break;
     case WidgetState::Pressed:
-        new Pointer(widget, true);
-        break;
+        new Pointer(widget, state == WidgetState::Pressed);
+        return true;
     case WidgetState::Focused:
         showFocusRules(widget);
-        break;
+        return !widget->styleSheet().isEmpty();
     case WidgetState::Disabled:
         widget->setEnabled(false);
-        break;
+        return true;
     }
+    return false;
 }
 
 QStringList stateColumns()

@@ -2,8 +2,7 @@
 
 #include <QList>
 #include <QStringList>
-
-class QWidget;
+#include <QWidget>
 
 /// A state that only one widget at a time, or none, is in while a person looks on.
 enum class WidgetState {
@@ -13,21 +12,26 @@ enum class WidgetState {
     Disabled,
 };
 
-/// Makes @p widget a picture of itself in @p state, which neither pointer nor keyboard changes.
-void freeze(QWidget *widget, WidgetState state);
+/// Makes @p widget a picture of itself in @p state, which neither pointer nor keyboard changes. False when that cannot
+/// be done: the focused state is known of widgets with a style sheet only.
+bool freeze(QWidget *widget, WidgetState state);
 
 /// Column headings for the widgets of inAllStates().
 QStringList stateColumns();
 
-/// Of what @p create makes one to try, and behind it one frozen in each state.
+/// Of what @p create makes one to try, and behind it one frozen in each state, or null where that cannot be done.
 template<typename Create>
 QList<QWidget *> inAllStates(Create create)
 {
     QList<QWidget *> widgets {create()};
     for (const WidgetState state :
          {WidgetState::Hovered, WidgetState::Pressed, WidgetState::Focused, WidgetState::Disabled}) {
-        widgets.append(create());
-        freeze(widgets.constLast(), state);
+        QWidget *widget = create();
+        if (!freeze(widget, state)) {
+            delete widget;
+            widget = nullptr;
+        }
+        widgets.append(widget);
     }
     return widgets;
 }

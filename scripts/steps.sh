@@ -17,7 +17,7 @@ step()
 {
     local name=$1 start=$SECONDS output
     shift
-    printf '  %-34s' "$name"
+    printf '  %-44s' "$name"
     if output=$("$@" 2>&1 </dev/null); then
         passed=$((passed + 1))
         printf ' ok      %6s\n' "$(seconds_as_text $((SECONDS - start)))"

@@ -14,8 +14,8 @@ class QWidget;
 /// `debug.message.warning=false`; while it is off nothing is formatted.
 VELA_EXPORT Q_DECLARE_LOGGING_CATEGORY(debug_message)
 
-    /// Which widgets accessibleList() collects.
-    class VELA_EXPORT AccessibleFilter
+/// Which widgets accessibleList() collects.
+class VELA_EXPORT AccessibleFilter
 {
 public:
     /// Lets every visible widget pass, those that take no focus too.

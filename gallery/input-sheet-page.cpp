@@ -1,0 +1,67 @@
+#include "chrome.h"
+#include "gallery-page.h"
+#include "pages.h"
+
+#include <VelaButton>
+#include <VelaInputSheet>
+#include <VelaMask>
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int StageWidth = 560; // of a window that the pictured sheet is made for
+const QColor MaskColor(0, 0, 0, 20);
+
+QString prompt()
+{
+    return QStringLiteral("Name of the new folder:");
+}
+
+QWidget *createPicture()
+{
+    auto *stage = new QWidget;
+    stage->resize(scaled(StageWidth), scaled(StageWidth));
+    stage->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto *sheet = new VelaInputSheet(prompt(), stage);
+    sheet->getLineEdit()->setText(QStringLiteral("Holidays"));
+    auto *layout = new QHBoxLayout(stage);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(sheet);
+    sheet->button(QMessageBox::Ok)->ensurePolished(); // for its height to be reckoned with from the start
+    sheet->button(QMessageBox::Discard)->ensurePolished();
+    sheet->updateGeometry();
+    return stage;
+}
+
+QWidget *createOpener(GalleryPage *page, bool blocksClose)
+{
+    auto *button = new VelaButton(QStringLiteral("Ask"), VelaButton::DefaultButton);
+    QObject::connect(button, &VelaButton::clicked, page, [page, blocksClose] {
+        VelaInputSheet sheet(prompt(), page);
+        sheet.setBlockWindowButton(blocksClose);
+        sheet.getLineEdit()->setPlaceholderText(QStringLiteral("Folder"));
+        VelaMask::createMask(&sheet, page->window(), MaskColor);
+        const int result = sheet.exec();
+        Q_EMIT page->logged(
+            QStringLiteral("Input sheet: returned 0x%1, \"%2\"").arg(QString::number(result, 16), sheet.getContent()));
+    });
+    return button;
+}
+
+} // namespace
+
+GalleryPage *createInputSheetPage(const QString &title)
+{
+    auto *page = new GalleryPage(title, QStringLiteral("VelaInputSheet asks for a line of text inside its window."));
+    page->addSection(QStringLiteral("Try it"),
+                     QStringLiteral("Return accepts, Escape does not; the text stays either way."));
+    page->addExample(QStringLiteral("Over the dimmed window"), QStringLiteral("exec()"), {createOpener(page, true)});
+    page->addExample(QStringLiteral("The window may be closed"), QStringLiteral("setBlockWindowButton(false)"),
+                     {createOpener(page, false)});
+    page->addSection(QStringLiteral("Look"), QStringLiteral("component.message_sheet_other, component.lineedit"));
+    page->addExample(QStringLiteral("Sheet"), {}, {createPicture()});
+    return page;
+}

@@ -1,0 +1,483 @@
+#include "support/environment.h"
+#include "support/resource-folder.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr int PatienceMs = 60000;
+constexpr int StayMs = 1000;
+constexpr QSize SmallestPage(700, 500); // logical pixels
+constexpr int FewestColors = 50;
+
+struct Result
+{
+    int exitCode;
+    QString output;
+    QString errors;
+};
+
+/// Something to break in a theme folder that is otherwise whole.
+struct Damage
+{
+    const char *name;
+    void (*make)(const ResourceFolder &theme);
+    const char *error;
+};
+
+const Damage Damages[] = {
+    {"no list of images",
+     [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/images.json")); },
+     "Cannot read '%1/images.json': No such file or directory."},
+    {"malformed list of images",
+     [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("images.json"), "{\"images\": "); },
+     "'%1/images.json' is malformed at byte "},
+    {"list of images without an object",
+     [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("images.json"), "[]"); },
+     "'%1/images.json' is malformed: there is no object in it."},
+    {"malformed texts", [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "ok"); },
+     "'%1/strings/enu.json' is malformed at byte "},
+    {"texts without an object",
+     [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "[1]"); },
+     "'%1/strings/enu.json' is malformed: there is no object in it."},
+    {"a text that is a number",
+     [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "{\"cancel\": 1}"); },
+     "'%1/strings/enu.json' is malformed: the value of \"cancel\" is no text."},
+    {"no texts", [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/strings/enu.json")); },
+     "There are no texts (*.json) in '%1/strings'."},
+    {"no style sheets",
+     [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/styles/a.qss")); },
+     "There are no style sheets (*.qss) in '%1/styles'."},
+};
+
+QByteArray applyButtonSheet(const char *color)
+{
+    return QByteArray("== component.apply_button ==\nQPushButton { background-color: ") + color + "; border: none; }\n";
+}
+
+/// A theme that is as small as can be.
+void writeTheme(const ResourceFolder &theme)
+{
+    theme.writeCatalogue({}, {});
+    theme.writeFile(QStringLiteral("strings/enu.json"), R"({"ok": "OK", "cancel": "Cancel"})");
+    theme.writeFile(QStringLiteral("styles/a.qss"), applyButtonSheet("#ff0000"));
+}
+
+QSet<QRgb> colorsOf(const QImage &image)
+{
+    QSet<QRgb> colors;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            colors.insert(image.pixel(x, y));
+        }
+    }
+    return colors;
+}
+
+} // namespace
+
+/// Runs the program as a person would.
+class GalleryTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void helpNamesEveryOption();
+    void theVersionIsTheLibrarys();
+    void pagesAreListed();
+    void helpNeedsNoDisplayThatCanBeReached_data();
+    void helpNeedsNoDisplayThatCanBeReached();
+
+    void wrongArgumentsAreErrors_data();
+    void wrongArgumentsAreErrors();
+    void optionsOfTheToolkitAreNone();
+
+    void theWindowStaysOpen();
+    void withoutADisplayThereIsNoWindow();
+
+    void screenshotsShowEveryPageAndTheWindow();
+    void screenshotsCanBeOfOnePage();
+    void screenshotsNeedNoDisplay();
+    void screenshotsWithoutADisplayAreAtScaleOne();
+    void screenshotsThatCannotBeWrittenAreAnError();
+
+    void aLanguageChangesTheTexts();
+    void theDefaultLanguageIsTheSystems();
+    void anUnknownLanguageIsAnError();
+    void textsMissingInTheSystemsLanguageAreEnglish();
+    void textsMissingInTheSystemsLanguageAndEnglishAreAnError();
+
+    void preloadedImagesLookTheSame();
+
+    void anotherThemeIsShown();
+    void aThemeMayBeGivenRelatively();
+    void styleSheetsAreReadInTheOrderOfTheirNames();
+    void aMissingThemeFolderIsAnError();
+    void aDamagedThemeIsAnError_data();
+    void aDamagedThemeIsAnError();
+    void anUnwritableUserFolderIsAWarning();
+
+private:
+    Result run(const QStringList &arguments) const;
+    Result runForScreenshots(QStringList arguments = {}) const;
+    QString screenshotPath(const QString &name) const;
+    QImage screenshot(const QString &name) const;
+    void removeDisplay();
+
+    QScopedPointer<QTemporaryDir> m_folder;
+    QProcessEnvironment m_environment;
+};
+
+void GalleryTest::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    m_environment = QProcessEnvironment::systemEnvironment();
+    m_environment.insert(QStringLiteral("XDG_DATA_HOME"), m_folder->filePath(QStringLiteral("data")));
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("en_US.UTF-8"));
+}
+
+Result GalleryTest::run(const QStringList &arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_folder->path());
+    process.start(QStringLiteral(VELA_GALLERY), arguments);
+    const bool hasEnded = process.waitForFinished(PatienceMs) && process.exitStatus() == QProcess::NormalExit;
+    return {hasEnded ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+Result GalleryTest::runForScreenshots(QStringList arguments) const
+{
+    return run(arguments << QStringLiteral("--screenshots") << m_folder->filePath(QStringLiteral("shots")));
+}
+
+QString GalleryTest::screenshotPath(const QString &name) const
+{
+    return m_folder->filePath(QStringLiteral("shots/") + name + QStringLiteral(".png"));
+}
+
+QImage GalleryTest::screenshot(const QString &name) const
+{
+    return QImage(screenshotPath(name)).convertToFormat(QImage::Format_RGB32);
+}
+
+void GalleryTest::removeDisplay()
+{
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        m_environment.remove(QString::fromLatin1(name));
+    }
+}
+
+void GalleryTest::helpNamesEveryOption()
+{
+    const Result result = run({QStringLiteral("--help")});
+    QCOMPARE(result.exitCode, 0);
+    for (const char *option : {"--help", "--version", "--page <NAME>", "--list-pages", "--language <CODE>",
+                               "--resources <DIR>", "--lazy", "--preload", "--screenshots <DIR>"}) {
+        QVERIFY2(result.output.contains(QString::fromLatin1(option)), option);
+    }
+}
+
+void GalleryTest::theVersionIsTheLibrarys()
+{
+    const Result result = run({QStringLiteral("--version")});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.output, QStringLiteral("vela-gallery 1.0.0\n"));
+}
+
+void GalleryTest::pagesAreListed()
+{
+    const Result result = run({QStringLiteral("--list-pages")});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(result.output.split(u'\n').contains(QStringLiteral("buttons")));
+}
+
+void GalleryTest::helpNeedsNoDisplayThatCanBeReached_data()
+{
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<QString>("option");
+    for (const char *display : {"", ":7654"}) {
+        for (const char *option : {"--help", "--version", "--list-pages"}) {
+            QTest::addRow("%s %s", display, option) << QString::fromLatin1(display) << QString::fromLatin1(option);
+        }
+    }
+}
+
+void GalleryTest::helpNeedsNoDisplayThatCanBeReached()
+{
+    QFETCH(QString, display);
+    QFETCH(QString, option);
+    removeDisplay();
+    m_environment.insert(QStringLiteral("DISPLAY"), display);
+    const Result result = run({option});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(!result.output.isEmpty());
+    QCOMPARE(result.errors, QString());
+}
+
+void GalleryTest::wrongArgumentsAreErrors_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("error");
+
+    const auto row = [](const char *arguments, const char *error) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments).split(u' ') << QString::fromLatin1(error);
+    };
+    row("--unheard-of", "Unknown option 'unheard-of'.");
+    row("--page", "Missing value after '--page'.");
+    row("--page no-such-page", "There is no page 'no-such-page'. There are: buttons");
+    row("--page Buttons", "There is no page 'Buttons'. There are: buttons");
+    row("--list-pages --page no-such-page", "There is no page 'no-such-page'. There are: buttons");
+    row("--lazy --preload", "Either '--lazy' or '--preload' can be given, not both.");
+    row("buttons", "Unexpected argument 'buttons'.");
+    row("--help too", "Unexpected argument 'too'.");
+    row("--lazy=no", "Unexpected value after '--lazy'.");
+    row("--screenshots=", "Missing value after '--screenshots'.");
+    row("--screenshots ", "The value of '--screenshots' is empty.");
+    row("--resources ", "The value of '--resources' is empty.");
+    row("--language ", "The value of '--language' is empty.");
+}
+
+void GalleryTest::wrongArgumentsAreErrors()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, error);
+    const Result result = run(arguments);
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: ") + error), qPrintable(result.errors));
+}
+
+void GalleryTest::optionsOfTheToolkitAreNone()
+{
+    const Result result = runForScreenshots({QStringLiteral("-style"), QStringLiteral("windows")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+}
+
+void GalleryTest::theWindowStaysOpen()
+{
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(QStringLiteral(VELA_GALLERY), {});
+    QVERIFY(process.waitForStarted(PatienceMs));
+    QVERIFY2(!process.waitForFinished(StayMs), process.readAllStandardError().constData());
+    process.terminate();
+    QVERIFY(process.waitForFinished(PatienceMs));
+}
+
+void GalleryTest::withoutADisplayThereIsNoWindow()
+{
+    removeDisplay();
+    const Result result = run({});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: There is no display. '--screenshots DIR' renders the "
+                                                   "pages without one.")),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::screenshotsShowEveryPageAndTheWindow()
+{
+    QStringList names = run({QStringLiteral("--list-pages")}).output.split(u'\n', Qt::SkipEmptyParts);
+    names.append(QStringLiteral("main-window"));
+
+    const Result result = runForScreenshots();
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QStringList paths;
+    for (const QString &name : qAsConst(names)) {
+        paths.append(screenshotPath(name));
+        const QImage image = screenshot(name);
+        QVERIFY2(image.width() > expectedPixels(SmallestPage.width()) * expectedRatio(), qPrintable(name));
+        QVERIFY2(image.height() > expectedPixels(SmallestPage.height()) * expectedRatio(), qPrintable(name));
+        QVERIFY2(colorsOf(image).size() > FewestColors, qPrintable(name));
+    }
+    QCOMPARE(result.output.split(u'\n', Qt::SkipEmptyParts), paths);
+}
+
+void GalleryTest::screenshotsCanBeOfOnePage()
+{
+    const Result result = runForScreenshots({QStringLiteral("--page"), QStringLiteral("buttons")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QCOMPARE(QDir(m_folder->filePath(QStringLiteral("shots"))).entryList(QDir::Files, QDir::Name),
+             QStringList({QStringLiteral("buttons.png"), QStringLiteral("main-window.png")}));
+}
+
+void GalleryTest::screenshotsNeedNoDisplay()
+{
+    removeDisplay();
+    const Result result = runForScreenshots();
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).size() > FewestColors);
+}
+
+void GalleryTest::screenshotsWithoutADisplayAreAtScaleOne()
+{
+    removeDisplay();
+    m_environment.remove(QStringLiteral("QT_FONT_DPI"));
+    QCOMPARE(runForScreenshots().exitCode, 0);
+    const QImage ofItself = screenshot(QStringLiteral("buttons"));
+    m_environment.insert(QStringLiteral("QT_FONT_DPI"), QStringLiteral("96"));
+    QCOMPARE(runForScreenshots().exitCode, 0);
+    QCOMPARE(ofItself, screenshot(QStringLiteral("buttons")));
+}
+
+void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
+{
+    const QString shots = m_folder->filePath(QStringLiteral("shots"));
+    QVERIFY(QDir().mkpath(shots + QStringLiteral("/buttons.png")));
+    Result result = runForScreenshots();
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot write '%1/buttons.png'.").arg(shots)),
+             qPrintable(result.errors));
+
+    QVERIFY(QDir(shots).removeRecursively());
+    QFile file(shots);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    result = runForScreenshots();
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot make the folder '%1'.").arg(shots)),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::aLanguageChangesTheTexts()
+{
+    QCOMPARE(runForScreenshots({QStringLiteral("--language"), QStringLiteral("enu")}).exitCode, 0);
+    const QImage english = screenshot(QStringLiteral("buttons"));
+    const Result result = runForScreenshots({QStringLiteral("--language"), QStringLiteral("deu")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QVERIFY(english != screenshot(QStringLiteral("buttons")));
+}
+
+void GalleryTest::theDefaultLanguageIsTheSystems()
+{
+    QCOMPARE(runForScreenshots({QStringLiteral("--language"), QStringLiteral("deu")}).exitCode, 0);
+    const QImage german = screenshot(QStringLiteral("buttons"));
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_AT.UTF-8"));
+    QCOMPARE(runForScreenshots().exitCode, 0);
+    QCOMPARE(screenshot(QStringLiteral("buttons")), german);
+}
+
+void GalleryTest::anUnknownLanguageIsAnError()
+{
+    const Result result = runForScreenshots({QStringLiteral("--language"), QStringLiteral("xyz")});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral(
+                 "vela-gallery: There are no texts in the language 'xyz'. There are: chs, cht, csy, dan, deu, enu, ")),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::textsMissingInTheSystemsLanguageAreEnglish()
+{
+    const ResourceFolder theme;
+    writeTheme(theme);
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.errors.contains(QStringLiteral(
+                 "vela-gallery: There are no texts in the system's language 'deu', so they are in 'enu'.")),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::textsMissingInTheSystemsLanguageAndEnglishAreAnError()
+{
+    const ResourceFolder theme;
+    writeTheme(theme);
+    QVERIFY(QFile::rename(theme.path() + QStringLiteral("/strings/enu.json"),
+                          theme.path() + QStringLiteral("/strings/fra.json")));
+    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(
+                 QStringLiteral("vela-gallery: There are no texts in the language 'enu'. There are: fra.")),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::preloadedImagesLookTheSame()
+{
+    QCOMPARE(runForScreenshots({QStringLiteral("--lazy")}).exitCode, 0);
+    const QImage lazy = screenshot(QStringLiteral("buttons"));
+    QCOMPARE(runForScreenshots({QStringLiteral("--preload")}).exitCode, 0);
+    QCOMPARE(screenshot(QStringLiteral("buttons")), lazy);
+}
+
+void GalleryTest::anotherThemeIsShown()
+{
+    const ResourceFolder theme;
+    writeTheme(theme);
+    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
+}
+
+void GalleryTest::aThemeMayBeGivenRelatively()
+{
+    const ResourceFolder theme;
+    writeTheme(theme);
+    const QString relative = QDir(m_folder->path()).relativeFilePath(theme.path()) + u'/';
+    const Result result = runForScreenshots({QStringLiteral("--resources"), relative});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
+}
+
+void GalleryTest::styleSheetsAreReadInTheOrderOfTheirNames()
+{
+    const ResourceFolder theme;
+    theme.writeFile(QStringLiteral("styles/b.qss"), applyButtonSheet("#00ff00"));
+    writeTheme(theme);
+    QCOMPARE(runForScreenshots({QStringLiteral("--resources"), theme.path()}).exitCode, 0);
+    const QSet<QRgb> colors = colorsOf(screenshot(QStringLiteral("buttons")));
+    QVERIFY(colors.contains(qRgb(0, 255, 0)));
+    QVERIFY(!colors.contains(qRgb(255, 0, 0)));
+}
+
+void GalleryTest::aMissingThemeFolderIsAnError()
+{
+    const QString missing = m_folder->filePath(QStringLiteral("missing"));
+    const Result result = runForScreenshots({QStringLiteral("--resources"), missing});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: There is no theme folder '%1'.").arg(missing)),
+             qPrintable(result.errors));
+}
+
+void GalleryTest::aDamagedThemeIsAnError_data()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const Damage &damage : Damages) {
+        QTest::newRow(damage.name) << index++;
+    }
+}
+
+void GalleryTest::aDamagedThemeIsAnError()
+{
+    QFETCH(int, index);
+    const ResourceFolder theme;
+    writeTheme(theme);
+    Damages[index].make(theme);
+    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    const QString error = QString::fromLatin1(Damages[index].error).replace(QLatin1String("%1"), theme.path());
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: ") + error), qPrintable(result.errors));
+}
+
+void GalleryTest::anUnwritableUserFolderIsAWarning()
+{
+    const QString path = m_folder->filePath(QStringLiteral("data"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const Result result = runForScreenshots();
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot write to '%1/vela-gallery'").arg(path)),
+             qPrintable(result.errors));
+}
+
+QTEST_GUILESS_MAIN(GalleryTest)
+
+#include "tst_gallery.moc"

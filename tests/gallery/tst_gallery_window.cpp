@@ -1,0 +1,147 @@
+#include "gallery-page.h"
+#include "gallery-window.h"
+#include "log-view.h"
+#include "pages.h"
+#include "support/log-capture.h"
+#include "support/resource-folder.h"
+#include "warning-log.h"
+
+#include <QAbstractButton>
+#include <QPlainTextEdit>
+#include <QScopedPointer>
+#include <QtTest>
+
+class GalleryWindowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void everyPageOpens_data();
+    void everyPageOpens();
+    void aPageIsMadeOnce();
+    void signalsAreListedWithTheirArguments();
+    void framesAroundWidgetsHaveNoStyleSheet();
+    void warningsOfTheLibraryAreListed();
+    void theListOfSignalsCanBeCleared();
+
+private:
+    QAbstractButton *button(const QString &text) const;
+    QStringList loggedLines() const;
+
+    QScopedPointer<GalleryWindow> m_window;
+};
+
+void GalleryWindowTest::initTestCase()
+{
+    installReferenceTheme();
+}
+
+void GalleryWindowTest::init()
+{
+    m_window.reset(new GalleryWindow(QStringLiteral("enu")));
+    m_window->showPage(QStringLiteral("buttons"));
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
+}
+
+void GalleryWindowTest::cleanup()
+{
+    m_window.reset();
+}
+
+/// The button of that text that takes clicks, which is not one of those that only show a state.
+QAbstractButton *GalleryWindowTest::button(const QString &text) const
+{
+    const QList<QAbstractButton *> buttons = m_window->findChildren<QAbstractButton *>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [&](const QAbstractButton *candidate) {
+        return candidate->text() == text && !candidate->testAttribute(Qt::WA_TransparentForMouseEvents);
+    });
+    return found == buttons.end() ? nullptr : *found;
+}
+
+/// The lines of the log without their times.
+QStringList GalleryWindowTest::loggedLines() const
+{
+    QStringList lines = m_window->findChild<QPlainTextEdit *>()->toPlainText().split(u'\n', Qt::SkipEmptyParts);
+    for (QString &line : lines) {
+        line = line.mid(8).trimmed();
+    }
+    return lines;
+}
+
+void GalleryWindowTest::everyPageOpens_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("title");
+    for (const PageEntry &page : galleryPages()) {
+        QTest::newRow(qPrintable(page.name)) << page.name << page.title;
+    }
+}
+
+void GalleryWindowTest::everyPageOpens()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, title);
+    LogCapture log;
+    m_window->showPage(name);
+    QCOMPARE(m_window->currentPage()->accessibleName(), title);
+    QVERIFY(m_window->currentPage()->isVisible());
+    QCOMPARE(log.takeTexts(), QStringList());
+}
+
+void GalleryWindowTest::aPageIsMadeOnce()
+{
+    GalleryPage *page = m_window->currentPage();
+    m_window->showPage(QStringLiteral("buttons"));
+    QCOMPARE(m_window->currentPage(), page);
+}
+
+void GalleryWindowTest::signalsAreListedWithTheirArguments()
+{
+    QTest::mouseClick(button(QStringLiteral("Apply")), Qt::LeftButton);
+    QCOMPARE(loggedLines(),
+             QStringList({QStringLiteral("Apply: pressed()"), QStringLiteral("Apply: released()"),
+                          QStringLiteral("Apply: clicked(false)")}));
+}
+
+void GalleryWindowTest::framesAroundWidgetsHaveNoStyleSheet()
+{
+    const QWidget *widget = button(QStringLiteral("Apply"));
+    QVERIFY(!widget->styleSheet().isEmpty());
+    while ((widget = widget->parentWidget())) {
+        QCOMPARE(widget->styleSheet(), QString());
+    }
+}
+
+void GalleryWindowTest::warningsOfTheLibraryAreListed()
+{
+    LogCapture outer;
+    {
+        const WarningLog warnings;
+        connect(&warnings, &WarningLog::warned, m_window->log(), &LogView::addWarning);
+        button(QStringLiteral("Unknown image"))->click();
+        QTRY_VERIFY(loggedLines().contains(QStringLiteral("Warning: Cannot load pixmap \"no_such_image\"")));
+        qWarning("of another category");
+    }
+    QCoreApplication::processEvents();
+    QVERIFY(!loggedLines().contains(QStringLiteral("Warning: of another category")));
+    const QStringList passedOn = outer.takeTexts();
+    QVERIFY(passedOn.contains(QStringLiteral("Cannot load pixmap \"no_such_image\"")));
+    QVERIFY(passedOn.contains(QStringLiteral("default: of another category")));
+}
+
+void GalleryWindowTest::theListOfSignalsCanBeCleared()
+{
+    button(QStringLiteral("Apply"))->click();
+    QVERIFY(!loggedLines().isEmpty());
+    button(QStringLiteral("Clear"))->click();
+    QCOMPARE(loggedLines(), QStringList());
+}
+
+QTEST_MAIN(GalleryWindowTest)
+
+#include "tst_gallery_window.moc"
