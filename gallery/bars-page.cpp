@@ -57,15 +57,14 @@ VelaButton *createButton(GalleryPage *page, const QString &text, int kind)
 
 void addFootbars(GalleryPage *page)
 {
-    page->addSection(QStringLiteral("VelaFootbar"), QStringLiteral("The bottom of a dialog: a group at either end."));
+    page->addSection(QStringLiteral("VelaFootbar"), QStringLiteral("The bottom of a dialog, and one with other margins and spacing."));
 
     auto *dialog = new VelaFootbar;
     dialog->pushLeftWidget(new VelaIconButton(QStringLiteral("bt_help")));
     dialog->pushRightWidget(createButton(page, QStringLiteral("Apply"), VelaButton::ApplyButton));
     dialog->pushRightWidget(createButton(page, QStringLiteral("Cancel"), VelaButton::CancelButton));
     dialog->init();
-    dialog->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    page->addExample(QStringLiteral("Of a dialog"), QStringLiteral("init()"), {dialog});
+    page->addWide(dialog);
 
     auto *status = new VelaFootbar;
     status->pushLeftWidget(createText(QStringLiteral("3 of 128 files selected"), TextStyle::Detail));
@@ -74,8 +73,7 @@ void addFootbars(GalleryPage *page)
     status->init();
     status->setMargins(0, 0, 0, 0);
     status->setSpacing(16);
-    status->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    page->addExample(QStringLiteral("Of a window"), QStringLiteral("setMargins(), setSpacing()"), {status});
+    page->addWide(status);
 }
 
 } // namespace

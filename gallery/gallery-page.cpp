@@ -140,3 +140,8 @@ void GalleryPage::addExample(const QString &caption, const QString &detail, cons
         }
     }
 }
+
+void GalleryPage::addWide(QWidget *widget)
+{
+    m_examples->addWidget(widget, m_examples->rowCount(), 0, 1, -1);
+}

@@ -26,6 +26,9 @@ public:
     /// and the widgets, of which a null one leaves its column empty.
     void addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets);
 
+    /// Adds a row to the section that @p widget fills.
+    void addWide(QWidget *widget);
+
     /// Logs each emission of @p signal, with its arguments, under @p caption.
     template<typename Sender, typename Class, typename... Arguments>
     void logSignal(const QString &caption, Sender *sender, void (Class::*signal)(Arguments...));

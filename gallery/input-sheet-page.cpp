@@ -8,7 +8,7 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QTimer>
 
 namespace {
 
@@ -30,9 +30,8 @@ QWidget *createPicture()
     auto *layout = new QHBoxLayout(stage);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(sheet);
-    sheet->button(QMessageBox::Ok)->ensurePolished(); // for its height to be reckoned with from the start
-    sheet->button(QMessageBox::Discard)->ensurePolished();
-    sheet->updateGeometry();
+    // The buttons are higher once they are styled, which the page has not reckoned with when it is laid out first.
+    QTimer::singleShot(0, sheet, [sheet] { sheet->updateGeometry(); });
     return stage;
 }
 

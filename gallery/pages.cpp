@@ -10,6 +10,10 @@ const std::vector<PageEntry> &galleryPages()
         {QStringLiteral("messages"), QStringLiteral("Messages"), createMessagesPage},
         {QStringLiteral("input-sheet"), QStringLiteral("Input sheet"), createInputSheetPage},
         {QStringLiteral("countdown"), QStringLiteral("Countdown"), createCountdownPage},
+        {QStringLiteral("table"), QStringLiteral("Table and paging"), createTablePage},
+        {QStringLiteral("folders"), QStringLiteral("Folders and path"), createFoldersPage},
+        {QStringLiteral("dates"), QStringLiteral("Dates"), createDatesPage},
+        {QStringLiteral("help"), QStringLiteral("Help"), createHelpPage},
     };
     return pages;
 }

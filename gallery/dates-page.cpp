@@ -1,0 +1,57 @@
+#include "chrome.h"
+#include "gallery-page.h"
+#include "pages.h"
+
+#include <StyleManager>
+#include <VelaButton>
+#include <VelaCalanderView>
+#include <VelaDateSelector>
+
+#include <QDate>
+
+namespace {
+
+constexpr int SelectorWidth = 200;
+constexpr QSize CalendarSize(280, 260);
+constexpr int LimitDays = 14;
+
+VelaDateSelector *createSelector(GalleryPage *page, const QString &caption)
+{
+    auto *selector = new VelaDateSelector(QStringLiteral("No date"));
+    selector->setFixedWidth(scaled(SelectorWidth));
+    page->logSignal(caption, selector->getCalendarView(), &VelaCalanderView::sigDateSelect);
+    return selector;
+}
+
+} // namespace
+
+GalleryPage *createDatesPage(const QString &title)
+{
+    auto *page = new GalleryPage(title, QStringLiteral("A field with a calendar to choose from, and the calendar alone."));
+    page->addSection(QStringLiteral("VelaDateSelector"), QStringLiteral("component.date_selector, component.menu"));
+
+    VelaDateSelector *plain = createSelector(page, QStringLiteral("Selector"));
+    auto *clear = new VelaButton(QStringLiteral("Clear"), VelaButton::DefaultButton);
+    QObject::connect(clear, &VelaButton::clicked, plain, &VelaDateSelector::clearDate);
+    page->addExample(QStringLiteral("Without a date at first"), QStringLiteral("clearDate()"), {plain, clear});
+
+    VelaDateSelector *limited = createSelector(page, QStringLiteral("Limited selector"));
+    const QDate today = QDate::currentDate();
+    limited->getCalendarView()->setMinimumDate(today.addDays(-LimitDays));
+    limited->getCalendarView()->setMaximumDate(today.addDays(LimitDays));
+    limited->dateSelect(today);
+    page->addExample(QStringLiteral("Two weeks around today"), QStringLiteral("setMinimumDate(), setMaximumDate()"),
+                     {limited});
+
+    VelaDateSelector *disabled = createSelector(page, QStringLiteral("Disabled selector"));
+    disabled->setEnabled(false);
+    page->addExample(QStringLiteral("Disabled"), {}, {disabled});
+
+    page->addSection(QStringLiteral("VelaCalanderView"), QStringLiteral("Tab goes round all that can be used in it."));
+    auto *calendar = new VelaCalanderView;
+    calendar->setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
+    calendar->setFixedSize(scaled(CalendarSize.width()), scaled(CalendarSize.height()));
+    page->logSignal(QStringLiteral("Calendar"), calendar, &VelaCalanderView::sigDateSelect);
+    page->addExample(QStringLiteral("On its own"), {}, {calendar});
+    return page;
+}
