@@ -1,10 +1,13 @@
 #include "chrome.h"
 
 #include <DPIinfo>
+#include <StyleManager>
 
+#include <QAbstractScrollArea>
 #include <QFontInfo>
 #include <QLabel>
 #include <QPalette>
+#include <QScrollBar>
 
 namespace {
 
@@ -61,6 +64,14 @@ QPalette galleryPalette()
         palette.setColor(QPalette::Disabled, role, QColor(DisabledText));
     }
     return palette;
+}
+
+void styleScrollBars(QAbstractScrollArea *area)
+{
+    static const QString sheet = getStyleSheet("component.scrollbar", false); // warned of once when it is missing
+    for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+        bar->setStyleSheet(sheet);
+    }
 }
 
 QLabel *createText(const QString &text, TextStyle style)

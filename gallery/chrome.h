@@ -3,6 +3,7 @@
 #include <QRgb>
 #include <QString>
 
+class QAbstractScrollArea;
 class QLabel;
 class QPalette;
 
@@ -38,5 +39,8 @@ enum class TextStyle {
     Body,
     Detail, ///< smaller and quieter
 };
+
+/// Gives @p area the scroll bars of the theme.
+void styleScrollBars(QAbstractScrollArea *area);
 
 QLabel *createText(const QString &text, TextStyle style);

@@ -7,14 +7,12 @@
 
 #include <DPIinfo>
 #include <ImageManager>
-#include <StyleManager>
 
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -40,7 +38,7 @@ constexpr char ListSheet[] = R"(
 QString scaleText()
 {
     DPIinfo *dpi = DPIinfo::getInstance();
-    return QStringLiteral("Scale %1, ratio %2").arg(dpi->getDPI()).arg(dpi->getDPR());
+    return QStringLiteral("Scale %1, ratio %2").arg(dpi->getDPI(), 0, 'g', 3).arg(dpi->getDPR());
 }
 
 QScrollArea *createScrollArea(QWidget *content)
@@ -49,9 +47,7 @@ QScrollArea *createScrollArea(QWidget *content)
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(content);
-    for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
-        bar->setStyleSheet(getStyleSheet("component.scrollbar", false));
-    }
+    styleScrollBars(area);
     return area;
 }
 

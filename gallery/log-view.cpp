@@ -2,12 +2,9 @@
 
 #include "chrome.h"
 
-#include <StyleManager>
-
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QTime>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -41,7 +38,7 @@ LogView::LogView() : m_text(new QPlainTextEdit)
     m_text->setPlaceholderText(QStringLiteral("Try a widget: the signals that it emits are listed here."));
     m_text->setAccessibleName(QStringLiteral("Signals and warnings"));
     m_text->document()->setDocumentMargin(0);
-    m_text->verticalScrollBar()->setStyleSheet(getStyleSheet("component.scrollbar", false));
+    styleScrollBars(m_text);
 
     auto *header = new QHBoxLayout;
     header->addWidget(createText(QStringLiteral("Signals and warnings"), TextStyle::SectionTitle));

@@ -1,5 +1,6 @@
 #include "support/environment.h"
 #include "support/resource-folder.h"
+#include "vela_components_version.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -126,7 +127,8 @@ private Q_SLOTS:
 
 private:
     Result run(const QStringList &arguments) const;
-    Result runForScreenshots(QStringList arguments = {}) const;
+    Result runForScreenshots(const QStringList &arguments = {}) const;
+    Result runForScreenshot(const QStringList &arguments = {}) const;
     QString screenshotPath(const QString &name) const;
     QImage screenshot(const QString &name) const;
     void removeDisplay();
@@ -154,9 +156,15 @@ Result GalleryTest::run(const QStringList &arguments) const
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-Result GalleryTest::runForScreenshots(QStringList arguments) const
+Result GalleryTest::runForScreenshots(const QStringList &arguments) const
 {
-    return run(arguments << QStringLiteral("--screenshots") << m_folder->filePath(QStringLiteral("shots")));
+    return run(arguments + QStringList {QStringLiteral("--screenshots"), m_folder->filePath(QStringLiteral("shots"))});
+}
+
+/// The page of buttons only.
+Result GalleryTest::runForScreenshot(const QStringList &arguments) const
+{
+    return runForScreenshots(arguments + QStringList {QStringLiteral("--page"), QStringLiteral("buttons")});
 }
 
 QString GalleryTest::screenshotPath(const QString &name) const
@@ -190,7 +198,7 @@ void GalleryTest::theVersionIsTheLibrarys()
 {
     const Result result = run({QStringLiteral("--version")});
     QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.output, QStringLiteral("vela-gallery 1.0.0\n"));
+    QCOMPARE(result.output, QStringLiteral("vela-gallery " VELA_COMPONENTS_VERSION_STRING "\n"));
 }
 
 void GalleryTest::pagesAreListed()
@@ -240,7 +248,7 @@ void GalleryTest::wrongArgumentsAreErrors_data()
     row("buttons", "Unexpected argument 'buttons'.");
     row("--help too", "Unexpected argument 'too'.");
     row("--lazy=no", "Unexpected value after '--lazy'.");
-    row("--screenshots=", "Missing value after '--screenshots'.");
+    row("--screenshots=", "The value of '--screenshots' is empty.");
     row("--screenshots ", "The value of '--screenshots' is empty.");
     row("--resources ", "The value of '--resources' is empty.");
     row("--language ", "The value of '--language' is empty.");
@@ -258,7 +266,7 @@ void GalleryTest::wrongArgumentsAreErrors()
 
 void GalleryTest::optionsOfTheToolkitAreNone()
 {
-    const Result result = runForScreenshots({QStringLiteral("-style"), QStringLiteral("windows")});
+    const Result result = runForScreenshot({QStringLiteral("-style"), QStringLiteral("windows")});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
 }
 
@@ -266,7 +274,7 @@ void GalleryTest::theWindowStaysOpen()
 {
     QProcess process;
     process.setProcessEnvironment(m_environment);
-    process.start(QStringLiteral(VELA_GALLERY), {});
+    process.start(QStringLiteral(VELA_GALLERY), QStringList());
     QVERIFY(process.waitForStarted(PatienceMs));
     QVERIFY2(!process.waitForFinished(StayMs), process.readAllStandardError().constData());
     process.terminate();
@@ -303,7 +311,7 @@ void GalleryTest::screenshotsShowEveryPageAndTheWindow()
 
 void GalleryTest::screenshotsCanBeOfOnePage()
 {
-    const Result result = runForScreenshots({QStringLiteral("--page"), QStringLiteral("buttons")});
+    const Result result = runForScreenshot();
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QCOMPARE(QDir(m_folder->filePath(QStringLiteral("shots"))).entryList(QDir::Files, QDir::Name),
              QStringList({QStringLiteral("buttons.png"), QStringLiteral("main-window.png")}));
@@ -312,7 +320,7 @@ void GalleryTest::screenshotsCanBeOfOnePage()
 void GalleryTest::screenshotsNeedNoDisplay()
 {
     removeDisplay();
-    const Result result = runForScreenshots();
+    const Result result = runForScreenshot();
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).size() > FewestColors);
 }
@@ -321,10 +329,10 @@ void GalleryTest::screenshotsWithoutADisplayAreAtScaleOne()
 {
     removeDisplay();
     m_environment.remove(QStringLiteral("QT_FONT_DPI"));
-    QCOMPARE(runForScreenshots().exitCode, 0);
+    QCOMPARE(runForScreenshot().exitCode, 0);
     const QImage ofItself = screenshot(QStringLiteral("buttons"));
     m_environment.insert(QStringLiteral("QT_FONT_DPI"), QStringLiteral("96"));
-    QCOMPARE(runForScreenshots().exitCode, 0);
+    QCOMPARE(runForScreenshot().exitCode, 0);
     QCOMPARE(ofItself, screenshot(QStringLiteral("buttons")));
 }
 
@@ -332,7 +340,7 @@ void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
 {
     const QString shots = m_folder->filePath(QStringLiteral("shots"));
     QVERIFY(QDir().mkpath(shots + QStringLiteral("/buttons.png")));
-    Result result = runForScreenshots();
+    Result result = runForScreenshot();
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot write '%1/buttons.png'.").arg(shots)),
              qPrintable(result.errors));
@@ -340,7 +348,7 @@ void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
     QVERIFY(QDir(shots).removeRecursively());
     QFile file(shots);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    result = runForScreenshots();
+    result = runForScreenshot();
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot make the folder '%1'.").arg(shots)),
              qPrintable(result.errors));
@@ -348,25 +356,25 @@ void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
 
 void GalleryTest::aLanguageChangesTheTexts()
 {
-    QCOMPARE(runForScreenshots({QStringLiteral("--language"), QStringLiteral("enu")}).exitCode, 0);
+    QCOMPARE(runForScreenshot({QStringLiteral("--language"), QStringLiteral("enu")}).exitCode, 0);
     const QImage english = screenshot(QStringLiteral("buttons"));
-    const Result result = runForScreenshots({QStringLiteral("--language"), QStringLiteral("deu")});
+    const Result result = runForScreenshot({QStringLiteral("--language"), QStringLiteral("deu")});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QVERIFY(english != screenshot(QStringLiteral("buttons")));
 }
 
 void GalleryTest::theDefaultLanguageIsTheSystems()
 {
-    QCOMPARE(runForScreenshots({QStringLiteral("--language"), QStringLiteral("deu")}).exitCode, 0);
+    QCOMPARE(runForScreenshot({QStringLiteral("--language"), QStringLiteral("deu")}).exitCode, 0);
     const QImage german = screenshot(QStringLiteral("buttons"));
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_AT.UTF-8"));
-    QCOMPARE(runForScreenshots().exitCode, 0);
+    QCOMPARE(runForScreenshot().exitCode, 0);
     QCOMPARE(screenshot(QStringLiteral("buttons")), german);
 }
 
 void GalleryTest::anUnknownLanguageIsAnError()
 {
-    const Result result = runForScreenshots({QStringLiteral("--language"), QStringLiteral("xyz")});
+    const Result result = runForScreenshot({QStringLiteral("--language"), QStringLiteral("xyz")});
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(QStringLiteral(
                  "vela-gallery: There are no texts in the language 'xyz'. There are: chs, cht, csy, dan, deu, enu, ")),
@@ -378,7 +386,7 @@ void GalleryTest::textsMissingInTheSystemsLanguageAreEnglish()
     const ResourceFolder theme;
     writeTheme(theme);
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
-    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QCOMPARE(result.exitCode, 0);
     QVERIFY2(result.errors.contains(QStringLiteral(
                  "vela-gallery: There are no texts in the system's language 'deu', so they are in 'enu'.")),
@@ -391,7 +399,7 @@ void GalleryTest::textsMissingInTheSystemsLanguageAndEnglishAreAnError()
     writeTheme(theme);
     QVERIFY(QFile::rename(theme.path() + QStringLiteral("/strings/enu.json"),
                           theme.path() + QStringLiteral("/strings/fra.json")));
-    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(
                  QStringLiteral("vela-gallery: There are no texts in the language 'enu'. There are: fra.")),
@@ -400,9 +408,9 @@ void GalleryTest::textsMissingInTheSystemsLanguageAndEnglishAreAnError()
 
 void GalleryTest::preloadedImagesLookTheSame()
 {
-    QCOMPARE(runForScreenshots({QStringLiteral("--lazy")}).exitCode, 0);
+    QCOMPARE(runForScreenshot({QStringLiteral("--lazy")}).exitCode, 0);
     const QImage lazy = screenshot(QStringLiteral("buttons"));
-    QCOMPARE(runForScreenshots({QStringLiteral("--preload")}).exitCode, 0);
+    QCOMPARE(runForScreenshot({QStringLiteral("--preload")}).exitCode, 0);
     QCOMPARE(screenshot(QStringLiteral("buttons")), lazy);
 }
 
@@ -410,7 +418,7 @@ void GalleryTest::anotherThemeIsShown()
 {
     const ResourceFolder theme;
     writeTheme(theme);
-    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
 }
@@ -420,7 +428,7 @@ void GalleryTest::aThemeMayBeGivenRelatively()
     const ResourceFolder theme;
     writeTheme(theme);
     const QString relative = QDir(m_folder->path()).relativeFilePath(theme.path()) + u'/';
-    const Result result = runForScreenshots({QStringLiteral("--resources"), relative});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), relative});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
 }
@@ -430,7 +438,7 @@ void GalleryTest::styleSheetsAreReadInTheOrderOfTheirNames()
     const ResourceFolder theme;
     theme.writeFile(QStringLiteral("styles/b.qss"), applyButtonSheet("#00ff00"));
     writeTheme(theme);
-    QCOMPARE(runForScreenshots({QStringLiteral("--resources"), theme.path()}).exitCode, 0);
+    QCOMPARE(runForScreenshot({QStringLiteral("--resources"), theme.path()}).exitCode, 0);
     const QSet<QRgb> colors = colorsOf(screenshot(QStringLiteral("buttons")));
     QVERIFY(colors.contains(qRgb(0, 255, 0)));
     QVERIFY(!colors.contains(qRgb(255, 0, 0)));
@@ -439,7 +447,7 @@ void GalleryTest::styleSheetsAreReadInTheOrderOfTheirNames()
 void GalleryTest::aMissingThemeFolderIsAnError()
 {
     const QString missing = m_folder->filePath(QStringLiteral("missing"));
-    const Result result = runForScreenshots({QStringLiteral("--resources"), missing});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), missing});
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: There is no theme folder '%1'.").arg(missing)),
              qPrintable(result.errors));
@@ -460,7 +468,7 @@ void GalleryTest::aDamagedThemeIsAnError()
     const ResourceFolder theme;
     writeTheme(theme);
     Damages[index].make(theme);
-    const Result result = runForScreenshots({QStringLiteral("--resources"), theme.path()});
+    const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.output, QString());
     const QString error = QString::fromLatin1(Damages[index].error).replace(QLatin1String("%1"), theme.path());
@@ -472,7 +480,7 @@ void GalleryTest::anUnwritableUserFolderIsAWarning()
     const QString path = m_folder->filePath(QStringLiteral("data"));
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    const Result result = runForScreenshots();
+    const Result result = runForScreenshot();
     QCOMPARE(result.exitCode, 0);
     QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot write to '%1/vela-gallery'").arg(path)),
              qPrintable(result.errors));

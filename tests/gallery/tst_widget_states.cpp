@@ -32,6 +32,13 @@ struct State
     void (*bringAbout)(QWindow *window, QAbstractButton *button);
 };
 
+/// What is seen of @p widget on the ground of its window.
+QImage picture(const QWidget *widget)
+{
+    QCoreApplication::processEvents();
+    return widget->window()->grab(widget->geometry()).toImage();
+}
+
 void movePointer(QWindow *window, const QWidget *widget)
 {
     QTest::mouseMove(window, Outside + QPoint(1, 1)); // a move to where the pointer was already is none
@@ -104,12 +111,11 @@ void WidgetStatesTest::aFrozenWidgetLooksLikeOneInThatState()
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
 
-    const QImage atRest = real->grab().toImage();
+    const QImage atRest = picture(real);
     States[state].bringAbout(window.windowHandle(), real);
-    QCoreApplication::processEvents();
-    const QImage inState = real->grab().toImage();
+    const QImage inState = picture(real);
     QVERIFY(inState != atRest);
-    QCOMPARE(frozen->grab().toImage(), inState);
+    QCOMPARE(picture(frozen), inState);
 }
 
 void WidgetStatesTest::aFrozenWidgetStaysSoWhenItIsShownAgain_data()
@@ -127,13 +133,11 @@ void WidgetStatesTest::aFrozenWidgetStaysSoWhenItIsShownAgain()
     QVERIFY(freeze(button, States[state].state));
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QCoreApplication::processEvents();
-    const QImage first = button->grab().toImage();
+    const QImage first = picture(button);
     window.hide();
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QCoreApplication::processEvents();
-    QCOMPARE(button->grab().toImage(), first);
+    QCOMPARE(picture(button), first);
 }
 
 void WidgetStatesTest::aFrozenWidgetHeedsNeitherPointerNorKeyboard()
@@ -146,8 +150,7 @@ void WidgetStatesTest::aFrozenWidgetHeedsNeitherPointerNorKeyboard()
     QVERIFY(freeze(button, WidgetState::Hovered));
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QCoreApplication::processEvents();
-    const QImage before = button->grab().toImage();
+    const QImage before = picture(button);
     QSignalSpy pressed(button, &VelaButton::pressed);
     movePointer(window.windowHandle(), button);
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, button->geometry().center());
@@ -156,7 +159,7 @@ void WidgetStatesTest::aFrozenWidgetHeedsNeitherPointerNorKeyboard()
     QTest::mouseMove(window.windowHandle(), Outside);
     QCoreApplication::processEvents();
     QCOMPARE(pressed.count(), 0);
-    QCOMPARE(button->grab().toImage(), before);
+    QCOMPARE(picture(button), before);
 }
 
 void WidgetStatesTest::focusIsNotKnownWithoutAStyleSheet()
