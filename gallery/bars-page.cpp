@@ -57,7 +57,8 @@ VelaButton *createButton(GalleryPage *page, const QString &text, int kind)
 
 void addFootbars(GalleryPage *page)
 {
-    page->addSection(QStringLiteral("VelaFootbar"), QStringLiteral("The bottom of a dialog, and one with other margins and spacing."));
+    page->addSection(QStringLiteral("VelaFootbar"),
+                     QStringLiteral("The bottom of a dialog, and one with other margins and spacing."));
 
     auto *dialog = new VelaFootbar;
     dialog->pushLeftWidget(new VelaIconButton(QStringLiteral("bt_help")));

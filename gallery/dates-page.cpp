@@ -27,7 +27,8 @@ VelaDateSelector *createSelector(GalleryPage *page, const QString &caption)
 
 GalleryPage *createDatesPage(const QString &title)
 {
-    auto *page = new GalleryPage(title, QStringLiteral("A field with a calendar to choose from, and the calendar alone."));
+    auto *page =
+        new GalleryPage(title, QStringLiteral("A field with a calendar to choose from, and the calendar alone."));
     page->addSection(QStringLiteral("VelaDateSelector"), QStringLiteral("component.date_selector, component.menu"));
 
     VelaDateSelector *plain = createSelector(page, QStringLiteral("Selector"));

@@ -149,13 +149,16 @@ void FolderBrowser::goTo(const QString &path)
 GalleryPage *createFoldersPage(const QString &title)
 {
     auto *page = new GalleryPage(title, QStringLiteral("Your own folders. F2 renames one here only, not on the disk."));
-    page->addSection(QStringLiteral("VelaButtonPath and VelaTreeWidget"),
-                     QStringLiteral("A click in the path goes to that folder (component.button_path, component.tree_item)."));
+    page->addSection(
+        QStringLiteral("VelaButtonPath and VelaTreeWidget"),
+        QStringLiteral("A click in the path goes to that folder (component.button_path, component.tree_item)."));
     page->addWide(new FolderBrowser(page));
 
-    page->addSection(QStringLiteral("Paths"), QStringLiteral("A long one keeps its end in view and the rest in a menu."));
-    for (const char *path : {"Documents/Letters", "Home/Documents/Research & development/Correspondence with suppliers/"
-                                                  "Quotations and invoices of the last financial year/November"}) {
+    page->addSection(QStringLiteral("Paths"),
+                     QStringLiteral("A long one keeps its end in view and the rest in a menu."));
+    for (const char *path : {"Documents/Letters",
+                             "Home/Documents/Research & development/Correspondence with suppliers/"
+                             "Quotations and invoices of the last financial year/November"}) {
         auto *bar = new VelaButtonPath;
         bar->setMinimumWidth(scaled(TreeHeight));
         page->logSignal(QStringLiteral("Path"), bar, &VelaButtonPath::sigUpdatePath);

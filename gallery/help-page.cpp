@@ -38,8 +38,10 @@ void showHelp(GalleryPage *page, const QString &language)
 
 GalleryPage *createHelpPage(const QString &title)
 {
-    auto *page = new GalleryPage(title, QStringLiteral("HelpWindow asks the web first and falls back to the installed page."));
-    page->addSection(QStringLiteral("Sample page"), QStringLiteral("Of the reference theme, where no knowledge base answers."));
+    auto *page =
+        new GalleryPage(title, QStringLiteral("HelpWindow asks the web first and falls back to the installed page."));
+    page->addSection(QStringLiteral("Sample page"),
+                     QStringLiteral("Of the reference theme, where no knowledge base answers."));
     for (const HelpLanguage &language : Languages) {
         const QString code = QString::fromLatin1(language.code);
         auto *button = new VelaButton(QStringLiteral("Show"), VelaButton::DefaultButton);

@@ -30,7 +30,8 @@ const QString &longText()
 
 QString animationFile()
 {
-    return UIPathManager::getInstance()->getPath(QStringLiteral("resource_path")) + QStringLiteral("/animations/processing.gif");
+    return UIPathManager::getInstance()->getPath(QStringLiteral("resource_path"))
+        + QStringLiteral("/animations/processing.gif");
 }
 
 /// A sheet in the page, so that its look is seen without opening one.

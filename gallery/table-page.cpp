@@ -48,7 +48,8 @@ std::vector<File> createFiles()
         const int mixed = i * 7919 % FileCount;
         const int kind = mixed % kinds.size();
         files.push_back({QStringLiteral("%1 %2.%3").arg(kinds.at(kind)).arg(mixed + 1).arg(suffixes.at(kind)),
-                         mixed * 37 % 9973 + 1, latest.addDays(-(mixed * 13 % 2000)), owners.at(mixed % owners.size())});
+                         mixed * 37 % 9973 + 1, latest.addDays(-(mixed * 13 % 2000)),
+                         owners.at(mixed % owners.size())});
     }
     return files;
 }
@@ -150,10 +151,12 @@ void FileList::showPage()
 
 GalleryPage *createTablePage(const QString &title)
 {
-    auto *page = new GalleryPage(title, QStringLiteral("A long list, a page at a time. A click on a heading sorts it; the "
-                                                       "edges of headings can be dragged, but for that of Size."));
-    page->addSection(QStringLiteral("VelaTableWidget and VelaPagingBar"),
-                     QStringLiteral("component.table, component.table_header, component.scrollbar, component.paging_bar_\u2026"));
+    auto *page = new GalleryPage(title,
+                                 QStringLiteral("A long list, a page at a time. A click on a heading sorts it; the "
+                                                "edges of headings can be dragged, but for that of Size."));
+    page->addSection(
+        QStringLiteral("VelaTableWidget and VelaPagingBar"),
+        QStringLiteral("component.table, component.table_header, component.scrollbar, component.paging_bar_\u2026"));
     page->addWide(new FileList(page));
     return page;
 }

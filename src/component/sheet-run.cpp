@@ -7,9 +7,7 @@
 #include <QApplication>
 #include <QEvent>
 
-SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet)
-{
-}
+SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet) { }
 
 void SheetRun::setBlockWindowButton(bool block)
 {

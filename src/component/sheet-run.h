@@ -20,8 +20,8 @@ public:
     void begin();
     /// Lets the sheet see the events of its window.
     void watchWindow();
-    /// Runs an event loop until end() and returns its result; 0 when the window is destroyed meanwhile, or at once when a loop
-    /// is running already.
+    /// Runs an event loop until end() and returns its result; 0 when the window is destroyed meanwhile, or at once when
+    /// a loop is running already.
     int wait();
     /// Undoes begin() and watchWindow(), ends wait() and emits VelaSheet::finished().
     void end(int result);

@@ -23,7 +23,8 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
 {
     connect(&m_timer, &QTimer::timeout, this, &VelaCountdownMessageBox::slotTick);
     m_timer.setInterval(Second);
-    setStyleSheet(getStyleSheet("component.info_message_box", false)); // before its buttons, which would be polished again
+    setStyleSheet(
+        getStyleSheet("component.info_message_box", false)); // before its buttons, which would be polished again
     setStandardButtons(QMessageBox::Ok | QMessageBox::Discard);
     button(QMessageBox::Ok)->setStyleSheet(getStyleSheet("component.apply_button", false));
     button(QMessageBox::Discard)->setStyleSheet(getStyleSheet("component.cancel_button", false));

@@ -7,9 +7,9 @@
 
 /// Message box whose Ok button counts down seconds and clicks itself at the end.
 ///
-/// Title, text and icon are the caller's to set. The caption shows the whole count before the box is shown and one less from
-/// then on; the click comes as many seconds after the box is shown as were given. Results are QMessageBox::Ok and, for the
-/// button with the cancel caption, QMessageBox::Discard.
+/// Title, text and icon are the caller's to set. The caption shows the whole count before the box is shown and one less
+/// from then on; the click comes as many seconds after the box is shown as were given. Results are QMessageBox::Ok and,
+/// for the button with the cancel caption, QMessageBox::Discard.
 class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
 {
     Q_OBJECT

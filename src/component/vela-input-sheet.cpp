@@ -53,8 +53,12 @@ public:
 };
 
 VelaInputSheetPrivate::VelaInputSheetPrivate(VelaInputSheet *sheet) :
-    QObject(sheet), q(sheet), promptLabel(new MessageLabel(sheet)), lineEdit(new QLineEdit(sheet)),
-    buttonBox(new QDialogButtonBox(sheet)), run(sheet)
+    QObject(sheet),
+    q(sheet),
+    promptLabel(new MessageLabel(sheet)),
+    lineEdit(new QLineEdit(sheet)),
+    buttonBox(new QDialogButtonBox(sheet)),
+    run(sheet)
 {
 }
 

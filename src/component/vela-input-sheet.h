@@ -11,8 +11,8 @@ class VelaInputSheetPrivate;
 
 /// Asks for a line of text inside its window: a prompt, a line edit, Ok and cancel.
 ///
-/// Results are those of VelaMessageSheet. It needs a parent, from whose width its own is computed; put it into a VelaMask
-/// before exec() to dim the window.
+/// Results are those of VelaMessageSheet. It needs a parent, from whose width its own is computed; put it into a
+/// VelaMask before exec() to dim the window.
 class VELA_EXPORT VelaInputSheet : public VelaSheet
 {
     Q_OBJECT

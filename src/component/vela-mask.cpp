@@ -95,9 +95,7 @@ bool VelaMask::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-ParentEventFilterWidget::ParentEventFilterWidget(VelaMask *mask, QWidget *parent) : m_mask(mask), m_parent(parent)
-{
-}
+ParentEventFilterWidget::ParentEventFilterWidget(VelaMask *mask, QWidget *parent) : m_mask(mask), m_parent(parent) { }
 
 bool ParentEventFilterWidget::eventFilter(QObject *watched, QEvent *event)
 {

@@ -22,7 +22,8 @@ struct BoxLook
 
 const BoxLook InfoBox {QMessageBox::Information, QMessageBox::Ok, "component.info_message_box"};
 const BoxLook WarningBox {QMessageBox::Warning, QMessageBox::Ok, "component.warning_message_box"};
-const BoxLook ConfirmBox {QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, "component.confirm_message_box"};
+const BoxLook ConfirmBox {QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
+                          "component.confirm_message_box"};
 const BoxLook UpgradingBox {QMessageBox::Warning, QMessageBox::Ok, "component.upgrading_message_box"};
 
 int runSheet(VelaMessageSheet &sheet, QWidget *parent)

@@ -3,11 +3,11 @@
 #include "component/vela-msg-sheet.h"
 #include "vela_export.h"
 
-// Message boxes by one call. With a parent the message is a VelaMessageSheet over the parent's dimmed window, which has no
-// title; without one it is a QMessageBox, a window of its own. Either way the call returns when it is answered.
+// Message boxes by one call. With a parent the message is a VelaMessageSheet over the parent's dimmed window, which has
+// no title; without one it is a QMessageBox, a window of its own. Either way the call returns when it is answered.
 //
-// Each call with a parent leaves a hidden, empty mask behind in the window, and on X11 two connections to the X server (see
-// SHAPISetCloseButtonOfWindowEnable()), of which a server accepts some 250 from all its clients by default.
+// Each call with a parent leaves a hidden, empty mask behind in the window, and on X11 two connections to the X server
+// (see SHAPISetCloseButtonOfWindowEnable()), of which a server accepts some 250 from all its clients by default.
 
 VELA_EXPORT void showInfoMsg(const QString &title, const QString &text, QWidget *parent = nullptr);
 

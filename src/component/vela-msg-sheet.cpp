@@ -70,9 +70,7 @@ MsgBoxCustomBtnText::MsgBoxCustomBtnText(QString ok, QString cancel) :
 {
 }
 
-MessageLabel::MessageLabel(QWidget *parent) : QLabel(parent)
-{
-}
+MessageLabel::MessageLabel(QWidget *parent) : QLabel(parent) { }
 
 void MessageLabel::resizeEvent(QResizeEvent *)
 {
@@ -117,8 +115,12 @@ public:
 };
 
 VelaMessageSheetPrivate::VelaMessageSheetPrivate(VelaMessageSheet *sheet) :
-    QObject(sheet), q(sheet), textLabel(new MessageLabel(sheet)), iconLabel(new QLabel(sheet)),
-    buttonBox(new QDialogButtonBox(sheet)), run(sheet)
+    QObject(sheet),
+    q(sheet),
+    textLabel(new MessageLabel(sheet)),
+    iconLabel(new QLabel(sheet)),
+    buttonBox(new QDialogButtonBox(sheet)),
+    run(sheet)
 {
 }
 
@@ -126,14 +128,15 @@ void VelaMessageSheetPrivate::initialize(const MsgBoxCustomBtnText &captions)
 {
     // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
     const bool isProcessing = type == VelaMessageSheet::AppMessage || type == VelaMessageSheet::ProcessingMessage;
-    q->setStyleSheet(getStyleSheet(isProcessing ? "component.message_sheet_processing" : "component.message_sheet_other",
-                                   false));
+    q->setStyleSheet(
+        getStyleSheet(isProcessing ? "component.message_sheet_processing" : "component.message_sheet_other", false));
 
     const TypeLook look = lookOf(type);
     if (look.iconName) {
         iconLabel->setPixmap(getGlobalImage(look.iconName, ImageManager::IMAGE_NORMAL));
     }
-    // The box keeps its styles: nothing else would delete them, and the box may still be asked for its look by the old one.
+    // The box keeps its styles: nothing else would delete them, and the box may still be asked for its look by the old
+    // one.
     auto *style = new DialogButtonBoxStyle;
     style->setParent(q);
     buttonBox->setStyle(style);
@@ -451,8 +454,8 @@ bool VelaMessageSheet::eventFilter(QObject *watched, QEvent *event)
     return true; // no key gets past the sheet
 }
 
-// The walk starts from the window, not from the widget that has the focus, so it does not step from widget to widget; the
-// applications know it so.
+// The walk starts from the window, not from the widget that has the focus, so it does not step from widget to widget;
+// the applications know it so.
 void VelaMessageSheet::restrictedFocus(QObject *watched, QKeyEvent *event)
 {
     auto *start = qobject_cast<QWidget *>(watched);

@@ -45,9 +45,10 @@ public:
 
 /// Message box that is shown inside its window: an icon, a text, perhaps an informative text and up to two buttons.
 ///
-/// While it is up it keeps keyboard focus and keys of its window to itself. Results are QMessageBox::Ok (0x400) and, for the
-/// button with the cancel caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own is
-/// computed, and is usually an object on the stack, put into a VelaMask before exec(); the functions of vela-msg-box.h do that.
+/// While it is up it keeps keyboard focus and keys of its window to itself. Results are QMessageBox::Ok (0x400) and,
+/// for the button with the cancel caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own
+/// is computed, and is usually an object on the stack, put into a VelaMask before exec(); the functions of
+/// vela-msg-box.h do that.
 class VELA_EXPORT VelaMessageSheet : public VelaSheet
 {
     Q_OBJECT
@@ -88,8 +89,8 @@ public:
     void setDefaultButton(QPushButton *button);
 
     void showSheet() override;
-    /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the button's
-    /// value or what done() was called with; 0 when the window is destroyed meanwhile.
+    /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the
+    /// button's value or what done() was called with; 0 when the window is destroyed meanwhile.
     int exec();
 
     bool eventFilter(QObject *watched, QEvent *event) override;

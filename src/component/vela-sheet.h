@@ -6,7 +6,8 @@
 
 /// Base of the modal panels that are shown inside a window: a white body in a soft shadow.
 ///
-/// The shadow is painted from the eight images "bg_tutorial_...". Place a sheet inside a VelaMask to dim the window around it.
+/// The shadow is painted from the eight images "bg_tutorial_...". Place a sheet inside a VelaMask to dim the window
+/// around it.
 class VELA_EXPORT VelaSheet : public QFrame
 {
     Q_OBJECT
@@ -15,8 +16,8 @@ public:
     explicit VelaSheet(QWidget *parent = nullptr);
     ~VelaSheet() override;
 
-    /// Puts @p widget in the middle of the sheet, in place of the layout that there is. The sheet owns it then; a widget set
-    /// before stays a child, but is not laid out any more.
+    /// Puts @p widget in the middle of the sheet, in place of the layout that there is. The sheet owns it then; a
+    /// widget set before stays a child, but is not laid out any more.
     void setWidget(QWidget *widget);
 
     /// Draws the shadow into the band around the body.

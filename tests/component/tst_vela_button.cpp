@@ -181,24 +181,27 @@ void VelaButtonTest::aKindWithoutItsSheetIsUnstyledAndLogged()
     for (const Kind &kind : Kinds) {
         const VelaButton button(QStringLiteral("x"), kind.value);
         QCOMPARE(button.styleSheet(), QString());
-        QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find stylesheet \"%1\"").arg(QLatin1String(kind.key))});
+        QCOMPARE(log.takeTexts(),
+                 QStringList {QStringLiteral("Cannot find stylesheet \"%1\"").arg(QLatin1String(kind.key))});
     }
     const VelaIconButton iconButton(QStringLiteral("four"));
     QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find stylesheet \"component.icon_button\"")});
 
     QByteArray sheets;
     for (const Kind &kind : Kinds) {
-        sheets += QStringLiteral("== %1 ==\n"
-                                 "QPushButton { min-width: %2px; padding: 7px; border: 3px solid black; background: white }\n"
-                                 "QPushButton:hover { background: yellow }\n"
-                                 "QPushButton:pressed { background: orange }\n"
-                                 "QPushButton:focus { border-color: blue }\n"
-                                 "QPushButton:disabled { color: gray }\n")
-                      .arg(QLatin1String(kind.key))
-                      .arg(81 + kind.value)
-                      .toUtf8();
+        sheets +=
+            QStringLiteral("== %1 ==\n"
+                           "QPushButton { min-width: %2px; padding: 7px; border: 3px solid black; background: white }\n"
+                           "QPushButton:hover { background: yellow }\n"
+                           "QPushButton:pressed { background: orange }\n"
+                           "QPushButton:focus { border-color: blue }\n"
+                           "QPushButton:disabled { color: gray }\n")
+                .arg(QLatin1String(kind.key))
+                .arg(81 + kind.value)
+                .toUtf8();
     }
-    sheets += "== component.icon_button ==\nQToolButton { border: none; padding: 3px }\nQToolButton::menu-indicator { image: none }\n";
+    sheets += "== component.icon_button ==\nQToolButton { border: none; padding: 3px }\nQToolButton::menu-indicator { "
+              "image: none }\n";
     m_folder.writeFile(QStringLiteral("buttons.qss"), sheets);
     StyleManager::getInstance()->initialize({m_folder.path() + QStringLiteral("/buttons.qss")});
 }
@@ -224,9 +227,8 @@ void VelaButtonTest::theKindDecidesTheSheet()
     QVERIFY(button.isFlat());
     QCOMPARE(button.sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
     QCOMPARE(button.sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
-    QVERIFY(button.styleSheet().contains(QStringLiteral("min-width: %1px; padding: %2px")
-                                             .arg(expectedPixels(81 + kind))
-                                             .arg(expectedPixels(7))));
+    QVERIFY(button.styleSheet().contains(
+        QStringLiteral("min-width: %1px; padding: %2px").arg(expectedPixels(81 + kind)).arg(expectedPixels(7))));
     QCOMPARE(button.styleSheet(), getStyleSheet(key, false));
     QCOMPARE(log.takeTexts(), QStringList());
 }

@@ -226,7 +226,8 @@ void ImageManagerTest::theFoldersAreThoseOfThePaths()
 {
     initialize();
     QCOMPARE(ImageManager::getInstance()->getImageFolder(), m_folder->path() + QStringLiteral("/images"));
-    QCOMPARE(ImageManager::getInstance()->getTempImageFolder(), m_folder->userDataPath() + QStringLiteral("/tmp_images"));
+    QCOMPARE(ImageManager::getInstance()->getTempImageFolder(),
+             m_folder->userDataPath() + QStringLiteral("/tmp_images"));
 }
 
 void ImageManagerTest::theTempImageFolderIsMadeWithItsParents()
@@ -693,7 +694,8 @@ void ImageManagerTest::aCatalogueThatCannotBeUsedIsAnEmptyOne()
 void ImageManagerTest::otherKeysOfTheCatalogueAreIgnored()
 {
     writeAllStates(QStringLiteral("bt"));
-    m_folder->writeFile(QStringLiteral("images.json"), "{ \"version\": 3, \"images\": [\"bt\"], \"more\": [\"other\"] }");
+    m_folder->writeFile(QStringLiteral("images.json"),
+                        "{ \"version\": 3, \"images\": [\"bt\"], \"more\": [\"other\"] }");
     initialize();
     QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::red));
     LogCapture log;
@@ -761,13 +763,14 @@ void ImageManagerTest::anUnwritableUserDataFolderIsPassedOverInSilence()
     m_folder->writeCatalogue({QStringLiteral("bt")}, {QStringLiteral("bt")});
     initialize();
     QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::red));
-    QCOMPARE(ImageManager::getInstance()->getTempImageFolder(), m_folder->userDataPath() + QStringLiteral("/tmp_images"));
+    QCOMPARE(ImageManager::getInstance()->getTempImageFolder(),
+             m_folder->userDataPath() + QStringLiteral("/tmp_images"));
 }
 
 void ImageManagerTest::namesMayHaveSlashesAndAnyLetters()
 {
-    const QStringList names {QStringLiteral("folder/icon"), QStringLiteral("../images/up"), QString::fromUtf8("\u00e4\u65e5"),
-                             QStringLiteral("a%1b"), QStringLiteral("a\"b")};
+    const QStringList names {QStringLiteral("folder/icon"), QStringLiteral("../images/up"),
+                             QString::fromUtf8("\u00e4\u65e5"), QStringLiteral("a%1b"), QStringLiteral("a\"b")};
     for (const QString &name : names) {
         writeAllStates(name);
     }

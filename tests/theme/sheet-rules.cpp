@@ -8,8 +8,8 @@
 
 namespace {
 
-const QStringList Sides
-    = {QStringLiteral("top"), QStringLiteral("right"), QStringLiteral("bottom"), QStringLiteral("left")};
+const QStringList Sides = {QStringLiteral("top"), QStringLiteral("right"), QStringLiteral("bottom"),
+                           QStringLiteral("left")};
 const QString Enabled = QStringLiteral("enabled");
 const QString Disabled = QStringLiteral("disabled");
 
@@ -41,8 +41,7 @@ void expand(const QString &name, const QString &value, Declarations *declaration
     } else if (name == QLatin1String("padding")) {
         const QStringList parts = value.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         const QString right = parts.value(1, parts.value(0));
-        const QStringList values
-            = {parts.value(0), right, parts.value(2, parts.value(0)), parts.value(3, right)};
+        const QStringList values = {parts.value(0), right, parts.value(2, parts.value(0)), parts.value(3, right)};
         for (int side = 0; side < Sides.size(); ++side) {
             declarations->insert(QStringLiteral("padding-") + Sides.at(side), values.at(side));
         }
@@ -61,8 +60,7 @@ QVector<Rule> readRules(const QString &text)
         for (const QString &declaration : match.captured(2).split(QLatin1Char(';'))) {
             const int colon = declaration.indexOf(QLatin1Char(':'));
             if (colon > 0) {
-                expand(declaration.left(colon).trimmed(), declaration.mid(colon + 1).trimmed(),
-                       &declarations);
+                expand(declaration.left(colon).trimmed(), declaration.mid(colon + 1).trimmed(), &declarations);
             }
         }
         for (const QString &selector : match.captured(1).split(QLatin1Char(','))) {
@@ -119,8 +117,7 @@ Declarations Section::resolved(const QString &target, const QStringList &states)
     for (const Rule &rule : rules) {
         const Selector &selector = rule.selector;
         const bool isAbout = selector.ancestors == wanted.ancestors && selector.type == wanted.type
-            && selector.subControl == wanted.subControl
-            && (selector.id.isEmpty() || selector.id == wanted.id);
+            && selector.subControl == wanted.subControl && (selector.id.isEmpty() || selector.id == wanted.id);
         const bool holds = std::all_of(selector.states.cbegin(), selector.states.cend(),
                                        [&holding](const QString &state) { return holding.contains(state); });
         if (isAbout && holds) {
@@ -130,9 +127,8 @@ Declarations Section::resolved(const QString &target, const QStringList &states)
     const auto strength = [](const Rule &rule) {
         return rule.selector.states.size() + (rule.selector.id.isEmpty() ? 0 : 100);
     };
-    std::stable_sort(matching.begin(), matching.end(), [&strength](const Rule &one, const Rule &other) {
-        return strength(one) < strength(other);
-    });
+    std::stable_sort(matching.begin(), matching.end(),
+                     [&strength](const Rule &one, const Rule &other) { return strength(one) < strength(other); });
     Declarations result;
     for (const Rule &rule : qAsConst(matching)) {
         for (auto it = rule.declarations.cbegin(); it != rule.declarations.cend(); ++it) {

@@ -246,8 +246,7 @@ void TestThemeImages::drawingsAreClearAtTheirCorners()
         }
         const QImage image = readImage(name);
         const QRect area = image.rect();
-        for (const QPoint &corner :
-             {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()}) {
+        for (const QPoint &corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()}) {
             QVERIFY2(qAlpha(image.pixel(corner)) == 0, qPrintable(name));
         }
         bool isDrawn = false;
@@ -270,8 +269,8 @@ void TestThemeImages::everyFileIsUsed()
         sheets += QString::fromUtf8(file.readAll());
     }
     for (const QString &name : qAsConst(m_files)) {
-        const bool isListed
-            = m_images.contains(name) || m_tempImages.contains(name) || isStateOfAnother(name, m_images);
+        const bool isListed =
+            m_images.contains(name) || m_tempImages.contains(name) || isStateOfAnother(name, m_images);
         QVERIFY2(isListed || sheets.contains(QStringLiteral("IMG_LOC/%1.png").arg(name)), qPrintable(name));
     }
 }

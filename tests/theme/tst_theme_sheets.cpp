@@ -211,9 +211,8 @@ void TestThemeSheets::initTestCase()
     }
     QVERIFY(!m_files.isEmpty());
 
-    const QJsonObject catalogue
-        = QJsonDocument::fromJson(readText(themeFolder().filePath(QStringLiteral("images.json"))).toUtf8())
-              .object();
+    const QJsonObject catalogue =
+        QJsonDocument::fromJson(readText(themeFolder().filePath(QStringLiteral("images.json"))).toUtf8()).object();
     for (const QJsonValue &name : catalogue.value(QLatin1String("tmp_images")).toArray()) {
         m_tempImages.append(name.toString());
     }
@@ -228,17 +227,14 @@ const Section &TestThemeSheets::section(const QString &key) const
 
 /// The colour behind @p target, or "transparent". A sub-control without a surface of its own lies on its
 /// widget's.
-QString TestThemeSheets::background(const Section &section, const QString &target,
-                                    const QStringList &states) const
+QString TestThemeSheets::background(const Section &section, const QString &target, const QStringList &states) const
 {
-    const QString own
-        = section.resolved(target, states).value(QStringLiteral("background-color"), Transparent);
+    const QString own = section.resolved(target, states).value(QStringLiteral("background-color"), Transparent);
     const int subControl = target.indexOf(QLatin1String("::"));
     return own == Transparent && subControl > 0 ? background(section, target.left(subControl), states) : own;
 }
 
-QString TestThemeSheets::foreground(const Section &section, const QString &target,
-                                    const QStringList &states) const
+QString TestThemeSheets::foreground(const Section &section, const QString &target, const QStringList &states) const
 {
     const QString own = section.resolved(target, states).value(QStringLiteral("color"));
     const int subControl = target.indexOf(QLatin1String("::"));
@@ -316,8 +312,7 @@ void TestThemeSheets::commentsStandOnLinesOfTheirOwn()
             end += 2;
             QVERIFY2(begin == 0 || text.at(begin - 1) == QLatin1Char('\n'), qPrintable(file.key()));
             QVERIFY2(end == text.size() || text.at(end) == QLatin1Char('\n'), qPrintable(file.key()));
-            QVERIFY2(!text.midRef(begin, end - begin).contains(QLatin1String("\n==")),
-                     qPrintable(file.key()));
+            QVERIFY2(!text.midRef(begin, end - begin).contains(QLatin1String("\n==")), qPrintable(file.key()));
         }
         QVERIFY2(!withoutComments(text).contains(QLatin1String("*/")), qPrintable(file.key()));
     }
@@ -360,9 +355,9 @@ void TestThemeSheets::imageAddressesResolve()
     QVERIFY(count > 0);
     for (const QString &name : qAsConst(m_tempImages)) {
         const QString url = QStringLiteral("TMPIMG_LOC/tmp_%1.png").arg(name);
-        QVERIFY2(std::any_of(m_files.cbegin(), m_files.cend(),
-                             [&url](const QString &text) { return text.contains(url); }),
-                 qPrintable(url));
+        QVERIFY2(
+            std::any_of(m_files.cbegin(), m_files.cend(), [&url](const QString &text) { return text.contains(url); }),
+            qPrintable(url));
     }
 }
 
@@ -420,15 +415,14 @@ void TestThemeSheets::textIsReadableInEveryState()
             const QStringList states = one.selector.states + other.selector.states;
             const QString color = foreground(section, target, states);
             const QString surface = background(section, target, states);
-            const double least
-                = states.contains(QStringLiteral("disabled")) ? DisabledContrast : ReadableContrast;
+            const double least = states.contains(QStringLiteral("disabled")) ? DisabledContrast : ReadableContrast;
             for (const QString &page : Pages) {
                 const double measured = contrast(color, surface == Transparent ? page : surface);
-                QVERIFY2(measured >= least,
-                         qPrintable(QStringLiteral("%1 on %2 in state \"%3\": %4")
-                                        .arg(color, surface == Transparent ? page : surface,
-                                             states.join(QLatin1Char(' ')))
-                                        .arg(measured)));
+                QVERIFY2(
+                    measured >= least,
+                    qPrintable(QStringLiteral("%1 on %2 in state \"%3\": %4")
+                                   .arg(color, surface == Transparent ? page : surface, states.join(QLatin1Char(' ')))
+                                   .arg(measured)));
             }
         }
     }
@@ -476,9 +470,8 @@ void TestThemeSheets::controlsLookAnotherWayInEveryState_data()
     QTest::addColumn<QString>("state");
     for (const Control &control : Controls) {
         for (const QString &state : words(control.states)) {
-            QTest::newRow(
-                qPrintable(QStringLiteral("%1 %2 %3")
-                               .arg(QLatin1String(control.key), QLatin1String(control.target), state)))
+            QTest::newRow(qPrintable(
+                QStringLiteral("%1 %2 %3").arg(QLatin1String(control.key), QLatin1String(control.target), state)))
                 << QString::fromLatin1(control.key) << QString::fromLatin1(control.target) << state;
         }
     }
@@ -502,8 +495,7 @@ void TestThemeSheets::indicatorsHaveADrawingForEveryState()
         for (const QString &value : words(indicator.values)) {
             drawings.append(section.resolved(QString::fromLatin1(indicator.target), {value}).value(image));
             for (const QString &state : words("hover focus pressed disabled")) {
-                drawings.append(
-                    section.resolved(QString::fromLatin1(indicator.target), {value, state}).value(image));
+                drawings.append(section.resolved(QString::fromLatin1(indicator.target), {value, state}).value(image));
             }
         }
         QVERIFY(!drawings.contains(QString()));
@@ -517,8 +509,7 @@ void TestThemeSheets::focusIsVisible_data()
     QTest::addColumn<QString>("target");
     for (const Control &control : Controls) {
         if (words(control.states).contains(QStringLiteral("focus"))) {
-            QTest::newRow(control.key)
-                << QString::fromLatin1(control.key) << QString::fromLatin1(control.target);
+            QTest::newRow(control.key) << QString::fromLatin1(control.key) << QString::fromLatin1(control.target);
         }
     }
 }
@@ -578,12 +569,11 @@ void TestThemeSheets::focusMovesNothing()
         QStringList idle = rule.selector.states;
         idle.removeAll(QStringLiteral("focus"));
         const Declarations before = section.resolved(target, idle);
-        const Declarations after = section.resolved(target, idle + QStringList{QStringLiteral("focus")});
+        const Declarations after = section.resolved(target, idle + QStringList {QStringLiteral("focus")});
         for (const double scale : Scales) {
             for (const QString &side : sides) {
                 const auto inset = [&side, scale](const Declarations &declarations) {
-                    return scaledLength(declarations.value(QStringLiteral("border-%1-width").arg(side)),
-                                        scale)
+                    return scaledLength(declarations.value(QStringLiteral("border-%1-width").arg(side)), scale)
                         + scaledLength(declarations.value(QStringLiteral("padding-%1").arg(side)), scale);
                 };
                 QVERIFY2(inset(before) == inset(after),
