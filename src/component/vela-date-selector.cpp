@@ -163,8 +163,10 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     weekdayView->setFrameStyle(0);
     weekdayView->setShowGrid(false);
 
-    dayGrid()->horizontalHeader()->setDefaultSectionSize(SectionSize);
-    weekdayView->horizontalHeader()->setDefaultSectionSize(SectionSize);
+    for (QHeaderView *header : {dayGrid()->horizontalHeader(), weekdayView->horizontalHeader()}) {
+        header->setMinimumSectionSize(0); // which else depends on the font, and seven of them may not fit
+        header->setDefaultSectionSize(SectionSize);
+    }
     weekdayView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
 }
