@@ -12,18 +12,29 @@ seconds_as_text()
     printf '%d:%02d' $(($1 / 60)) $(($1 % 60))
 }
 
+# begin_step <name>, end_step <ok|FAILED> <start, of SECONDS>
+begin_step()
+{
+    printf '  %-44s' "$1"
+}
+end_step()
+{
+    printf ' %-6s %6s\n' "$1" "$(seconds_as_text $((SECONDS - $2)))"
+}
+
 # step <name> <command> [<argument> ...]
 step()
 {
-    local name=$1 start=$SECONDS output
+    local start=$SECONDS output
+    begin_step "$1"
     shift
-    printf '  %-44s' "$name"
     if output=$("$@" 2>&1 </dev/null); then
         passed=$((passed + 1))
-        printf ' ok      %6s\n' "$(seconds_as_text $((SECONDS - start)))"
+        end_step ok "$start"
     else
         failed=$((failed + 1))
-        printf ' FAILED  %6s\n%s\n' "$(seconds_as_text $((SECONDS - start)))" "$output"
+        end_step FAILED "$start"
+        printf '%s\n' "$output"
         return 1
     fi
 }

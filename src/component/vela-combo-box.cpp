@@ -15,8 +15,8 @@ QString comboBoxSheet()
     const QString padding =
         QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad + QLatin1String("px;");
     const QString border = QStringLiteral("border: 1px solid #C8D2DC;");
-    return getStyleSheet("component.combobox", false).arg(padding).arg(border)
-        + getStyleSheet("component.scrollbar", false);
+    const QString boxSheet = getStyleSheet("component.combobox", false).arg(padding).arg(border);
+    return boxSheet + getStyleSheet("component.scrollbar", false);
 }
 
 } // namespace

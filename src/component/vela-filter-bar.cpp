@@ -19,7 +19,8 @@ VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent)
 {
     setAttribute(Qt::WA_MacShowFocusRect, false);
     createSearchButton();
-    setStyleSheet(getStyleSheet("component.lineedit", false) + getStyleSheet("component.filter_bar_padding", false));
+    const QString fieldSheet = getStyleSheet("component.lineedit", false);
+    setStyleSheet(fieldSheet + getStyleSheet("component.filter_bar_padding", false));
     setFixedHeight(scaled(Height));
     connect(this, &QLineEdit::returnPressed, this, &VelaFilterBar::slotKeywordChange);
 }

@@ -8,6 +8,19 @@
 #include <QLineEdit>
 #include <QStyle>
 
+namespace {
+
+QLabel *createText(QWidget *parent)
+{
+    // A label that never had a text takes the room of a letter, one whose text is empty takes none.
+    auto *label = new QLabel(QStringLiteral(" "), parent);
+    label->setText(QString());
+    label->setStyleSheet(getStyleSheet("component.lineedit_label", false));
+    return label;
+}
+
+} // namespace
+
 class VelaLineEditPrivate
 {
 public:
@@ -22,12 +35,10 @@ VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_uniqu
 {
     // Styled when they have their parent: a styled widget that is given another one is polished again.
     d->layout = new QHBoxLayout(this);
-    d->preLabel = new QLabel(this);
-    d->preLabel->setStyleSheet(getStyleSheet("component.lineedit_label", false));
+    d->preLabel = createText(this);
     d->lineEdit = new QLineEdit(this);
     d->lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));
-    d->postLabel = new QLabel(this);
-    d->postLabel->setStyleSheet(getStyleSheet("component.lineedit_label", false));
+    d->postLabel = createText(this);
 
     d->layout->setAlignment(Qt::AlignLeft);
     setSpacing(0);

@@ -96,9 +96,12 @@ private Q_SLOTS:
     void lazyDecodesNothingButTempImages();
     void lazyLoadsAnImageWithAllItsVariantsAtItsFirstRequest();
     void lazyLoadsAnImageOnce();
+    void anyOneVariantMakesAnImageLoaded_data();
+    void anyOneVariantMakesAnImageLoaded();
     void lazyTriesAnImageWithoutAnyFileAgainAndAgain();
     void aVariantOnceMissingStaysMissing();
     void preloadLoadsEverythingAtOnce();
+    void preloadingAgainLoadsEverythingAgain();
     void anyOtherTypeLoadsNothingEver_data();
     void anyOtherTypeLoadsNothingEver();
     void nothingStaysInThePixmapCache_data();
@@ -203,9 +206,12 @@ void ImageManagerTest::askingForAFolderBeforeInitializeAborts()
 {
     QFETCH(QString, folder);
     bool crashed = false;
+    qputenv("QT_MESSAGE_PATTERN", "%{category} %{type}: %{message}"); // read by the program, which inherits it
     const QString errors = runAndReadErrors(QStringLiteral(VELA_UNINITIALIZED), {folder}, &crashed);
+    qunsetenv("QT_MESSAGE_PATTERN");
     QVERIFY(crashed);
-    QVERIFY2(errors.contains(QLatin1String("debug.message: ImageManager is not initialized")), qPrintable(errors));
+    QVERIFY2(errors.contains(QLatin1String("debug.message warning: ImageManager is not initialized")),
+             qPrintable(errors));
 }
 
 void ImageManagerTest::anImageBeforeInitializeIsUnlisted()
@@ -464,6 +470,27 @@ void ImageManagerTest::lazyLoadsAnImageOnce()
     QCOMPARE(getGlobalImage("bt", ImageManager::IMAGE_NORMAL).cacheKey(), key);
 }
 
+void ImageManagerTest::anyOneVariantMakesAnImageLoaded_data()
+{
+    QTest::addColumn<int>("state");
+    for (ImageType state : States) {
+        QTest::newRow(qPrintable(QLatin1String("bt") + QLatin1String(Suffixes[state]))) << int(state);
+    }
+}
+
+void ImageManagerTest::anyOneVariantMakesAnImageLoaded()
+{
+    QFETCH(int, state);
+    const QString name = QLatin1String("bt") + QLatin1String(Suffixes[state]);
+    m_folder->writeImage(name, QSize(64, 64), Colors[state]);
+    m_folder->writeCatalogue({QStringLiteral("bt")});
+    initialize();
+    getGlobalImage("bt", static_cast<ImageType>(state));
+    m_folder->writeImage(name, QSize(64, 64), Qt::black);
+
+    QCOMPARE(colorOf(getGlobalImage("bt", static_cast<ImageType>(state))), Colors[state]);
+}
+
 // An image without any file is looked for at each request, under the names that are left: none, so under ".png".
 void ImageManagerTest::lazyTriesAnImageWithoutAnyFileAgainAndAgain()
 {
@@ -505,6 +532,18 @@ void ImageManagerTest::preloadLoadsEverythingAtOnce()
     for (ImageType state : States) {
         QCOMPARE(colorOf(getGlobalImage("bt", state)), Colors[state]);
     }
+}
+
+void ImageManagerTest::preloadingAgainLoadsEverythingAgain()
+{
+    writeAllStates(QStringLiteral("bt"));
+    m_folder->writeCatalogue({QStringLiteral("bt")});
+    initialize(ImageManager::INIT_PRELOAD);
+    m_folder->writeImage(QStringLiteral("bt"), QSize(64, 64), Qt::black);
+    m_folder->writeCatalogue({}); // so the image is not listed anew, but kept as it is
+    initialize(ImageManager::INIT_PRELOAD);
+
+    QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::black));
 }
 
 void ImageManagerTest::anyOtherTypeLoadsNothingEver_data()

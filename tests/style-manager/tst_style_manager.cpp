@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <cstring>
+
 class StyleManagerTest : public QObject
 {
     Q_OBJECT
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void textIsUtf8();
     void aByteOrderMarkIsNoPartOfTheText();
     void carriageReturnsAreNoPartOfTheText();
+    void aTextIsReadAsADeviceInTextModeReadsIt();
+    void nullCharactersArePartOfTheText();
     void aHeaderBehindALineCommentIsNone();
     void aFileThatCannotBeReadAddsALineBreakOnly_data();
     void aFileThatCannotBeReadAddsALineBreakOnly();
@@ -236,7 +240,9 @@ void StyleManagerTest::placeholdersAreCaseSensitive()
 void StyleManagerTest::textIsUtf8()
 {
     read(QByteArray("== k\xc3\xa9y ==\ncontent: \"\xe6\x97\xa5\xf0\x9f\x98\x80\""));
-    QCOMPARE(raw("k\xc3\xa9y"), QString::fromUtf8("\ncontent: \"\xe6\x97\xa5\xf0\x9f\x98\x80\""));
+    const QString expected = QString::fromUtf8("\ncontent: \"\xe6\x97\xa5\xf0\x9f\x98\x80\"");
+    QCOMPARE(raw("k\xc3\xa9y"), expected);
+    QCOMPARE(getStyleSheet("k\xc3\xa9y", true), expected);
 }
 
 void StyleManagerTest::aByteOrderMarkIsNoPartOfTheText()
@@ -251,6 +257,26 @@ void StyleManagerTest::carriageReturnsAreNoPartOfTheText()
     read("== a ==\r\nx\r\n== b ==\r\ny\r\n");
     QCOMPARE(raw("a"), QStringLiteral("\nx"));
     QCOMPARE(raw("b"), QStringLiteral("\ny\n"));
+}
+
+void StyleManagerTest::aTextIsReadAsADeviceInTextModeReadsIt()
+{
+    const QString path = write("== a ==\nx\ry\r\r\nz\n\r");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QString expected = QString::fromUtf8(file.readAll()).mid(int(std::strlen("== a ==")));
+
+    StyleManager::getInstance()->initialize({path});
+
+    QCOMPARE(raw("a"), expected);
+}
+
+void StyleManagerTest::nullCharactersArePartOfTheText()
+{
+    read(QByteArrayLiteral("== a ==\nx\0y"));
+    QCOMPARE(raw("a"), QString::fromLatin1("\nx\0y", 4));
+    read(QByteArrayLiteral("== a ==\n\xc3\xa9\0y"));
+    QCOMPARE(raw("a"), QString::fromLatin1("\n\xe9\0y", 4));
 }
 
 void StyleManagerTest::aHeaderBehindALineCommentIsNone()

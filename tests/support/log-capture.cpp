@@ -15,12 +15,13 @@ LogCapture::~LogCapture()
 
 void LogCapture::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (text.startsWith(QLatin1String("This plugin does not support"))) { // said by the offscreen platform of any window
+    if (text.startsWith(
+            QLatin1String("This plugin does not support"))) { // said by the offscreen platform of any window
         return;
     }
     const QString category = QString::fromUtf8(context.category);
-    s_current->m_messages.append({type, category, text, QString::fromUtf8(context.file), context.line,
-                                  QString::fromUtf8(context.function)});
+    s_current->m_messages.append(
+        {type, category, text, QString::fromUtf8(context.file), context.line, QString::fromUtf8(context.function)});
     if (category != QLatin1String("debug.message")) {
         s_current->m_previous(type, context, text);
     }
@@ -36,8 +37,9 @@ QStringList LogCapture::takeTexts()
     QStringList texts;
     const QVector<Message> messages = takeMessages();
     for (const Message &message : messages) {
-        const bool isLibrary = message.category == QLatin1String("debug.message");
-        texts.append(isLibrary ? message.text : message.category + QLatin1String(": ") + message.text);
+        const bool isLibraryWarning =
+            message.category == QLatin1String("debug.message") && message.type == QtWarningMsg;
+        texts.append(isLibraryWarning ? message.text : message.category + QLatin1String(": ") + message.text);
     }
     return texts;
 }

@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// Keeps what is logged while it lives. Messages of other categories than the library's are passed on as well, so that a
-/// warning of the toolkit is seen in the test's output.
+/// Keeps what is logged while it lives. Messages of other categories than the library's are passed on as well, so that
+/// a warning of the toolkit is seen in the test's output.
 class LogCapture
 {
 public:
@@ -27,8 +27,8 @@ public:
     /// All messages since construction or the last take.
     QVector<Message> takeMessages();
 
-    /// The texts of the library's messages since construction or the last take. Anything of another category stands
-    /// there too, in front of its text the category, so that comparing the list finds it.
+    /// The texts of the library's warnings since construction or the last take. Anything of another category or level
+    /// stands there too, in front of its text the category, so that comparing the list finds it.
     QStringList takeTexts();
 
 private:

@@ -126,7 +126,8 @@ void installReferenceTheme()
     static const bool installed = [] {
         const QDir theme(QStringLiteral(VELA_THEME_DIR));
         setPaths(theme.path(), userData.path());
-        ComponentStrings::getInstance()->installStrings(readStrings(theme.filePath(QStringLiteral("strings/enu.json"))));
+        ComponentStrings::getInstance()->installStrings(
+            readStrings(theme.filePath(QStringLiteral("strings/enu.json"))));
         ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
         StyleManager::getInstance()->initialize(sheetsIn(QDir(theme.filePath(QStringLiteral("styles")))));
         return true;

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void installingReplacesTheWholeTable();
     void theTableIsACopy();
     void keysAreCaseSensitive();
+    void aFailedLookupStoresNothing();
 };
 
 void ComponentStringsTest::thereIsOneInstance()
@@ -55,7 +56,8 @@ void ComponentStringsTest::installingReplacesTheWholeTable()
 {
     auto *strings = ComponentStrings::getInstance();
     strings->installStrings({{QStringLiteral("ok"), QStringLiteral("OK")}, {QStringLiteral("a"), QStringLiteral("A")}});
-    strings->installStrings({{QStringLiteral("ok"), QStringLiteral("Gut")}, {QStringLiteral("b"), QStringLiteral("B")}});
+    strings->installStrings(
+        {{QStringLiteral("ok"), QStringLiteral("Gut")}, {QStringLiteral("b"), QStringLiteral("B")}});
     LogCapture log;
 
     QCOMPARE(strings->getString(QStringLiteral("ok")), QStringLiteral("Gut"));
@@ -82,6 +84,16 @@ void ComponentStringsTest::keysAreCaseSensitive()
 
     QCOMPARE(ComponentStrings::getInstance()->getString(QStringLiteral("Ok")), QStringLiteral("Ok"));
     QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find key in ComponentStrings \"Ok\"")});
+}
+
+void ComponentStringsTest::aFailedLookupStoresNothing()
+{
+    ComponentStrings::getInstance()->installStrings({});
+    LogCapture log;
+    for (int i = 0; i < 2; ++i) { // an entry made by the look-up would be found by the next one
+        QCOMPARE(ComponentStrings::getInstance()->getString(QStringLiteral("ok")), QStringLiteral("ok"));
+        QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find key in ComponentStrings \"ok\"")});
+    }
 }
 
 QTEST_GUILESS_MAIN(ComponentStringsTest)

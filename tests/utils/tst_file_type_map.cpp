@@ -15,51 +15,33 @@ struct Row
 
 // A copy of its own, so that a slip in the library's table is found.
 constexpr Row Rows[] = {
-    {"acc",
-     "acc ade adp adn accdr accdb accdt mdb mda mdn mdt mdw mdf mde accde mam maq mar mat maf"},
-    {"ai",
-     "ai"},
-    {"audio",
-     "mp3 aac flac m4a m4b aif ogg pcm wav cda mid mp2 mka mpc ape ra ac3 dts wma"},
-    {"bkpi",
-     "bkpi"},
-    {"doc",
-     "doc docx wri rtf"},
-    {"exe",
-     "exe"},
-    {"fla",
-     "fla"},
-    {"htm",
-     "htm html"},
-    {"idn",
-     "idn"},
+    {"acc", "acc ade adp adn accdr accdb accdt mdb mda mdn mdt mdw mdf mde accde mam maq mar mat maf"},
+    {"ai", "ai"},
+    {"audio", "mp3 aac flac m4a m4b aif ogg pcm wav cda mid mp2 mka mpc ape ra ac3 dts wma"},
+    {"bkpi", "bkpi"},
+    {"doc", "doc docx wri rtf"},
+    {"exe", "exe"},
+    {"fla", "fla"},
+    {"htm", "htm html"},
+    {"idn", "idn"},
     {"image",
      "bmp ico tif tiff ufo raw arw srf sr2 dcr k25 kdc cr2 crw nef mrw ptx pef raf 3fr erf mef "
      "mos orf rw2 dng x3f jpg jpe jpeg png gif"},
-    {"iso",
-     "iso bin img mds nrg daa"},
+    {"iso", "iso bin img mds nrg daa"},
     {"code",
      "js css actproj ad akp applescript as asax asc ascx asm asmx asp aspx asr c cc php jsx xml "
      "xhtml mhtml cpp cs cxx"},
-    {"pdf",
-     "pdf"},
-    {"ppt",
-     "ppt pptx pps ppsx"},
-    {"psd",
-     "psd"},
-    {"swf",
-     "swf flv f4v"},
-    {"ttf",
-     "ttf ttc otf"},
-    {"txt",
-     "txt"},
+    {"pdf", "pdf"},
+    {"ppt", "ppt pptx pps ppsx"},
+    {"psd", "psd"},
+    {"swf", "swf flv f4v"},
+    {"ttf", "ttf ttc otf"},
+    {"txt", "txt"},
     {"video",
      "avi 3gp 3g2 asf dat divx dvr-ms m2t m2ts m4v mkv mp4 mts mov qt tp trp ts vob wmv xvid ac3 "
      "amr rm rmvb ifo mpeg mpg mpe m1v m2v mpeg1 mpeg2 mpeg4 ogv webm"},
-    {"xls",
-     "xls xla xlb xlc xld xlk xll xlm xlt xlv xlw xlsx xlsm xlsb xltm xlam"},
-    {"zip",
-     "zip tar 7z bz2 gz zip tgz tbz rar"},
+    {"xls", "xls xla xlb xlc xld xlk xll xlm xlt xlv xlw xlsx xlsm xlsb xltm xlam"},
+    {"zip", "zip tar 7z bz2 gz zip tgz tbz rar"},
 };
 
 constexpr int DistinctExtensions = 185;
@@ -125,8 +107,7 @@ void FileTypeMapTest::everyExtensionHasItsIcon()
 
 void FileTypeMapTest::theLaterRowWinsForAnExtensionInTwo()
 {
-    QCOMPARE(FileTypeMap::getInstance()->getFiletypeMapping(QStringLiteral("ac3"), false),
-             QStringLiteral("video.png"));
+    QCOMPARE(FileTypeMap::getInstance()->getFiletypeMapping(QStringLiteral("ac3"), false), QStringLiteral("video.png"));
 }
 
 void FileTypeMapTest::anUnknownExtensionHasTheUnknownIcon_data()

@@ -1,0 +1,163 @@
+#include "component/vela-menu.h"
+#include "support/controls.h"
+
+#include <QScreen>
+#include <QtTest>
+
+namespace {
+
+constexpr int Width = 200;
+constexpr int Height = 120;
+constexpr int Outside = 30;
+
+QRect area()
+{
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+/// Where a menu goes that begins at @p start, along one direction of the area.
+int expectedStart(int start, int size, int first, int last)
+{
+    if (first > start) {
+        return 0;
+    }
+    if (last < start + size) {
+        return last - size; // a pixel short of the last one
+    }
+    return start;
+}
+
+} // namespace
+
+/// Shows the menu without opening it, so that nothing but showing it decides where it goes.
+class ShownMenu : public VelaMenu
+{
+public:
+    ShownMenu()
+    {
+        setAttribute(Qt::WA_DontShowOnScreen); // no window manager has a say in it
+        setFixedSize(Width, Height);
+    }
+
+    QPoint placeWhenShownAt(const QPoint &position)
+    {
+        hide();
+        move(position);
+        show();
+        return pos();
+    }
+};
+
+class VelaMenuTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itAddsNoSignalsSlotsOrProperties();
+    void itHasNoSheetOfItsOwn();
+    void aMenuOverAnEdgeIsMovedBack_data();
+    void aMenuOverAnEdgeIsMovedBack();
+    void atTheRightItStaysAPixelShort();
+    void atTheLeftItJumpsToZero();
+    void aMenuThatFitsIsNotMoved();
+    void itIsPlacedAnewAtEachShow();
+    void anOpenedMenuIsWithinItsScreen();
+};
+
+void VelaMenuTest::itAddsNoSignalsSlotsOrProperties()
+{
+    QCOMPARE(VelaMenu::staticMetaObject.className(), "VelaMenu");
+    QCOMPARE(ownDeclarations(VelaMenu::staticMetaObject), QStringList());
+}
+
+void VelaMenuTest::itHasNoSheetOfItsOwn()
+{
+    QWidget parent;
+    const VelaMenu menu(&parent);
+    QCOMPARE(menu.styleSheet(), QString());
+    QCOMPARE(menu.parentWidget(), &parent);
+}
+
+void VelaMenuTest::aMenuOverAnEdgeIsMovedBack_data()
+{
+    QTest::addColumn<QPoint>("position");
+    const int left = area().left();
+    const int top = area().top();
+    const int right = area().right();
+    const int bottom = area().bottom();
+    const int xs[] = {
+        left - Outside,          left - 1,       left, left + 100, right - Width - 1, right - Width, right - Width + 1,
+        right - Width + Outside, right + Outside};
+    const int ys[] = {top - Outside,
+                      top - 1,
+                      top,
+                      top + 100,
+                      bottom - Height - 1,
+                      bottom - Height,
+                      bottom - Height + 1,
+                      bottom - Height + Outside,
+                      bottom + Outside};
+    for (int x : xs) {
+        for (int y : ys) {
+            QTest::newRow(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y))) << QPoint(x, y);
+        }
+    }
+}
+
+void VelaMenuTest::aMenuOverAnEdgeIsMovedBack()
+{
+    QFETCH(QPoint, position);
+    ShownMenu menu;
+    const QPoint expected(expectedStart(position.x(), Width, area().left(), area().right()),
+                          expectedStart(position.y(), Height, area().top(), area().bottom()));
+    QCOMPARE(menu.placeWhenShownAt(position), expected);
+}
+
+void VelaMenuTest::atTheRightItStaysAPixelShort()
+{
+    ShownMenu menu;
+    const QPoint place = menu.placeWhenShownAt(QPoint(area().x() + area().width() + Outside, area().top() + 10));
+    QCOMPARE(place.x(), area().right() - Width);
+    QCOMPARE(menu.geometry().right(), area().right() - 1);
+    if (area().x() == 0 && area().width() == 1920) {
+        QCOMPARE(place.x(), 1719);
+    }
+}
+
+void VelaMenuTest::atTheLeftItJumpsToZero()
+{
+    ShownMenu menu;
+    QCOMPARE(menu.placeWhenShownAt(QPoint(area().left() - 500, area().top() - 500)), QPoint(0, 0));
+}
+
+void VelaMenuTest::aMenuThatFitsIsNotMoved()
+{
+    ShownMenu menu;
+    const EventCounter moves(&menu, QEvent::Move);
+    const QPoint position = area().topLeft() + QPoint(40, 50);
+    QCOMPARE(menu.placeWhenShownAt(position), position);
+}
+
+void VelaMenuTest::itIsPlacedAnewAtEachShow()
+{
+    ShownMenu menu;
+    const QPoint inside = area().topLeft() + QPoint(40, 50);
+    QCOMPARE(menu.placeWhenShownAt(area().bottomRight()), area().bottomRight() - QPoint(Width, Height));
+    QCOMPARE(menu.placeWhenShownAt(inside), inside);
+    QCOMPARE(menu.placeWhenShownAt(area().bottomRight()), area().bottomRight() - QPoint(Width, Height));
+}
+
+void VelaMenuTest::anOpenedMenuIsWithinItsScreen()
+{
+    VelaMenu menu;
+    menu.addAction(QStringLiteral("Item"));
+    for (const QPoint &corner : {area().topLeft(), area().topRight(), area().bottomLeft(), area().bottomRight()}) {
+        menu.popup(corner);
+        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        QVERIFY(area().contains(menu.geometry()));
+        menu.close();
+    }
+}
+
+QTEST_MAIN(VelaMenuTest)
+#include "tst_vela_menu.moc"

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QColor>
+#include <QEvent>
+#include <QStringList>
+#include <QWidget>
+
+class QLineEdit;
+class ResourceFolder;
+
+/// Makes the start-up calls with @p folder and these style sheets, each between its header line and a line
+/// break. Sheets that are already installed stay, unless there is a new one of the same key.
+void installSheets(const ResourceFolder &folder, const QByteArray &sheets);
+
+/// What a class declares itself, apart from its bases: signatures of methods, names of properties and enumerations.
+QStringList ownDeclarations(const QMetaObject &metaObject);
+
+/// Names of the properties of @p metaObject, which both objects have, whose values differ, other than @p ignored.
+QStringList differingProperties(const QMetaObject &metaObject, const QObject &left, const QObject &right,
+                                const QStringList &ignored = {});
+
+/// The colour that @p widget paints at @p position, in logical pixels.
+QColor paintedColor(QWidget *widget, const QPoint &position);
+/// The colour that it paints in its middle.
+QColor paintedColor(QWidget *widget);
+
+/// A window with a control in its own size and a neighbour that has the focus at first; the pointer is outside of both.
+class ControlWindow : public QWidget
+{
+public:
+    explicit ControlWindow(QWidget *shownControl);
+
+    /// Whether the window became active.
+    bool showAndWait();
+
+    // As the user does it, at the control's middle.
+    void enter();
+    void leave();
+    void press();
+    void release();
+    void click();
+    /// To what has the focus.
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void type(const QString &text);
+
+    QWidget *const control;
+    QLineEdit *const neighbour;
+
+private:
+    QPoint center() const;
+};
+
+/// Counts the events of a type that an object gets.
+class EventCounter : public QObject
+{
+public:
+    EventCounter(QObject *watched, QEvent::Type type);
+
+    /// How many there were since construction or the last take.
+    int take();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    const QEvent::Type m_type;
+    int m_count = 0;
+};

@@ -1,0 +1,4 @@
+#pragma once
+
+/// How many sockets this process has open.
+int openSockets();
