@@ -6,10 +6,12 @@
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalMapper>
 #include <QToolButton>
+#include <QVector>
 
 namespace {
 
@@ -32,9 +34,10 @@ QString withoutMnemonic(QString name)
     return name.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-QPushButton *createArrow()
+// Buttons are made where they stay, as a styled widget that is given another parent is polished again.
+QPushButton *createArrow(QWidget *parent)
 {
-    auto *arrow = new QPushButton;
+    auto *arrow = new QPushButton(parent);
     arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
     arrow->setFlat(true);
     arrow->setStyleSheet(getStyleSheet("component.button_path_arrow", false));
@@ -42,12 +45,13 @@ QPushButton *createArrow()
     return arrow;
 }
 
-QPushButton *createNameButton(const QString &name)
+QPushButton *createNameButton(const QString &name, QWidget *parent)
 {
-    auto *button = new QPushButton(withoutMnemonic(name));
+    auto *button = new QPushButton(withoutMnemonic(name), parent);
     button->setFlat(true);
     button->setStyleSheet(getStyleSheet("component.button_path_name_button", false));
     button->setFixedHeight(scaled(NameButtonHeight));
+    button->ensurePolished(); // the sheet may set the font
     // The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
     button->setFixedWidth(scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding));
     return button;
@@ -66,6 +70,8 @@ public:
     void setUpTable();
     void setUpMenuButton();
     void clear();
+    template<typename Source>
+    void discard(Source *source);
     void setButton(int column, QPushButton *button);
 
     VelaButtonPath *const q;
@@ -75,6 +81,7 @@ public:
     int visibleWidth = 0;
     QSignalMapper *const nameMapper;
     QSignalMapper *const menuMapper;
+    QVector<QObject *> sources; // of the clicks that are being told of, the innermost last
 };
 
 void VelaButtonPathPrivate::setUpTable()
@@ -106,22 +113,32 @@ void VelaButtonPathPrivate::setUpMenuButton()
     menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset));
 }
 
-/// What is deleted may be in the middle of telling that it was clicked, so it leaves at once and is deleted later.
 void VelaButtonPathPrivate::clear()
 {
     const QList<QAction *> actions = menu->actions();
     for (QAction *action : actions) {
         menu->removeAction(action);
-        action->deleteLater();
+        discard(action);
     }
     for (QPushButton *button : qAsConst(buttons)) {
-        nameMapper->removeMappings(button);
-        button->hide();
-        button->deleteLater();
+        discard(button);
     }
     buttons.clear();
     q->clear();
     q->setColumnCount(0);
+}
+
+template<typename Source>
+void VelaButtonPathPrivate::discard(Source *source)
+{
+    if (!sources.contains(source)) {
+        delete source;
+        return;
+    }
+    nameMapper->removeMappings(source);
+    menuMapper->removeMappings(source);
+    source->setParent(nullptr);
+    source->deleteLater();
 }
 
 void VelaButtonPathPrivate::setButton(int column, QPushButton *button)
@@ -154,9 +171,9 @@ void VelaButtonPath::refresh(QString path)
     setColumnCount(qMax(0, 2 * names.size() - 1));
     for (int i = 0; i < names.size(); ++i) {
         if (i > 0) {
-            d->setButton(2 * i - 1, createArrow());
+            d->setButton(2 * i - 1, createArrow(viewport()));
         }
-        QPushButton *button = createNameButton(names.at(i));
+        QPushButton *button = createNameButton(names.at(i), viewport());
         connect(button, &QPushButton::clicked, d->nameMapper, qOverload<>(&QSignalMapper::map));
         d->nameMapper->setMapping(button, 2 * i);
         d->setButton(2 * i, button);
@@ -220,5 +237,11 @@ void VelaButtonPath::slotUpdatePath(QString path)
 
 void VelaButtonPath::slotPathBarClicked(int btn_id)
 {
+    const auto *mapper = qobject_cast<QSignalMapper *>(sender());
+    d->sources.append(mapper ? mapper->mapping(btn_id) : nullptr);
+    const QPointer<VelaButtonPath> alive(this);
     Q_EMIT sigUpdatePath(getPath(btn_id));
+    if (alive) {
+        d->sources.removeLast();
+    }
 }

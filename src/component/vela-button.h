@@ -33,8 +33,8 @@ public:
 
 /// Button of an image only, which follows the pointer, the mouse buttons and the enabled state with one of four icons.
 ///
-/// An icon is changed by the next event that calls for it: the one shown now stays when another is set. A button that
-/// has the keyboard focus keeps its hover icon when the pointer leaves.
+/// The icons' size, and an icon set for a single state, show from the next event that calls for them. A button that has
+/// the keyboard focus keeps its hover icon when the pointer leaves.
 class VELA_EXPORT VelaIconButton : public QToolButton
 {
     Q_OBJECT
@@ -47,10 +47,11 @@ public:
     ~VelaIconButton() override;
 
     /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the
-    /// icons' size. An unknown name gives empty icons of size 0 by 0; ImageManager logs it.
+    /// icons' size; shows the normal one at once. An unknown name gives empty icons of size 0 by 0; ImageManager logs
+    /// it.
     void setAllIcon(const QString &imageName);
 
-    /// Takes @p pixmap for all four states, and its logical size as the icons' size.
+    /// Takes @p pixmap for all four states, and its logical size as the icons' size; shows it at once.
     void setDefaultIcon(const QPixmap &pixmap);
     /// Replaces the icon shown while a mouse button is down.
     void setPressIcon(const QPixmap &pixmap);

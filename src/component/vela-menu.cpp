@@ -1,19 +1,15 @@
 #include "component/vela-menu.h"
 
-#include <QApplication>
-#include <QDesktopWidget>
+#include <QGuiApplication>
 #include <QScreen>
 
 namespace {
 
 QRect availableArea(const QWidget *menu)
 {
-    QScreen *primary = QGuiApplication::primaryScreen();
+    const QScreen *primary = QGuiApplication::primaryScreen();
     const bool isVirtualDesktop = primary->virtualSiblings().size() > 1;
-    if (!isVirtualDesktop) {
-        return QApplication::desktop()->availableGeometry(menu);
-    }
-    const QScreen *screen = QGuiApplication::screenAt(menu->pos());
+    const QScreen *screen = isVirtualDesktop ? QGuiApplication::screenAt(menu->pos()) : menu->screen();
     return (screen ? screen : primary)->availableGeometry();
 }
 

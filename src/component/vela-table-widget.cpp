@@ -22,33 +22,25 @@ constexpr int FillerWidth = 12; // above the vertical scroll bar
 class TableHeader : public QHeaderView
 {
 public:
-    TableHeader() : QHeaderView(Qt::Horizontal)
+    explicit TableHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent), m_usableSize(minimumSectionSize())
     {
-        m_usableSize = minimumSectionSize();
         setMinimumSectionSize(0);
-        connect(this, &QHeaderView::sectionResized, this, [this](int index, int, int size) {
-            if (m_isDragged && size < m_usableSize) {
-                resizeSection(index, m_usableSize);
-            }
-        });
+        connect(this, &QHeaderView::sectionResized, this, [this](int index) { m_resized = index; });
     }
 
 protected:
-    void mousePressEvent(QMouseEvent *event) override
+    void mouseMoveEvent(QMouseEvent *event) override
     {
-        m_isDragged = true;
-        QHeaderView::mousePressEvent(event);
-    }
-
-    void mouseReleaseEvent(QMouseEvent *event) override
-    {
-        QHeaderView::mouseReleaseEvent(event);
-        m_isDragged = false;
+        m_resized = -1;
+        QHeaderView::mouseMoveEvent(event);
+        if (m_resized >= 0 && sectionSize(m_resized) < m_usableSize) {
+            resizeSection(m_resized, m_usableSize);
+        }
     }
 
 private:
-    int m_usableSize = 0;
-    bool m_isDragged = false;
+    const int m_usableSize;
+    int m_resized = -1; // by the current move of the mouse
 };
 
 /// Clips the header, and follows the rows alone: no wheel turned over it scrolls it.
@@ -122,7 +114,7 @@ void VelaTableWidgetPrivate::createHeader(VelaTableWidget *table)
 {
     // In its place before it is styled: a styled widget that is given another parent is polished again.
     headerArea = new HeaderArea(table);
-    header = new TableHeader;
+    header = new TableHeader(headerArea);
     headerArea->setWidget(header);
 
     header->setModel(headerModel.model());

@@ -8,9 +8,14 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyle>
+#include <QStyleOptionToolButton>
 #include <QTimer>
 #include <QToolBar>
 #include <QtTest>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -128,6 +133,7 @@ private Q_SLOTS:
     void theIconSizeOfAPixmapIsDividedByTheRatioAndRounded_data();
     void theIconSizeOfAPixmapIsDividedByTheRatioAndRounded();
     void theIconSizeIsAppliedByTheNextEventOnly();
+    void everyChangeOfTheIconAppliesTheIconSize();
     void showPaintsTheDefaultIcon();
     void showOfADisabledButtonShowsItsDisableIcon();
     void thePointerAndTheMouseButtonsSwitchTheIcon();
@@ -144,7 +150,10 @@ private Q_SLOTS:
     void settingTheDefaultIconReplacesAllFour();
     void eventsReachTheToolButton();
     void otherChangesReachTheToolButton();
+    void theIconIsChangedBeforeTheToolButtonTellsOfTheEvent();
+    void aDisabledButtonsHandlersChangeNothing();
     void aMenuOpensAtTheFirstPress();
+    void aPressOnTheMenusPartOpensTheMenuOnly();
     void aDisabledIconIsPaintedAsThePlainToolButtonPaintsIt();
 
 private:
@@ -200,7 +209,7 @@ void VelaButtonTest::aKindWithoutItsSheetIsUnstyledAndLogged()
                 .arg(81 + kind.value)
                 .toUtf8();
     }
-    sheets += "== component.icon_button ==\nQToolButton { border: none; padding: 3px }\nQToolButton::menu-indicator { "
+    sheets += "== component.icon_button ==\nQToolButton { border: none; padding: 4px }\nQToolButton::menu-indicator { "
               "image: none }\n";
     m_folder.writeFile(QStringLiteral("buttons.qss"), sheets);
     StyleManager::getInstance()->initialize({m_folder.path() + QStringLiteral("/buttons.qss")});
@@ -406,7 +415,7 @@ void VelaButtonTest::anIconButtonIsSetUpAsAnImageOnly()
     QCOMPARE(button->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
     QCOMPARE(button->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
     QCOMPARE(button->popupMode(), QToolButton::InstantPopup);
-    QVERIFY(button->styleSheet().contains(QStringLiteral("padding: %1px").arg(expectedPixels(3))));
+    QVERIFY(button->styleSheet().contains(QStringLiteral("padding: %1px").arg(expectedPixels(4))));
     QCOMPARE(button->styleSheet(), getStyleSheet("component.icon_button", false));
     QCOMPARE(colorOf(button->icon()), Normal);
     QCOMPARE(log.takeTexts(), QStringList());
@@ -468,6 +477,34 @@ void VelaButtonTest::theIconSizeIsAppliedByTheNextEventOnly()
     ButtonWindow<VelaIconButton> window(button);
     QVERIFY(window.showAndWait());
     QCOMPARE(button->iconSize(), QSize(70, 50) / expectedRatio());
+}
+
+void VelaButtonTest::everyChangeOfTheIconAppliesTheIconSize()
+{
+    const QSize foreign(5, 7);
+    const QSize own = QSize(70, 50) / expectedRatio();
+    ButtonWindow<VelaIconButton> window(new VelaIconButton(filled(QSize(70, 50), Normal)));
+    QVERIFY(window.showAndWait());
+    VelaIconButton *button = window.button;
+
+    const std::pair<const char *, std::function<void()>> changes[] = {
+        {"enter", [&] { window.enter(); }},
+        {"press", [&] { window.press(); }},
+        {"release", [&] { window.release(); }},
+        {"leave", [&] { window.leave(); }},
+        {"disable", [&] { button->setEnabled(false); }},
+        {"enable", [&] { button->setEnabled(true); }},
+        {"show",
+         [&] {
+             button->hide();
+             button->show();
+         }},
+    };
+    for (const auto &[name, change] : changes) {
+        button->setIconSize(foreign);
+        change();
+        QVERIFY2(button->iconSize() == own, name);
+    }
 }
 
 void VelaButtonTest::showPaintsTheDefaultIcon()
@@ -724,6 +761,53 @@ void VelaButtonTest::otherChangesReachTheToolButton()
     QVERIFY(!button->isDown());
 }
 
+// What listens to a button may ask for its icon, or change it.
+void VelaButtonTest::theIconIsChangedBeforeTheToolButtonTellsOfTheEvent()
+{
+    ButtonWindow<VelaIconButton> window(new VelaIconButton(QStringLiteral("four")));
+    VelaIconButton *button = window.button;
+    QAction action;
+    button->setDefaultAction(&action);
+    QVERIFY(window.showAndWait());
+    QVector<QColor> colors;
+    const auto noteColor = [&] { colors.append(colorOf(button->icon())); };
+    connect(&action, &QAction::hovered, button, noteColor);
+    connect(button, &VelaIconButton::pressed, button, noteColor);
+    connect(button, &VelaIconButton::released, button, noteColor);
+
+    window.enter();
+    QCOMPARE(colors, QVector<QColor> {Hover});
+    window.press();
+    QCOMPARE(colors, (QVector<QColor> {Hover, Press}));
+    window.release();
+    QCOMPARE(colors, (QVector<QColor> {Hover, Press, Normal}));
+    button->setDown(true);
+    colors.clear();
+    button->setEnabled(false);
+    QCOMPARE(colors, QVector<QColor> {Disable});
+}
+
+// Pointer events do not get as far on their own, but a derived class may pass some on.
+void VelaButtonTest::aDisabledButtonsHandlersChangeNothing()
+{
+    class OpenButton : public VelaIconButton
+    {
+    public:
+        using VelaIconButton::mousePressEvent;
+        using VelaIconButton::mouseReleaseEvent;
+        using VelaIconButton::VelaIconButton;
+    };
+    OpenButton button(QStringLiteral("four"));
+    button.setEnabled(false);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::RightButton, Qt::RightButton, {});
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(1, 1), Qt::RightButton, {}, {});
+
+    button.mousePressEvent(&press);
+    QCOMPARE(colorOf(button.icon()), Disable);
+    button.mouseReleaseEvent(&release);
+    QCOMPARE(colorOf(button.icon()), Disable);
+}
+
 void VelaButtonTest::aMenuOpensAtTheFirstPress()
 {
     ButtonWindow<VelaIconButton> window(new VelaIconButton(QStringLiteral("four")));
@@ -740,6 +824,35 @@ void VelaButtonTest::aMenuOpensAtTheFirstPress()
     window.press(); // returns when the menu is closed
 
     QVERIFY(wasOpen);
+}
+
+void VelaButtonTest::aPressOnTheMenusPartOpensTheMenuOnly()
+{
+    ButtonWindow<VelaIconButton> window(new VelaIconButton(QStringLiteral("four")));
+    QMenu menu;
+    menu.addAction(QStringLiteral("Item"));
+    window.button->setMenu(&menu);
+    window.button->setPopupMode(QToolButton::MenuButtonPopup);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy pressed(window.button, &VelaIconButton::pressed);
+    bool wasOpen = false;
+    QTimer::singleShot(200, &menu, [&] {
+        wasOpen = menu.isVisible();
+        menu.close();
+    });
+    QStyleOptionToolButton option;
+    option.initFrom(window.button);
+    option.subControls = QStyle::SC_ToolButton | QStyle::SC_ToolButtonMenu;
+    option.features = QStyleOptionToolButton::MenuButtonPopup;
+    const QRect menuPart = window.button->style()->subControlRect(QStyle::CC_ToolButton, &option,
+                                                                  QStyle::SC_ToolButtonMenu, window.button);
+
+    // Returns when the menu is closed.
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {},
+                      window.button->geometry().topLeft() + menuPart.center());
+
+    QVERIFY(wasOpen);
+    QCOMPARE(pressed.count(), 0);
 }
 
 void VelaButtonTest::aDisabledIconIsPaintedAsThePlainToolButtonPaintsIt()

@@ -160,7 +160,8 @@ void VelaCheckBoxTest::initTestCase()
     for (int kind : {Check, Radio}) {
         m_withoutSheet[kind] = create(kind)->styleSheet();
         m_loggedWithoutSheet[kind] = log.takeTexts();
-        sheets += QByteArray("== ") + Kinds[kind].key + " ==\n" + QByteArray(Rules).replace("%1", Kinds[kind].base) + '\n';
+        sheets +=
+            QByteArray("== ") + Kinds[kind].key + " ==\n" + QByteArray(Rules).replace("%1", Kinds[kind].base) + '\n';
     }
     installSheets(m_folder, sheets);
 }
@@ -190,8 +191,8 @@ void VelaCheckBoxTest::theParentMayBeLeftOut()
     QFETCH(int, kind);
     const VelaCheckBox checkBox(Caption);
     const VelaRadioButton radioButton(Caption);
-    const QAbstractButton &button =
-        kind == Check ? static_cast<const QAbstractButton &>(checkBox) : static_cast<const QAbstractButton &>(radioButton);
+    const QAbstractButton &button = kind == Check ? static_cast<const QAbstractButton &>(checkBox)
+                                                  : static_cast<const QAbstractButton &>(radioButton);
     QVERIFY(!button.parent());
     QVERIFY(button.isWindow());
 }

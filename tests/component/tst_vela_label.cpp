@@ -99,10 +99,9 @@ void VelaLabelTest::withoutItsSheetItIsUnstyledAndLogged()
 void VelaLabelTest::itHasTheScaledSheetOfItsKey()
 {
     LogCapture log;
-    const QString sheet =
-        QStringLiteral("\nQLabel { color: blue; background: yellow; padding: %1px; font-size: %2px }")
-            .arg(expectedPixels(5))
-            .arg(expectedPixels(13));
+    const QString sheet = QStringLiteral("\nQLabel { color: blue; background: yellow; padding: %1px; font-size: %2px }")
+                              .arg(expectedPixels(5))
+                              .arg(expectedPixels(13));
     QCOMPARE(VelaLabel().styleSheet(), sheet);
     QCOMPARE(VelaLabel(LongText).styleSheet(), sheet);
     QCOMPARE(log.takeTexts(), QStringList());
@@ -141,7 +140,8 @@ void VelaLabelTest::allElseIsAsInItsBase()
     plain.setStyleSheet(label.styleSheet());
     QCOMPARE(differingProperties(QLabel::staticMetaObject, label, plain), QStringList());
     plain.setOpenExternalLinks(true);
-    QCOMPARE(differingProperties(QLabel::staticMetaObject, label, plain), QStringList {QStringLiteral("openExternalLinks")});
+    QCOMPARE(differingProperties(QLabel::staticMetaObject, label, plain),
+             QStringList {QStringLiteral("openExternalLinks")});
 }
 
 void VelaLabelTest::itAddsNoSignalsSlotsOrProperties()

@@ -320,8 +320,9 @@ void VelaLineEditTest::marginsAreScaledAndTruncated()
     VelaLineEdit edit;
     edit.setMargins(11, 13, 17, 19);
     edit.setMargins(margins.left(), margins.top(), margins.right(), margins.bottom());
-    QCOMPARE(rowOf(edit)->contentsMargins(), QMargins(expectedPixels(margins.left()), expectedPixels(margins.top()),
-                                                      expectedPixels(margins.right()), expectedPixels(margins.bottom())));
+    QCOMPARE(rowOf(edit)->contentsMargins(),
+             QMargins(expectedPixels(margins.left()), expectedPixels(margins.top()), expectedPixels(margins.right()),
+                      expectedPixels(margins.bottom())));
 }
 
 void VelaLineEditTest::marginsSurroundTheRow()

@@ -64,6 +64,8 @@ private Q_SLOTS:
     void numbersOfEveryLengthAreTheDefinitions_data();
     void numbersOfEveryLengthAreTheDefinitions();
     void aThousandDigitsAreTheLowestInteger();
+    void aDigitFarBehindThePointCanDecide();
+    void aForeignDigitMakesANumberZeroHoweverLong();
     void generatedTextsAreTheDefinitions_data();
     void generatedTextsAreTheDefinitions();
     void aHugeNumberTakesNoLongerThanItsSize();
@@ -191,6 +193,28 @@ void LengthScalingTest::aThousandDigitsAreTheLowestInteger()
     QVERIFY(scaled.startsWith(text("-2147483648px-2147483648px")));
     QVERIFY(scaled.endsWith(text("-2147483648px9999999px9999px9px")));
     QCOMPARE(scaled.count(text("px")), 334);
+}
+
+// Exactly between two doubles, of which the lower one is even: only the last digit rounds it up.
+void LengthScalingTest::aDigitFarBehindThePointCanDecide()
+{
+    const QString tie = text("2.3999999999999996891375531049561686813831329345703125");
+    const QString zeros(1000, QLatin1Char('0'));
+    const QString below = tie + zeros + QLatin1String("0px");
+    const QString above = tie + zeros + QLatin1String("1px");
+
+    QVERIFY(scaleLengths(below, 1.25).startsWith(QLatin1String("2px")));
+    QVERIFY(scaleLengths(above, 1.25).startsWith(QLatin1String("3px")));
+    QCOMPARE(scaleLengths(below, 1.25), literallyScaled(below, 1.25));
+    QCOMPARE(scaleLengths(above, 1.25), literallyScaled(above, 1.25));
+}
+
+void LengthScalingTest::aForeignDigitMakesANumberZeroHoweverLong()
+{
+    const QString sheet = QString(400, QLatin1Char('9')) + text("\u0663px");
+    const QString scaled = scaleLengths(sheet, 1.0);
+    QVERIFY(scaled.startsWith(QLatin1String("0px")));
+    QCOMPARE(scaled, literallyScaled(sheet, 1.0));
 }
 
 void LengthScalingTest::generatedTextsAreTheDefinitions_data()

@@ -160,8 +160,8 @@ QImage XConnection::grab(XWindow window) const
     if (!geometry) {
         return {};
     }
-    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0, geometry->width,
-                                      geometry->height, ~0U);
+    const auto cookie =
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0, geometry->width, geometry->height, ~0U);
     const Owned<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_connection, cookie, nullptr));
     if (!reply) {
         return {};

@@ -15,17 +15,28 @@ void DependentProcess::setupChildProcess()
     prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
-XServer::XServer()
+XServer::XServer() :
+    XServer(QStringLiteral("Xvfb"), {QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1280x1024x24")})
 {
+}
+
+XServer::XServer(const QString &program, const QStringList &arguments, const QString &hostDisplay)
+{
+    if (!hostDisplay.isEmpty()) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("DISPLAY"), hostDisplay);
+        m_process.setProcessEnvironment(environment);
+    }
     m_process.setStandardErrorFile(QProcess::nullDevice());
-    m_process.start(QStringLiteral("Xvfb"),
-                    {QStringLiteral("-displayfd"), QStringLiteral("1"), // the number goes to standard output
-                     QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1280x1024x24"),
-                     QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
+    m_process.start(program,
+                    QStringList {QStringLiteral("-displayfd"),
+                                 QStringLiteral("1"), // the number goes to standard output
+                                 QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")}
+                        + arguments);
     while (m_process.waitForReadyRead() && !m_process.canReadLine()) { }
     const QByteArray number = m_process.readLine().trimmed();
     if (number.isEmpty()) {
-        m_error = QStringLiteral("Xvfb has not started (scripts/setup --checks installs it): ")
+        m_error = program + QLatin1String(" has not started (scripts/setup --checks installs it): ")
             + m_process.errorString();
         return;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QProcess>
-#include <QString>
+#include <QStringList>
 
 /// A process that ends with this one, also when this one crashes.
 class DependentProcess : public QProcess
@@ -13,11 +13,15 @@ protected:
     void setupChildProcess() override;
 };
 
-/// An X server without a screen, with a free display number, for as long as this lives.
+/// An X server that draws on no real screen, with a free display number, for as long as this lives.
 class XServer
 {
 public:
+    /// One with a single screen.
     XServer();
+    /// @p program with @p arguments, and with those that each needs; one that draws into a window does so on
+    /// @p hostDisplay.
+    XServer(const QString &program, const QStringList &arguments, const QString &hostDisplay = QString());
 
     /// Of a server that is running and accepts connections; empty if it has not started.
     QString display() const;

@@ -407,18 +407,29 @@ void AccessibilityTest::textIsEscapedForAToolTip_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("inner");
-    QTest::newRow("a sign and a line break") << "a<b\nc" << "a&lt;b<br>c";
-    QTest::newRow("empty") << "" << "";
+    QTest::newRow("a sign and a line break") << "a<b\nc"
+                                             << "a&lt;b<br>c";
+    QTest::newRow("empty") << ""
+                           << "";
     QTest::newRow("null") << QString() << "";
-    QTest::newRow("plain") << "plain" << "plain";
-    QTest::newRow("every escaped sign") << "<>&\"" << "&lt;&gt;&amp;&quot;";
-    QTest::newRow("single quotes stay") << "it's" << "it's";
-    QTest::newRow("an element is text") << "<b>bold</b>" << "&lt;b&gt;bold&lt;/b&gt;";
-    QTest::newRow("a written line break is text") << "a<br>b" << "a&lt;br&gt;b";
-    QTest::newRow("an entity is text") << "a&lt;b" << "a&amp;lt;b";
-    QTest::newRow("line breaks at both ends and in a row") << "\na\n\nb\n" << "<br>a<br><br>b<br>";
-    QTest::newRow("carriage returns stay") << "a\r\nb\rc" << "a\r<br>b\rc";
-    QTest::newRow("blanks and tabs stay") << "  a   b\tc " << "  a   b\tc ";
+    QTest::newRow("plain") << "plain"
+                           << "plain";
+    QTest::newRow("every escaped sign") << "<>&\""
+                                        << "&lt;&gt;&amp;&quot;";
+    QTest::newRow("single quotes stay") << "it's"
+                                        << "it's";
+    QTest::newRow("an element is text") << "<b>bold</b>"
+                                        << "&lt;b&gt;bold&lt;/b&gt;";
+    QTest::newRow("a written line break is text") << "a<br>b"
+                                                  << "a&lt;br&gt;b";
+    QTest::newRow("an entity is text") << "a&lt;b"
+                                       << "a&amp;lt;b";
+    QTest::newRow("line breaks at both ends and in a row") << "\na\n\nb\n"
+                                                           << "<br>a<br><br>b<br>";
+    QTest::newRow("carriage returns stay") << "a\r\nb\rc"
+                                           << "a\r<br>b\rc";
+    QTest::newRow("blanks and tabs stay") << "  a   b\tc "
+                                          << "  a   b\tc ";
     QTest::newRow("other letters stay") << QStringLiteral("Größe 尺寸") << QStringLiteral("Größe 尺寸");
 }
 

@@ -215,6 +215,7 @@ void WindowCloseButtonTest::eachSwitchWritesOnce()
     for (const bool enable : {false, true}) {
         watch();
         SHAPISetCloseButtonOfWindowEnable(m_window.get(), enable, &m_state);
+        QTRY_COMPARE(m_x->changes(), 1);
         QTest::qWait(LongEnough);
         QCOMPARE(m_x->changes(), 1);
     }

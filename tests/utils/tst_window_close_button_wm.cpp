@@ -92,6 +92,8 @@ int runUnderWindowManager(const QStringList &arguments)
 class Window : public QWidget
 {
 public:
+    explicit Window(Qt::WindowFlags flags) : QWidget(nullptr, flags) { }
+
     int closings() const { return m_closings; }
 
 protected:
@@ -124,7 +126,7 @@ private Q_SLOTS:
     void clickingWhereTheCloseButtonWasDoesNothingUntilItIsBack();
 
 private:
-    void show();
+    void showWindow(Qt::WindowFlags flags = Qt::Window);
     void setEnabled(bool enable);
     QStringList allowedFunctions() const;
     QRect squareOfTitleBar(int indexFromRight) const;
@@ -147,10 +149,6 @@ void WindowCloseButtonWmTest::init()
 {
     m_x = std::make_unique<XConnection>();
     QVERIFY(m_x->isOpen());
-    m_window = std::make_unique<Window>();
-    m_window->setWindowTitle(QStringLiteral("w")); // leaves most of the title bar empty
-    m_window->resize(300, 100);
-    show();
 }
 
 void WindowCloseButtonWmTest::cleanup()
@@ -162,8 +160,11 @@ void WindowCloseButtonWmTest::cleanup()
     m_x.reset();
 }
 
-void WindowCloseButtonWmTest::show()
+void WindowCloseButtonWmTest::showWindow(Qt::WindowFlags flags)
 {
+    m_window = std::make_unique<Window>(flags);
+    m_window->setWindowTitle(QStringLiteral("w")); // leaves most of the title bar empty
+    m_window->resize(300, 100);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     QTRY_VERIFY(hasCloseButton());
@@ -213,6 +214,7 @@ bool WindowCloseButtonWmTest::hasCloseButton() const
 
 void WindowCloseButtonWmTest::disablingWithdrawsEveryFunction()
 {
+    showWindow();
     QCOMPARE(allowedFunctions(), Functions);
     setEnabled(false);
     QTRY_COMPARE(allowedFunctions(), QStringList());
@@ -232,8 +234,7 @@ void WindowCloseButtonWmTest::enablingGivesBackWhatTheWindowHad()
 {
     QFETCH(Qt::WindowFlags, flags);
     QFETCH(bool, canBeMaximized);
-    m_window->setWindowFlags(flags);
-    show();
+    showWindow(flags);
     const QStringList before = allowedFunctions();
     QCOMPARE(before.contains(QStringLiteral("_NET_WM_ACTION_MAXIMIZE_VERT")), canBeMaximized);
 
@@ -245,6 +246,7 @@ void WindowCloseButtonWmTest::enablingGivesBackWhatTheWindowHad()
 
 void WindowCloseButtonWmTest::theCloseButtonGoesAndComesBack()
 {
+    showWindow();
     const QRect place = squareOfTitleBar(0);
     const QImage button = grab(place);
 
@@ -259,6 +261,7 @@ void WindowCloseButtonWmTest::theCloseButtonGoesAndComesBack()
 
 void WindowCloseButtonWmTest::clickingWhereTheCloseButtonWasDoesNothingUntilItIsBack()
 {
+    showWindow();
     const XWindow frame = m_x->frameOf(XWindow(m_window->winId()));
     const QPoint place = squareOfTitleBar(0).center();
     m_x->click(frame, place);
