@@ -40,6 +40,25 @@ QString text(const char *key)
     return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
 }
 
+/// Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
+/// the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
+class Calendar : public QCalendarWidget
+{
+public:
+    explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(focusProxy())
+    {
+        setFocusProxy(nullptr);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+protected:
+    /// By a click beside the days, or by code.
+    void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
+
+private:
+    QWidget *const m_dayGrid;
+};
+
 } // namespace
 
 class VelaCalanderViewPrivate
@@ -79,7 +98,7 @@ void VelaCalanderViewPrivate::createChildren()
     todayButton = new VelaButton(text("today"), VelaButton::CancelButton);
     todayButton->setFixedHeight(scaled(TodayButtonHeight));
     todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
-    calendar = new QCalendarWidget(q);
+    calendar = new Calendar(q);
     calendar->setFirstDayOfWeek(Qt::Sunday);
     column->addWidget(calendar);
     column->addWidget(todayButton, 0, Qt::AlignHCenter);
@@ -173,11 +192,6 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
 
 void VelaCalanderViewPrivate::handleTabOrder()
 {
-    // Qt's calendar passes the focus on to the grid and so would be a second way there; setting its policy sets the
-    // grid's.
-    calendar->setFocusPolicy(Qt::NoFocus);
-    dayGrid()->setFocusPolicy(Qt::StrongFocus);
-
     QWidget *const stops[] = {
         q,
         child<QWidget>("qt_calendar_prevmonth"),

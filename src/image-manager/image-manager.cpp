@@ -70,7 +70,8 @@ void ImageManager::readJson()
     QFile file(UIPathManager::getInstance()->getPath(QStringLiteral("resource_path")) + QLatin1String("/images.json"));
     QString text;
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        text = QString::fromUtf8(file.readAll());
+        const QByteArray bytes = file.readAll();
+        text = QString::fromUtf8(bytes.constData(), bytes.size()); // given the array it would stop at a null byte
     }
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
 

@@ -12,8 +12,8 @@
 /// An image is drawn at four times its logical size. It and its state variants are the PNG files `<name>.png`,
 /// `<name>_hover.png`, `<name>_click.png` and `<name>_disable.png` in the folder "images" of "resource_path", where
 /// `images.json` lists the names: `{ "images": ["icon_warning", ...], "tmp_images": ["bt_next", ...] }`. Of each name
-/// under "tmp_images" a copy in its logical size, `tmp_<name>.png`, is written to the folder "tmp_images" of
-/// "user_data_path", for style sheets, which cannot scale an image. GUI thread only.
+/// under "tmp_images" a copy scaled for the screen, without the device pixel ratio, `tmp_<name>.png`, is written to the
+/// folder "tmp_images" of "user_data_path", for style sheets, which cannot scale an image. GUI thread only.
 class VELA_EXPORT ImageManager
 {
 public:
@@ -53,7 +53,7 @@ public:
     /// DPIinfo::getDPI(), times DPIinfo::getDPR(), rounded at each step; its device pixel ratio is set.
     ///
     /// A variant that is missing is replaced by the normal one, with a warning. A null pixmap is returned when that is
-    /// missing too and, with a warning, for a name that is not listed.
+    /// missing too and, with a warning, for a name that is not listed. A @p type out of range is a missing variant.
     QPixmap getImage(const QString &name, ImageType type);
 
     /// "resource_path" + "/images". Logs a warning and aborts the process before initialize(): style sheets read

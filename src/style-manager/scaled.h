@@ -4,8 +4,8 @@
 
 #include <limits>
 
-/// @p value cut toward zero to an integer. What is out of range, infinity and NaN too, gives the lowest integer, as the
-/// conversion instruction of the processors does that this library was first written for.
+/// @p value cut toward zero to an integer. What is out of range, infinity and NaN too, gives the lowest integer, which
+/// is what the conversion of x86-64 gives: sheets come out alike everywhere.
 inline int truncated(double value)
 {
     using Limits = std::numeric_limits<int>;

@@ -2,6 +2,7 @@
 #include "component/vela-check-box.h"
 #include "component/vela-combo-box.h"
 #include "component/vela-filter-bar.h"
+#include "component/vela-footbar.h"
 #include "component/vela-label.h"
 #include "component/vela-line-edit.h"
 #include "component/vela-menu.h"
@@ -24,6 +25,10 @@ private Q_SLOTS:
     void rolesAndNames_data();
     void rolesAndNames();
     void aCheckBoxTellsWhetherItIsChecked();
+    void aRadioButtonTellsWhetherItIsChecked();
+    void aMenuTellsItsItems();
+    void aFootbarHoldsItsControlsInTheirOrder();
+    void theButtonOfAFilterBarTellsThatItHasAMenu();
     void anIconButtonIsNamedByItsClientOrItsToolTip();
     void aFieldIsNamedByItsClientAndTellsItsText();
     void aComboBoxTellsItsCurrentText();
@@ -117,6 +122,54 @@ void AccessibleControlsTest::aCheckBoxTellsWhetherItIsChecked()
     QVERIFY(!interface->state().checked);
     box.setChecked(true);
     QVERIFY(interface->state().checked);
+    box.setCheckState(Qt::PartiallyChecked);
+    QVERIFY(interface->state().checkStateMixed);
+}
+
+void AccessibleControlsTest::aRadioButtonTellsWhetherItIsChecked()
+{
+    VelaRadioButton button(QStringLiteral("Caption"));
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&button);
+    QVERIFY(!interface->state().checked);
+    button.setChecked(true);
+    QVERIFY(interface->state().checked);
+}
+
+void AccessibleControlsTest::aMenuTellsItsItems()
+{
+    VelaMenu menu;
+    menu.addAction(QStringLiteral("&Open"));
+    menu.addAction(QStringLiteral("Close"))->setEnabled(false);
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&menu);
+    QCOMPARE(interface->childCount(), 2);
+    QCOMPARE(int(interface->child(0)->role()), int(QAccessible::MenuItem));
+    QCOMPARE(interface->child(0)->text(QAccessible::Name), QStringLiteral("Open"));
+    QVERIFY(!interface->child(0)->state().disabled);
+    QVERIFY(interface->child(1)->state().disabled);
+}
+
+void AccessibleControlsTest::aFootbarHoldsItsControlsInTheirOrder()
+{
+    VelaFootbar bar;
+    bar.pushLeftWidget(new VelaButton(QStringLiteral("Help"), VelaButton::ApplyButton));
+    bar.pushRightWidget(new VelaButton(QStringLiteral("OK"), VelaButton::ApplyButton));
+    bar.init();
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&bar);
+    QCOMPARE(interface->childCount(), 2);
+    QCOMPARE(interface->child(0)->text(QAccessible::Name), QStringLiteral("Help"));
+    QCOMPARE(interface->child(1)->text(QAccessible::Name), QStringLiteral("OK"));
+}
+
+void AccessibleControlsTest::theButtonOfAFilterBarTellsThatItHasAMenu()
+{
+    VelaFilterBar bar;
+    QMenu menu;
+    auto *button = bar.findChild<VelaIconButton *>();
+    QCOMPARE(int(QAccessible::queryAccessibleInterface(button)->role()), int(QAccessible::PushButton));
+    bar.setMenu(&menu);
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(button);
+    QCOMPARE(int(interface->role()), int(QAccessible::ButtonMenu));
+    QVERIFY(interface->state().hasPopup);
 }
 
 void AccessibleControlsTest::anIconButtonIsNamedByItsClientOrItsToolTip()

@@ -43,6 +43,8 @@ class VelaFilterBarTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
+    void missingSheetsAreLoggedFromTheButtonToTheField();
+    void theParentMayBeLeftOut();
     void itAddsOneSignalAndOneSlot();
     void theButtonLiesOverTheFieldsLeftEnd();
     void theButtonTakesItsOwnSheetAndNotThatOfIconButtons();
@@ -55,17 +57,24 @@ private Q_SLOTS:
     void typingNeverReports();
     void theSlotReportsTheText();
     void downWithoutAMenuDoesNothing();
+    void downWithAMenuThatIsGoneDoesNothing();
     void downOpensTheMenu();
     void otherKeysReachTheField();
+    void theButtonStaysInPlaceWhenTheFieldIsResized();
     void aPressOnTheButtonOpensTheMenuAndLeavesTheFocus();
     void theMenuIsNotOwned();
 
 private:
     ResourceFolder m_folder;
+    QStringList m_loggedWithoutSheets;
 };
 
 void VelaFilterBarTest::initTestCase()
 {
+    LogCapture log;
+    const VelaFilterBar bar;
+    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
+
     for (const char *state : {"", "_hover", "_click", "_disable"}) {
         m_folder.writeImage(QLatin1String("bt_search_dropdown") + QLatin1String(state), QSize(64, 64), Idle);
     }
@@ -76,6 +85,24 @@ void VelaFilterBarTest::initTestCase()
                   "QToolButton::menu-indicator { image: none }\n"
                   "== component.lineedit ==\nQLineEdit { padding: 3px; background: red; border: none }\n"
                   "== component.filter_bar_padding ==\nQLineEdit { padding-left: 40px; background: lime }\n");
+}
+
+void VelaFilterBarTest::missingSheetsAreLoggedFromTheButtonToTheField()
+{
+    QStringList expected;
+    for (const char *key : {"icon_button", "filter_search_button", "lineedit", "filter_bar_padding"}) {
+        expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
+    }
+    QCOMPARE(m_loggedWithoutSheets, expected);
+}
+
+void VelaFilterBarTest::theParentMayBeLeftOut()
+{
+    QWidget parent;
+    const VelaFilterBar child(&parent);
+    QCOMPARE(child.parentWidget(), &parent);
+    QVERIFY(!VelaFilterBar().parent());
+    QCOMPARE(parent.findChild<VelaFilterBar *>(), &child);
 }
 
 void VelaFilterBarTest::itAddsOneSignalAndOneSlot()
@@ -206,11 +233,35 @@ void VelaFilterBarTest::downWithoutAMenuDoesNothing()
     bar->setText(QStringLiteral("abc"));
     bar->setFocus();
     bar->setCursorPosition(1);
-    const EventCounter passedOn(&window, QEvent::KeyPress);
+    EventCounter passedOn(&window, QEvent::KeyPress);
     window.key(Qt::Key_Down);
     QCOMPARE(bar->cursorPosition(), 1);
     QVERIFY(bar->hasFocus());
-    QCOMPARE(const_cast<EventCounter &>(passedOn).take(), 0); // consumed
+    QCOMPARE(passedOn.take(), 0); // consumed
+    window.key(Qt::Key_Up);
+    QCOMPARE(passedOn.take(), 1); // as a field passes it on
+}
+
+void VelaFilterBarTest::downWithAMenuThatIsGoneDoesNothing()
+{
+    auto *bar = new VelaFilterBar;
+    ControlWindow window(bar);
+    auto menu = std::make_unique<QMenu>();
+    menu->addAction(QStringLiteral("Item"));
+    bar->setMenu(menu.get());
+    QVERIFY(window.showAndWait());
+    bar->setFocus();
+    menu.reset();
+    window.key(Qt::Key_Down);
+    QVERIFY(bar->hasFocus());
+
+    QMenu removed;
+    removed.addAction(QStringLiteral("Item"));
+    bar->setMenu(&removed);
+    bar->setMenu(nullptr);
+    const MenuCloser closer(&removed);
+    window.key(Qt::Key_Down);
+    QVERIFY(!closer.wasOpen());
 }
 
 void VelaFilterBarTest::downOpensTheMenu()
@@ -221,10 +272,14 @@ void VelaFilterBarTest::downOpensTheMenu()
     menu.addAction(QStringLiteral("Item"));
     bar->setMenu(&menu);
     QVERIFY(window.showAndWait());
+    bar->setText(QStringLiteral("abc"));
     bar->setFocus();
+    bar->setCursorPosition(1);
     const MenuCloser closer(&menu);
     window.key(Qt::Key_Down); // returns when the menu is closed
     QVERIFY(closer.wasOpen());
+    QVERIFY(bar->hasFocus());
+    QCOMPARE(bar->cursorPosition(), 1);
 }
 
 void VelaFilterBarTest::otherKeysReachTheField()
@@ -239,6 +294,24 @@ void VelaFilterBarTest::otherKeysReachTheField()
     QCOMPARE(bar->cursorPosition(), 0);
     window.key(Qt::Key_Right);
     QCOMPARE(bar->cursorPosition(), 1);
+    window.key(Qt::Key_End, Qt::ShiftModifier);
+    QCOMPARE(bar->selectedText(), QStringLiteral("bc"));
+    window.key(Qt::Key_Delete);
+    QCOMPARE(bar->text(), QStringLiteral("a"));
+    window.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(bar->text(), QStringLiteral("abc"));
+}
+
+void VelaFilterBarTest::theButtonStaysInPlaceWhenTheFieldIsResized()
+{
+    VelaFilterBar bar;
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bar));
+    const QRect place = bar.findChild<VelaIconButton *>()->geometry();
+    QCOMPARE(place, QRect(expectedPixels(4), expectedPixels(2), expectedPixels(34), expectedPixels(24)));
+    bar.resize(500, 400);
+    QCOMPARE(bar.height(), expectedPixels(28));
+    QCOMPARE(bar.findChild<VelaIconButton *>()->geometry(), place);
 }
 
 void VelaFilterBarTest::aPressOnTheButtonOpensTheMenuAndLeavesTheFocus()

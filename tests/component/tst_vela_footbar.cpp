@@ -37,6 +37,9 @@ private Q_SLOTS:
     void marginsAndSpacingAreScaledAndTruncated();
     void initOverwritesWhatWasSetBefore();
     void aSecondInitAddsEverythingAgain();
+    void whatIsPushedAfterInitWaitsForTheNext();
+    void theLastPushedToTheRightStandsAtTheFarRight();
+    void itIsFoundAmongItsParentsChildren();
     void theBarOwnsItsWidgetsAfterInit();
 };
 
@@ -198,6 +201,42 @@ void VelaFootbarTest::aSecondInitAddsEverythingAgain()
         stretches += rowOf(bar)->itemAt(i)->spacerItem() ? 1 : 0;
     }
     QCOMPARE(stretches, 2);
+    QCOMPARE(rowOf(bar)->count(), 3); // a widget is in a layout only once
+    QVERIFY(rowOf(bar)->itemAt(0)->spacerItem());
+    QCOMPARE(rowOf(bar)->itemAt(1)->widget(), static_cast<QWidget *>(left));
+}
+
+void VelaFootbarTest::whatIsPushedAfterInitWaitsForTheNext()
+{
+    VelaFootbar bar;
+    bar.init();
+    QPushButton late;
+    bar.pushLeftWidget(&late);
+    bar.pushRightWidget(&late);
+    QCOMPARE(rowOf(bar)->count(), 1);
+    QVERIFY(!late.parent());
+}
+
+void VelaFootbarTest::theLastPushedToTheRightStandsAtTheFarRight()
+{
+    VelaFootbar bar;
+    auto *ok = new QPushButton(QStringLiteral("OK"));
+    auto *cancel = new QPushButton(QStringLiteral("Cancel"));
+    bar.pushRightWidget(ok);
+    bar.pushRightWidget(cancel);
+    bar.init();
+    bar.resize(600, 60);
+    bar.layout()->activate();
+    QCOMPARE(cancel->geometry().right(), 600 - 1 - expectedPixels(20));
+    QCOMPARE(ok->geometry().right(), cancel->x() - 1 - expectedPixels(10));
+}
+
+void VelaFootbarTest::itIsFoundAmongItsParentsChildren()
+{
+    QWidget parent;
+    QWidget other(&parent);
+    VelaFootbar bar(&parent);
+    QCOMPARE(parent.findChildren<VelaFootbar *>(), QList<VelaFootbar *> {&bar});
 }
 
 void VelaFootbarTest::theBarOwnsItsWidgetsAfterInit()

@@ -2,6 +2,7 @@
 #include "support/controls.h"
 
 #include <QScreen>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -61,7 +62,12 @@ private Q_SLOTS:
     void atTheLeftItJumpsToZero();
     void aMenuThatFitsIsNotMoved();
     void itIsPlacedAnewAtEachShow();
+    void itsSizeWhenShownCounts();
+    void aMenuLargerThanTheScreenAlternates();
+    void anOpenedMenuIsWithinItsScreen_data();
     void anOpenedMenuIsWithinItsScreen();
+    void aMenuInAMenuIsPlacedToo();
+    void itReturnsTheChosenAction();
 };
 
 void VelaMenuTest::itAddsNoSignalsSlotsOrProperties()
@@ -76,6 +82,7 @@ void VelaMenuTest::itHasNoSheetOfItsOwn()
     const VelaMenu menu(&parent);
     QCOMPARE(menu.styleSheet(), QString());
     QCOMPARE(menu.parentWidget(), &parent);
+    QVERIFY(!VelaMenu().parent());
 }
 
 void VelaMenuTest::aMenuOverAnEdgeIsMovedBack_data()
@@ -133,9 +140,14 @@ void VelaMenuTest::atTheLeftItJumpsToZero()
 void VelaMenuTest::aMenuThatFitsIsNotMoved()
 {
     ShownMenu menu;
-    const EventCounter moves(&menu, QEvent::Move);
-    const QPoint position = area().topLeft() + QPoint(40, 50);
-    QCOMPARE(menu.placeWhenShownAt(position), position);
+    const QPoint last(area().right() - Width, area().bottom() - Height);
+    for (const QPoint &position : {area().topLeft() + QPoint(40, 50), area().topLeft(), last}) {
+        QCOMPARE(menu.placeWhenShownAt(position), position);
+        menu.hide();
+        EventCounter moves(&menu, QEvent::Move);
+        menu.show();
+        QCOMPARE(moves.take(), 0);
+    }
 }
 
 void VelaMenuTest::itIsPlacedAnewAtEachShow()
@@ -147,16 +159,83 @@ void VelaMenuTest::itIsPlacedAnewAtEachShow()
     QCOMPARE(menu.placeWhenShownAt(area().bottomRight()), area().bottomRight() - QPoint(Width, Height));
 }
 
+void VelaMenuTest::itsSizeWhenShownCounts()
+{
+    ShownMenu menu;
+    const QPoint position(area().right() - Width, area().bottom() - Height);
+    QCOMPARE(menu.placeWhenShownAt(position), position);
+    menu.setFixedSize(Width + 7, Height + 5);
+    QCOMPARE(menu.placeWhenShownAt(position), position - QPoint(7, 5));
+    menu.setFixedSize(Width - 7, Height - 5);
+    QCOMPARE(menu.placeWhenShownAt(position), position);
+}
+
+// Moved back from the far edge it stands out at the near one, where it jumps to 0 the next time.
+void VelaMenuTest::aMenuLargerThanTheScreenAlternates()
+{
+    ShownMenu menu;
+    menu.setFixedSize(area().size() + QSize(100, 50));
+    const QPoint back(area().right() - menu.width(), area().bottom() - menu.height());
+    QVERIFY(back.x() < area().left() && back.y() < area().top());
+    QCOMPARE(menu.placeWhenShownAt(area().topLeft()), back);
+    QCOMPARE(menu.placeWhenShownAt(back), QPoint(0, 0));
+    QCOMPARE(menu.placeWhenShownAt(QPoint(0, 0)), back);
+}
+
+void VelaMenuTest::anOpenedMenuIsWithinItsScreen_data()
+{
+    QTest::addColumn<QPoint>("corner");
+    QTest::newRow("top left") << area().topLeft();
+    QTest::newRow("top right") << area().topRight();
+    QTest::newRow("bottom left") << area().bottomLeft();
+    QTest::newRow("bottom right") << area().bottomRight();
+}
+
 void VelaMenuTest::anOpenedMenuIsWithinItsScreen()
 {
+    QFETCH(QPoint, corner);
     VelaMenu menu;
     menu.addAction(QStringLiteral("Item"));
-    for (const QPoint &corner : {area().topLeft(), area().topRight(), area().bottomLeft(), area().bottomRight()}) {
-        menu.popup(corner);
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
-        QVERIFY(area().contains(menu.geometry()));
-        menu.close();
-    }
+    menu.popup(corner);
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QVERIFY(area().contains(menu.geometry()));
+    QVERIFY(menu.geometry().right() < area().right());
+    QVERIFY(menu.geometry().bottom() < area().bottom());
+}
+
+void VelaMenuTest::aMenuInAMenuIsPlacedToo()
+{
+    VelaMenu menu;
+    auto *inner = new VelaMenu(&menu);
+    inner->setTitle(QStringLiteral("More"));
+    inner->addAction(QStringLiteral("Item"));
+    menu.addMenu(inner);
+    menu.popup(area().bottomRight());
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Right);
+    QTRY_VERIFY(inner->isVisible());
+    QVERIFY(area().contains(inner->geometry()));
+    QVERIFY(inner->geometry().right() < area().right());
+    QVERIFY(inner->geometry().bottom() < area().bottom());
+}
+
+void VelaMenuTest::itReturnsTheChosenAction()
+{
+    VelaMenu menu;
+    menu.addAction(QStringLiteral("First"));
+    const QAction *second = menu.addAction(QStringLiteral("Second"));
+    const QSignalSpy triggered(second, &QAction::triggered);
+    QTimer keys;
+    connect(&keys, &QTimer::timeout, &menu, [&menu] {
+        QTest::keyClick(&menu, Qt::Key_Down);
+        QTest::keyClick(&menu, Qt::Key_Down);
+        QTest::keyClick(&menu, Qt::Key_Return);
+        menu.close(); // should the keys not have done it
+    });
+    keys.start(50);
+    QCOMPARE(menu.exec(area().center()), second);
+    QCOMPARE(triggered.count(), 1);
 }
 
 QTEST_MAIN(VelaMenuTest)

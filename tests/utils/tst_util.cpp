@@ -5,18 +5,6 @@
 
 #include <QtTest>
 
-/// Counts how often it is turned into text.
-struct Witness
-{
-    int *uses;
-};
-
-static QDebug operator<<(QDebug debug, const Witness &witness)
-{
-    ++*witness.uses;
-    return debug;
-}
-
 class UtilTest : public QObject
 {
     Q_OBJECT
@@ -28,7 +16,6 @@ private Q_SLOTS:
     void aWarningCarriesFileLineAndFunctionOfItsPlace();
     void partsAreSeparatedByBlanksAndStringsQuoted();
     void nothingIsEmittedWhenWarningsOfTheCategoryAreOff();
-    void nothingIsFormattedWhenWarningsOfTheCategoryAreOff();
 };
 
 void UtilTest::cleanup()
@@ -79,18 +66,6 @@ void UtilTest::nothingIsEmittedWhenWarningsOfTheCategoryAreOff()
     ComponentStrings::getInstance()->getString(QStringLiteral("unknown"));
 
     QCOMPARE(log.takeMessages().size(), 0);
-}
-
-void UtilTest::nothingIsFormattedWhenWarningsOfTheCategoryAreOff()
-{
-    LogCapture log;
-    int uses = 0;
-    qCWarning(debug_message) << Witness {&uses};
-    QCOMPARE(uses, 1);
-
-    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
-    qCWarning(debug_message) << Witness {&uses};
-    QCOMPARE(uses, 1);
 }
 
 QTEST_GUILESS_MAIN(UtilTest)
