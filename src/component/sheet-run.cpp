@@ -25,37 +25,52 @@ void SheetRun::begin()
 
 void SheetRun::watchWindow()
 {
+    m_isEnding = false; // it may be shown again by a slot of finished()
     m_sheet->window()->installEventFilter(m_sheet);
+}
+
+bool SheetRun::isWaiting() const
+{
+    return m_loop && m_loop->isRunning();
 }
 
 int SheetRun::wait()
 {
-    if (m_loop && m_loop->isRunning()) {
-        return 0;
-    }
-    delete m_loop;
-    m_loop = new QEventLoop(m_sheet);
+    // A sheet that is answered may wait again before this call has returned, from a slot or below another sheet's loop.
+    QEventLoop loop(m_sheet);
+    m_loop = &loop;
 
     // A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
+    const QPointer<SheetRun> self(this);
     QObject connections;
     for (QWidget *ancestor = m_sheet->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
-        connect(ancestor, &QObject::destroyed, &connections, [this] { leaveDyingWindow(); });
+        connect(ancestor, &QObject::destroyed, &connections, [self](const QObject *dying) {
+            if (self) {
+                self->leave(dying);
+            }
+        });
     }
-
-    const QPointer<SheetRun> self(this);
-    QEventLoop *loop = m_loop;
-    const int result = loop->exec();
-    if (!self) {
-        delete loop;
-    }
-    return result;
+    return loop.exec();
 }
 
-void SheetRun::leaveDyingWindow()
+void SheetRun::leave(const QObject *dyingAncestor)
 {
-    m_sheet->setParent(nullptr);
+    if (m_sheet->window() != dyingAncestor) {
+        giveCloseButtonBack();
+        m_sheet->window()->removeEventFilter(m_sheet);
+    }
     discardWindowState(&m_savedWindowState);
-    m_loop->exit(0);
+    m_sheet->setParent(nullptr);
+    if (isWaiting()) { // not when the answer is there already
+        m_loop->exit(0);
+    }
+}
+
+void SheetRun::giveCloseButtonBack()
+{
+    if (m_savedWindowState) {
+        SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
+    }
 }
 
 void SheetRun::end(int result)
@@ -82,13 +97,15 @@ void SheetRun::end(int result)
 
 void SheetRun::abandon()
 {
-    if (m_savedWindowState) {
-        SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
-        discardWindowState(&m_savedWindowState);
-    }
-    if (m_loop && m_loop->isRunning()) { // wait(), which is still on the stack, deletes it
-        m_loop->setParent(nullptr);
+    giveCloseButtonBack();
+    discardWindowState(&m_savedWindowState);
+    if (isWaiting()) {
         m_loop->exit(0);
+    }
+    // They are on the stack, in wait().
+    const auto loops = m_sheet->findChildren<QEventLoop *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QEventLoop *loop : loops) {
+        loop->setParent(nullptr);
     }
 }
 

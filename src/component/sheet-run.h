@@ -20,9 +20,10 @@ public:
     void begin();
     /// Lets the sheet see the events of its window.
     void watchWindow();
-    /// Runs an event loop until end() and returns its result; 0 when the window is destroyed meanwhile, or at once when
-    /// a loop is running already.
+    /// Runs an event loop until end() and returns its result; 0 when the window is destroyed meanwhile.
     int wait();
+    /// Whether wait() waits for an answer.
+    bool isWaiting() const;
     /// Undoes begin() and watchWindow(), ends wait() and emits VelaSheet::finished().
     void end(int result);
 
@@ -36,7 +37,8 @@ public:
     void moveFocus(bool next);
 
 private:
-    void leaveDyingWindow();
+    void giveCloseButtonBack();
+    void leave(const QObject *dyingAncestor);
 
     VelaSheet *const m_sheet;
     QPointer<QEventLoop> m_loop;

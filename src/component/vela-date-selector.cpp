@@ -48,12 +48,21 @@ public:
     explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(focusProxy())
     {
         setFocusProxy(nullptr);
-        setFocusPolicy(Qt::NoFocus);
+        setFocusPolicy(Qt::ClickFocus);
     }
 
 protected:
-    /// By a click beside the days, or by code.
     void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
+
+    /// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const int key = static_cast<QKeyEvent *>(event)->key();
+            event->setAccepted(key == Qt::Key_Return || key == Qt::Key_Enter);
+        }
+        return QCalendarWidget::event(event);
+    }
 
 private:
     QWidget *const m_dayGrid;

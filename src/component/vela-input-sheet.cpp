@@ -172,6 +172,9 @@ void VelaInputSheet::showSheet()
 
 int VelaInputSheet::exec()
 {
+    if (d->run.isWaiting()) {
+        return 0;
+    }
     d->run.begin();
     setFocus(Qt::TabFocusReason);
     d->lineEdit->setFocus();
@@ -224,6 +227,9 @@ bool VelaInputSheet::eventFilter(QObject *watched, QEvent *event)
 // A Tab in a widget of the sheet is answered by that widget, before the window sees it, and asks here.
 bool VelaInputSheet::focusNextPrevChild(bool next)
 {
+    if (!isVisible()) { // it is being hidden, and the focus goes back to the window
+        return VelaSheet::focusNextPrevChild(next);
+    }
     d->run.moveFocus(next);
     return true;
 }

@@ -73,6 +73,7 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
     resize();
 
     widget->installEventFilter(this);
+    connect(widget, &QObject::destroyed, d, [this] { hide(); }); // which hides nothing when it is destroyed
     auto *parentFilter = new ParentEventFilterWidget(this, parent);
     parentFilter->setParent(this);
     parent->installEventFilter(parentFilter);

@@ -74,7 +74,7 @@ MessageLabel::MessageLabel(QWidget *parent) : QLabel(parent) { }
 
 void MessageLabel::resizeEvent(QResizeEvent *)
 {
-    setFixedHeight(heightForWidth(width()));
+    setFixedHeight(qMax(0, heightForWidth(width())));
 }
 
 int DialogButtonBoxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
@@ -221,6 +221,12 @@ bool VelaMessageSheetPrivate::hasIcon() const
 void VelaMessageSheetPrivate::setupLayout()
 {
     delete q->layout();
+    for (MessageLabel *label : {textLabel, informativeLabel}) {
+        if (label) { // or it would keep the height of the text or width that it had before
+            label->setMinimumHeight(0);
+            label->setMaximumHeight(QWIDGETSIZE_MAX);
+        }
+    }
     auto *column = new QVBoxLayout(q);
     column->setContentsMargins(scaled(Margin), scaled(Margin), scaled(Margin), scaled(Margin));
     column->setSpacing(0);
@@ -371,6 +377,9 @@ void VelaMessageSheet::showSheet()
 
 int VelaMessageSheet::exec()
 {
+    if (d->run.isWaiting()) {
+        return 0;
+    }
     d->run.begin();
     d->textLabel->setFocus(Qt::TabFocusReason);
     QMovie *movie = d->iconLabel->movie();
@@ -479,6 +488,9 @@ void VelaMessageSheet::restrictedFocus(QObject *watched, QKeyEvent *event)
 // A Tab in a widget of the sheet is answered by that widget, before the window sees it, and asks here.
 bool VelaMessageSheet::focusNextPrevChild(bool next)
 {
+    if (!isVisible()) { // it is being hidden, and the focus goes back to the window
+        return VelaSheet::focusNextPrevChild(next);
+    }
     d->run.moveFocus(next);
     return true;
 }
