@@ -76,6 +76,7 @@ void HelpWindow::retrieveHelpContent()
 {
     connect(&d->network, &QNetworkAccessManager::finished, this, &HelpWindow::slotReceiveReply);
     d->timer.setSingleShot(true);
+    d->timer.setTimerType(Qt::PreciseTimer); // the default may end half a second early
     connect(&d->timer, &QTimer::timeout, this, &HelpWindow::slotQueryTimeout);
     query();
 }
