@@ -3,6 +3,7 @@
 #include "pages.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 namespace {
 
@@ -107,4 +108,17 @@ QString CommandLine::screenshots() const
 ImageManager::InitializeType CommandLine::imageLoading() const
 {
     return m_parser.isSet(m_preload) ? ImageManager::INIT_PRELOAD : ImageManager::INIT_LAZY;
+}
+
+QString CommandLine::instanceId() const
+{
+    const QString theme = resources().isEmpty() ? QString() : QDir(resources()).canonicalPath();
+    return QStringList {QCoreApplication::applicationName(),
+                        QCoreApplication::applicationFilePath(),
+                        qEnvironmentVariable("DISPLAY"),
+                        qEnvironmentVariable("WAYLAND_DISPLAY"),
+                        theme,
+                        language(),
+                        QString::number(imageLoading())}
+        .join(u'\n');
 }

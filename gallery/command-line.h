@@ -31,6 +31,9 @@ public:
     QString screenshots() const;
     ImageManager::InitializeType imageLoading() const;
 
+    /// The same for starts that one window can serve: of the same program on the same display, with the same theme.
+    QString instanceId() const;
+
 private:
     QString findError() const;
 

@@ -56,7 +56,6 @@ QScrollArea *createScrollArea(QWidget *content)
 GalleryWindow::GalleryWindow(const QString &language) :
     m_list(new QListWidget), m_pages(new QStackedWidget), m_log(new LogView)
 {
-    setWindowTitle(QStringLiteral("Vela Gallery"));
     setWindowIcon(QIcon::fromTheme(QStringLiteral("vela-gallery")));
     if (windowIcon().isNull()) {
         setWindowIcon(getGlobalImage("app_img", ImageManager::IMAGE_NORMAL));
@@ -75,7 +74,10 @@ GalleryWindow::GalleryWindow(const QString &language) :
 
 void GalleryWindow::showPage(const QString &name)
 {
-    m_list->setCurrentRow(pageNames().indexOf(name));
+    const int row = pageNames().indexOf(name);
+    if (row != -1) {
+        m_list->setCurrentRow(row);
+    }
 }
 
 GalleryPage *GalleryWindow::currentPage() const
@@ -145,4 +147,5 @@ void GalleryWindow::setCurrentPage(int index)
         area->setWidget(page);
     }
     m_pages->setCurrentIndex(index);
+    setWindowTitle(currentPage()->accessibleName() + QStringLiteral(" \u2013 Vela Gallery"));
 }

@@ -17,7 +17,7 @@ public:
     /// @p language is only told to the person.
     explicit GalleryWindow(const QString &language);
 
-    /// Shows the page of that name, which is made when it is first shown.
+    /// Shows the page of that name, which is made when it is first shown. There being none changes nothing.
     void showPage(const QString &name);
 
     /// The page that is shown; there is one once showPage() has been called.

@@ -9,7 +9,8 @@
 #include "vela_components_version.h"
 #include "warning-log.h"
 
-#include <QApplication>
+#include <QtSingleApplication>
+
 #include <QScreen>
 #include <QTextStream>
 
@@ -33,11 +34,17 @@ int fail(const QString &text)
     return EXIT_FAILURE;
 }
 
-int run(const CommandLine &commandLine)
+int run(const CommandLine &commandLine, QtSingleApplication *application)
 {
     const bool wantsScreenshots = !commandLine.screenshots().isEmpty();
     if (!wantsScreenshots && !canShowWindows()) {
         return fail(QStringLiteral("There is no display. '--screenshots DIR' renders the pages without one."));
+    }
+
+    if (!wantsScreenshots && application->isRunning()) {
+        return application->sendMessage(commandLine.page())
+            ? EXIT_SUCCESS
+            : fail(QStringLiteral("It runs already, but does not answer."));
     }
 
     Resources resources(commandLine.resources().isEmpty() ? Resources::referenceFolder() : commandLine.resources());
@@ -61,7 +68,9 @@ int run(const CommandLine &commandLine)
     window.showPage(pages.constFirst());
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
     window.show();
-    return QApplication::exec();
+    application->setActivationWindow(&window);
+    QObject::connect(application, &QtSingleApplication::messageReceived, &window, &GalleryWindow::showPage);
+    return QtSingleApplication::exec();
 }
 
 } // namespace
@@ -72,6 +81,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(VELA_COMPONENTS_VERSION_STRING));
 
     CommandLine commandLine;
+    QString instanceId;
     {
         // Help needs no screen, so it is given before anything looks for one. Arguments that are wrong here may yet be
         // options of the toolkit, which a QApplication takes out.
@@ -80,6 +90,7 @@ int main(int argc, char **argv)
             print(stdout, commandLine.answer());
             return EXIT_SUCCESS;
         }
+        instanceId = commandLine.instanceId();
     }
 
     preparePlatform();
@@ -87,7 +98,7 @@ int main(int argc, char **argv)
     // ratio 1 nevertheless. Qt::AA_EnableHighDpiScaling stays off: the library scales by the logical DPI itself, and
     // the toolkit would round a scale such as 1.5 to a ratio of 2.
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QApplication application(argc, argv);
+    QtSingleApplication application(instanceId, argc, argv);
     completePlatform();
     QGuiApplication::setDesktopFileName(QStringLiteral("vela-gallery"));
     QApplication::setPalette(galleryPalette());
@@ -99,5 +110,5 @@ int main(int argc, char **argv)
         print(stdout, commandLine.answer());
         return EXIT_SUCCESS;
     }
-    return run(commandLine);
+    return run(commandLine, &application);
 }

@@ -22,6 +22,7 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
     QMessageBox(parent), m_remaining(seconds)
 {
     connect(&m_timer, &QTimer::timeout, this, &VelaCountdownMessageBox::slotTick);
+    connect(this, &QDialog::finished, this, [this] { m_isAnswered = true; });
     m_timer.setInterval(Second);
     setStyleSheet(
         getStyleSheet("component.info_message_box", false)); // before its buttons, which would be polished again
@@ -35,14 +36,16 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
 
 void VelaCountdownMessageBox::updateButtonText()
 {
-    const QString count = QLatin1Char('(') + QString::number(m_remaining) + QLatin1Char(')');
-    button(QMessageBox::Ok)->setText(caption("ok") + count);
+    if (QAbstractButton *ok = button(QMessageBox::Ok)) { // a client may have set other buttons
+        ok->setText(caption("ok") + QLatin1Char('(') + QString::number(m_remaining) + QLatin1Char(')'));
+    }
 }
 
 // The first step comes at once, so the first number seen is one less than the seconds that it takes.
 void VelaCountdownMessageBox::showEvent(QShowEvent *event)
 {
     QMessageBox::showEvent(event);
+    m_isAnswered = false;
     slotTick();
     m_timer.start();
 }
@@ -55,7 +58,9 @@ void VelaCountdownMessageBox::slotTick()
         return;
     }
     m_timer.stop();
-    defaultButton()->animateClick(VisibleClick);
+    if (QPushButton *answer = defaultButton(); answer && !m_isAnswered) {
+        answer->animateClick(VisibleClick);
+    }
 }
 
 bool MouseButtonFilter::eventFilter(QObject *watched, QEvent *event)

@@ -9,7 +9,8 @@
 ///
 /// Title, text and icon are the caller's to set. The caption shows the whole count before the box is shown and one less
 /// from then on; the click comes as many seconds after the box is shown as were given. Results are QMessageBox::Ok and,
-/// for the button with the cancel caption, QMessageBox::Discard.
+/// for the button with the cancel caption, QMessageBox::Discard. Once it is answered nothing clicks itself, unless the
+/// box is shown again.
 class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
 {
     Q_OBJECT
@@ -29,7 +30,8 @@ protected:
 
 private:
     QTimer m_timer;
-    int m_remaining; // seconds
+    qint64 m_remaining; // seconds; counted down from any int
+    bool m_isAnswered = false; // since it was last shown
 };
 
 /// Event filter that lets no press, release or double-click of a mouse button through.

@@ -91,6 +91,8 @@ int VelaInputSheetPrivate::getPreferredWidth() const
 void VelaInputSheetPrivate::setupLayout()
 {
     delete q->layout();
+    promptLabel->setMinimumHeight(0); // or it would keep the height of the prompt or width that it had before
+    promptLabel->setMaximumHeight(QWIDGETSIZE_MAX);
     auto *column = new QVBoxLayout(q);
     lineEdit->setFixedHeight(scaled(LineEditHeight));
     lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));

@@ -24,20 +24,24 @@ public:
 
     /// Sets the prompt, which may be rich text.
     void setText(const QString &text);
+    /// The line edit, which stays the sheet's, to be given a validator, a placeholder or an echo mode.
     QLineEdit *getLineEdit();
     /// What was typed, whatever the answer was.
     QString getContent();
 
     /// The button of that code, null if there is none.
     QPushButton *button(QMessageBox::StandardButton which) const;
+    /// Makes @p button a default button; null changes nothing.
     void setDefaultButton(QPushButton *button);
     /// Whether the window cannot be closed while exec() waits; it cannot at first.
     void setBlockWindowButton(bool block);
 
+    /// Shows the sheet with the focus in the line edit and returns at once; finished() brings the answer.
     void showSheet() override;
     /// Shows the sheet and waits for the answer, in an event loop; 0 when the window is destroyed meanwhile.
     int exec();
 
+    /// Keeps the keys of the window for the sheet, and the window open while setBlockWindowButton() asks for it.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
@@ -45,6 +49,7 @@ public Q_SLOTS:
     void done(int ret);
     /// Answers with 0.
     void quit();
+    /// Answers with the code of @p which, a button of the sheet.
     void buttonClick(QAbstractButton *which);
 
 protected:

@@ -3,15 +3,25 @@
 #include "component/vela-msg-sheet.h"
 #include "vela_export.h"
 
-// Message boxes by one call. With a parent the message is a VelaMessageSheet over the parent's dimmed window, which has
-// no title; without one it is a QMessageBox, a window of its own. Either way the call returns when it is answered.
-//
-// Each call with a parent leaves a hidden, empty mask behind in the window, and on X11 two connections to the X server
-// (see SHAPISetCloseButtonOfWindowEnable()), of which a server accepts some 250 from all its clients by default.
+/// @file
+/// Message boxes by one call, which returns when the box is answered.
+///
+/// With a parent the message is a VelaMessageSheet inside the dimmed window of that parent, as wide as the parent's own
+/// width allows; it has no title. Without one it is a QMessageBox, a window of its own.
+///
+/// Each call with a parent leaves a hidden, empty VelaMask behind in the window, which goes with the window: some 3 kB
+/// each. On X11 it also leaves two connections to the X server open until the process ends, since the window's close
+/// button is switched off and on again, see SHAPISetCloseButtonOfWindowEnable(). A server accepts 256 clients by
+/// default, of all programs together. From then on, after some 125 calls, it refuses new programs too, and close
+/// buttons are not switched any more: one that was off stays off. An application that runs for long and reports often
+/// keeps a VelaMessageSheet of its own instead and calls VelaMessageSheet::setBlockWindowButton() with false.
 
+/// Gives information. A sheet is answered by Ok, Return, Enter and Space only, a window also by being closed.
 VELA_EXPORT void showInfoMsg(const QString &title, const QString &text, QWidget *parent = nullptr);
 
+/// Warns; answered like showInfoMsg().
 VELA_EXPORT void showWarningMsg(const QString &title, const QString &text, QWidget *parent = nullptr);
+/// The same with a second text below the first one; an empty one is left out.
 VELA_EXPORT void showWarningMsg(const QString &title, const QString &text, const QString &informativeText,
                                 QWidget *parent = nullptr);
 

@@ -3,10 +3,9 @@
 #include "style-manager/scaled.h"
 #include "style-manager/style-manager.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPainter>
+#include <QPersistentModelIndex>
 #include <QRegExpValidator>
 #include <QScrollBar>
 
@@ -61,13 +60,13 @@ void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
 // the tree's own handling of the focus would be in the way.
 void VelaTreeWidget::focusInEvent(QFocusEvent *)
 {
-    QTreeWidgetItem *current = currentItem();
-    if (!current) {
+    if (!currentItem()) {
         setCurrentItem(itemAt(0, 0));
         return;
     }
+    const QPersistentModelIndex current = indexFromItem(currentItem()); // who is told may remove items
     setCurrentItem(nullptr);
-    setCurrentItem(current);
+    setCurrentItem(itemFromIndex(current));
 }
 
 void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -4,6 +4,8 @@
 
 #include <QColor>
 #include <QItemDelegate>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTreeWidget>
 
 /// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide

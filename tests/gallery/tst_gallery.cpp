@@ -1,5 +1,6 @@
 #include "support/environment.h"
 #include "support/resource-folder.h"
+#include "support/x-connection.h"
 #include "vela_components_version.h"
 
 #include <QFileInfo>
@@ -8,6 +9,9 @@
 #include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -69,6 +73,20 @@ void writeTheme(const ResourceFolder &theme)
     theme.writeFile(QStringLiteral("styles/a.qss"), applyButtonSheet("#ff0000"));
 }
 
+/// Titles of the windows that a window manager has on the display.
+QStringList titles(const XConnection &x)
+{
+    QStringList titles;
+    for (const quint32 window : x.property(x.rootWindow(), "_NET_CLIENT_LIST").elements) {
+        QByteArray title;
+        for (const quint32 byte : x.property(window, "_NET_WM_NAME").elements) {
+            title.append(static_cast<char>(byte));
+        }
+        titles.append(QString::fromUtf8(title));
+    }
+    return titles;
+}
+
 QSet<QRgb> colorsOf(const QImage &image)
 {
     QSet<QRgb> colors;
@@ -101,6 +119,8 @@ private Q_SLOTS:
     void optionsOfTheToolkitAreNone();
 
     void theWindowStaysOpen();
+    void aSecondStartHandsItsPageToTheFirst();
+    void startsWithAnotherThemeOrLanguageAreOnTheirOwn();
     void withoutADisplayThereIsNoWindow();
 
     void screenshotsShowEveryPageAndTheWindow();
@@ -132,6 +152,7 @@ private:
     QString screenshotPath(const QString &name) const;
     QImage screenshot(const QString &name) const;
     void removeDisplay();
+    QStringList sockets() const;
 
     QScopedPointer<QTemporaryDir> m_folder;
     QProcessEnvironment m_environment;
@@ -142,6 +163,9 @@ void GalleryTest::init()
     m_folder.reset(new QTemporaryDir);
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert(QStringLiteral("XDG_DATA_HOME"), m_folder->filePath(QStringLiteral("data")));
+    // A place of its own for its socket, too: it must not find a gallery that somebody runs.
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("t")));
+    m_environment.insert(QStringLiteral("TMPDIR"), m_folder->filePath(QStringLiteral("t")));
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("en_US.UTF-8"));
 }
 
@@ -279,6 +303,58 @@ void GalleryTest::theWindowStaysOpen()
     QVERIFY2(!process.waitForFinished(StayMs), process.readAllStandardError().constData());
     process.terminate();
     QVERIFY(process.waitForFinished(PatienceMs));
+}
+
+/// The sockets of those that run.
+QStringList GalleryTest::sockets() const
+{
+    return QDir(m_folder->filePath(QStringLiteral("t")))
+        .entryList({QStringLiteral("qtsingleapp-velaga-*")}, QDir::System);
+}
+
+void GalleryTest::aSecondStartHandsItsPageToTheFirst()
+{
+    QProcess first;
+    first.setProcessEnvironment(m_environment);
+    first.start(QStringLiteral(VELA_GALLERY), QStringList());
+    QTRY_COMPARE_WITH_TIMEOUT(sockets().size(), 1, PatienceMs);
+
+    const XConnection x;
+    for (const QString &page : {QStringLiteral("table"), QString(), QStringLiteral("buttons")}) {
+        const Result second = run(page.isEmpty() ? QStringList() : QStringList {QStringLiteral("--page"), page});
+        QVERIFY2(second.exitCode == 0, qPrintable(second.errors));
+        QCOMPARE(first.state(), QProcess::Running);
+        QCOMPARE(sockets().size(), 1);
+        if (QGuiApplication::platformName() == QStringLiteral("xcb")) {
+            const QString title =
+                page == QStringLiteral("buttons") ? QStringLiteral("Buttons") : QStringLiteral("Table");
+            QTRY_VERIFY2(titles(x).filter(title).size() == 1, qPrintable(titles(x).join(u'\n')));
+        }
+    }
+    first.terminate();
+    QVERIFY(first.waitForFinished(PatienceMs));
+}
+
+void GalleryTest::startsWithAnotherThemeOrLanguageAreOnTheirOwn()
+{
+    const ResourceFolder theme;
+    writeTheme(theme);
+    const QStringList starts[] = {{},
+                                  {QStringLiteral("--language"), QStringLiteral("deu")},
+                                  {QStringLiteral("--resources"), theme.path()},
+                                  {QStringLiteral("--preload")}};
+    std::vector<std::unique_ptr<QProcess>> processes;
+    for (const QStringList &arguments : starts) {
+        processes.push_back(std::make_unique<QProcess>());
+        processes.back()->setProcessEnvironment(m_environment);
+        processes.back()->start(QStringLiteral(VELA_GALLERY), arguments);
+        QTRY_COMPARE_WITH_TIMEOUT(sockets().size(), static_cast<int>(processes.size()), PatienceMs);
+    }
+    for (const auto &process : processes) {
+        QCOMPARE(process->state(), QProcess::Running);
+        process->terminate();
+        QVERIFY(process->waitForFinished(PatienceMs));
+    }
 }
 
 void GalleryTest::withoutADisplayThereIsNoWindow()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void everyPageOpens_data();
     void everyPageOpens();
     void aPageIsMadeOnce();
+    void aPageThatThereIsNotChangesNothing();
     void signalsAreListedWithTheirArguments();
     void framesAroundWidgetsHaveNoStyleSheet();
     void warningsOfTheLibraryAreListed();
@@ -90,6 +91,7 @@ void GalleryWindowTest::everyPageOpens()
     m_window->showPage(name);
     QCOMPARE(m_window->currentPage()->accessibleName(), title);
     QVERIFY(m_window->currentPage()->isVisible());
+    QCOMPARE(m_window->windowTitle(), QString(title + QStringLiteral(" \u2013 Vela Gallery")));
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
@@ -98,6 +100,15 @@ void GalleryWindowTest::aPageIsMadeOnce()
     GalleryPage *page = m_window->currentPage();
     m_window->showPage(QStringLiteral("buttons"));
     QCOMPARE(m_window->currentPage(), page);
+}
+
+void GalleryWindowTest::aPageThatThereIsNotChangesNothing()
+{
+    GalleryPage *page = m_window->currentPage();
+    for (const char *name : {"", "no-such-page", "Buttons"}) {
+        m_window->showPage(QString::fromLatin1(name));
+        QCOMPARE(m_window->currentPage(), page);
+    }
 }
 
 void GalleryWindowTest::signalsAreListedWithTheirArguments()

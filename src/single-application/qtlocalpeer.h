@@ -1,0 +1,47 @@
+#pragma once
+
+#include "single-application/qtlockedfile.h"
+#include "vela_export.h"
+
+#include <QObject>
+
+class QLocalServer;
+class QLocalSocket;
+
+/// One of the processes of an application that a user runs: the first of them gets the messages of the others.
+///
+/// They find each other by the application's id through a lock file and a local socket in QDir::tempPath(), which
+/// other users can neither open nor take over. Processes built with another edition of this class take part.
+class VELA_EXPORT QtLocalPeer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// An empty @p appId stands for the program's file path. What keeps the process from taking part, a lock file that
+    /// belongs to another user for instance, is logged; it is a first one then that nobody finds.
+    explicit QtLocalPeer(QObject *parent = nullptr, const QString &appId = QString());
+
+    /// Whether another process is the first. Otherwise this one is from now on.
+    bool isClient();
+
+    /// Hands @p message, of up to 64 MiB in UTF-8, to the first process and waits up to @p timeout milliseconds until
+    /// it has got it, without limit if that is negative. False when it has not, and always in the first process.
+    bool sendMessage(const QString &message, int timeout);
+
+    /// The id as given, or the program's file path.
+    QString applicationId() const;
+
+Q_SIGNALS:
+    /// In the first process: another one has sent @p message.
+    void messageReceived(const QString &message);
+
+private:
+    void openLockFile();
+    void receiveConnection();
+    void receiveMessage(QLocalSocket *socket);
+
+    const QString m_id;
+    const QString m_socketName;
+    QLocalServer *m_server;
+    QtLockedFile m_lockFile;
+};

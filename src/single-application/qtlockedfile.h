@@ -1,0 +1,41 @@
+#pragma once
+
+#include "vela_export.h"
+
+#include <QFile>
+
+/// A file with an advisory lock that processes share.
+///
+/// The lock belongs to the process and holds for the whole file (POSIX record locks). The system releases it when the
+/// process ends, however it ends, and, which is peculiar to such locks, as soon as the process closes any other
+/// descriptor of the same file.
+class VELA_EXPORT QtLockedFile : public QFile
+{
+public:
+    enum LockMode { NoLock = 0, ReadLock, WriteLock };
+
+    QtLockedFile();
+    explicit QtLockedFile(const QString &name);
+    /// Releases the lock.
+    ~QtLockedFile() override;
+
+    /// Opens the file, but not with Truncate, which would empty it before anybody can have locked it: that is logged
+    /// and returns false.
+    bool open(OpenMode mode) override;
+
+    /// Takes a lock in place of the one that is held; NoLock releases it. A write lock excludes all other locks, a read
+    /// lock excludes write locks; they take a file that is open for writing and for reading. @p block waits until no
+    /// other process is in the way. Returns whether the lock is held, and logs what fails other than because of another
+    /// process.
+    bool lock(LockMode mode, bool block = true);
+    /// Returns whether no lock is held any more.
+    bool unlock();
+
+    bool isLocked() const;
+    LockMode lockMode() const;
+
+private:
+    bool setLock(short type, int command);
+
+    LockMode m_lockMode = NoLock;
+};

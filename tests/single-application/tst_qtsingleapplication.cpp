@@ -1,0 +1,228 @@
+#include "single-application/instance-process.h"
+#include "single-application/qtsingleapplication.h"
+#include "support/controls.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <QtTest>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace {
+
+const QString First = QStringLiteral("first");
+const QString Client = QStringLiteral("client");
+const QString Id = QStringLiteral("vela-test-application");
+
+using Processes = std::vector<std::unique_ptr<InstanceProcess>>;
+
+Processes start(int count, const QString &id, const QString &task, const QString &argument = QString())
+{
+    Processes processes;
+    for (int i = 0; i < count; ++i) {
+        processes.push_back(std::make_unique<InstanceProcess>(id, task, argument));
+    }
+    return processes;
+}
+
+} // namespace
+
+class QtSingleApplicationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void theIdIsThatGiven();
+    void theDeclarationsAreThePublishedOnes();
+    void theFirstIsNotRunningYet();
+    void theActivationWindowIsNotOwned();
+    void withoutAnActivationWindowNothingIsActivated();
+    void activatingKeepsOtherStates();
+
+    void oneOfManyBecomesTheFirst();
+    void noMessageIsLost();
+    void messagesOfOneSenderComeInTheirOrder();
+    void aKilledFirstIsFollowedByTheNext();
+    void afterTheFirstHasEndedTheNextIsTheFirst();
+    void applicationsOfOtherIdsAreStrangers();
+    void aMessageBringsTheActivationWindowToTheFront();
+    void aMessageLeavesAPassiveWindowAlone();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void QtSingleApplicationTest::init()
+{
+    // A folder of its own for sockets and locks. Their paths must be short.
+    m_folder = std::make_unique<QTemporaryDir>(QStringLiteral("/tmp/vela-XXXXXX"));
+    QVERIFY(m_folder->isValid());
+    qputenv("TMPDIR", QFile::encodeName(m_folder->path()));
+}
+
+static QtSingleApplication *application()
+{
+    return static_cast<QtSingleApplication *>(qApp);
+}
+
+void QtSingleApplicationTest::theIdIsThatGiven()
+{
+    QCOMPARE(application()->id(), Id);
+}
+
+void QtSingleApplicationTest::theDeclarationsAreThePublishedOnes()
+{
+    QCOMPARE(QtSingleApplication::staticMetaObject.superClass(), &QApplication::staticMetaObject);
+    QStringList declarations = ownDeclarations(QtSingleApplication::staticMetaObject);
+    declarations.sort();
+    QCOMPARE(declarations,
+             (QStringList {QStringLiteral("activateWindow()"), QStringLiteral("messageReceived(QString)"),
+                           QStringLiteral("sendMessage(QString)"), QStringLiteral("sendMessage(QString,int)")}));
+}
+
+void QtSingleApplicationTest::theFirstIsNotRunningYet()
+{
+    QVERIFY(!application()->isRunning());
+    QVERIFY(!application()->isRunning());
+    QVERIFY(!application()->sendMessage(QStringLiteral("to myself"), 100));
+}
+
+void QtSingleApplicationTest::theActivationWindowIsNotOwned()
+{
+    QCOMPARE(application()->activationWindow(), nullptr);
+    {
+        QWidget window;
+        application()->setActivationWindow(&window);
+        QCOMPARE(application()->activationWindow(), &window);
+    }
+    QCOMPARE(application()->activationWindow(), nullptr);
+    application()->activateWindow();
+}
+
+void QtSingleApplicationTest::withoutAnActivationWindowNothingIsActivated()
+{
+    application()->setActivationWindow(nullptr);
+    QWidget window;
+    window.showMinimized();
+    application()->activateWindow();
+    QTest::qWait(50);
+    QVERIFY(window.isMinimized());
+}
+
+void QtSingleApplicationTest::activatingKeepsOtherStates()
+{
+    QWidget window;
+    application()->setActivationWindow(&window);
+    window.setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
+    application()->activateWindow();
+    QCOMPARE(window.windowState() & ~Qt::WindowActive, Qt::WindowStates(Qt::WindowMaximized));
+}
+
+void QtSingleApplicationTest::oneOfManyBecomesTheFirst()
+{
+    const Processes processes = start(50, Id, QStringLiteral("serve"));
+    QStringList answers;
+    for (const auto &process : processes) {
+        answers.append(process->line());
+    }
+    QCOMPARE(answers.count(First), 1);
+    QCOMPARE(answers.count(Client), 49);
+}
+
+void QtSingleApplicationTest::noMessageIsLost()
+{
+    constexpr int Senders = 50;
+    constexpr int MessagesEach = 200;
+    InstanceProcess first(Id, QStringLiteral("serve"));
+    QCOMPARE(first.line(), First);
+    const Processes senders = start(Senders, Id, QStringLiteral("send"), QString::number(MessagesEach));
+    QStringList received = first.lines(Senders * MessagesEach);
+    QStringList sent;
+    for (const auto &sender : senders) {
+        sent += sender->linesToEnd();
+    }
+    QCOMPARE(sent.size(), Senders * MessagesEach);
+    QCOMPARE(sent.filter(QStringLiteral("failed")), QStringList());
+    sent.replaceInStrings(QStringLiteral("sent "), QString());
+    std::sort(sent.begin(), sent.end());
+    std::sort(received.begin(), received.end());
+    QCOMPARE(received, sent);
+    QTest::qWait(100);
+    QVERIFY(!first.hasLine());
+    QVERIFY(first.end());
+}
+
+void QtSingleApplicationTest::messagesOfOneSenderComeInTheirOrder()
+{
+    InstanceProcess first(Id, QStringLiteral("serve"));
+    QCOMPARE(first.line(), First);
+    InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("100"));
+    QStringList sent = sender.linesToEnd();
+    sent.replaceInStrings(QStringLiteral("sent "), QString());
+    QCOMPARE(first.lines(100), sent);
+}
+
+void QtSingleApplicationTest::aKilledFirstIsFollowedByTheNext()
+{
+    InstanceProcess first(Id, QStringLiteral("serve"));
+    QCOMPARE(first.line(), First);
+    first.kill();
+    // What it leaves behind: the lock file and the socket.
+    QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("qtsingleapp-*")}, QDir::Files | QDir::System).size(), 2);
+
+    InstanceProcess next(Id, QStringLiteral("serve"));
+    QCOMPARE(next.line(), First);
+    InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("1"));
+    QVERIFY(sender.line().startsWith(QStringLiteral("sent ")));
+    QVERIFY(!next.line().isEmpty());
+}
+
+void QtSingleApplicationTest::afterTheFirstHasEndedTheNextIsTheFirst()
+{
+    for (int i = 0; i < 3; ++i) {
+        InstanceProcess process(Id, QStringLiteral("serve"));
+        QCOMPARE(process.line(), First);
+        QVERIFY(process.end());
+    }
+}
+
+void QtSingleApplicationTest::applicationsOfOtherIdsAreStrangers()
+{
+    InstanceProcess one(Id, QStringLiteral("serve"));
+    InstanceProcess other(Id + QStringLiteral("-2"), QStringLiteral("serve"));
+    QCOMPARE(one.line(), First);
+    QCOMPARE(other.line(), First);
+}
+
+void QtSingleApplicationTest::aMessageBringsTheActivationWindowToTheFront()
+{
+    InstanceProcess first(Id, QStringLiteral("minimised"));
+    QCOMPARE(first.line(), First);
+    InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("1"));
+    QCOMPARE(first.line(), QStringLiteral("in front"));
+}
+
+void QtSingleApplicationTest::aMessageLeavesAPassiveWindowAlone()
+{
+    InstanceProcess first(Id, QStringLiteral("minimised"), QStringLiteral("passive"));
+    QCOMPARE(first.line(), First);
+    InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("1"));
+    QCOMPARE(first.line(), QStringLiteral("not in front"));
+}
+
+int main(int argc, char **argv)
+{
+    // The object under test takes the place of the application that the test macros make. Nobody else has its files.
+    const QTemporaryDir folder(QStringLiteral("/tmp/vela-XXXXXX"));
+    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path())); // or each process complains that it has none
+    QtSingleApplication application(Id, argc, argv);
+    QtSingleApplicationTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_qtsingleapplication.moc"
