@@ -100,8 +100,8 @@ int lockFile(const QString &name, const QString &manner)
 
 void endWithStandardInput()
 {
-    auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+    auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, &QCoreApplication::quit);
 }
 
 } // namespace
