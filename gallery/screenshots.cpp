@@ -10,10 +10,15 @@
 
 namespace {
 
+// Wrapped texts ask for another height once they know their width, and so do the layouts around them, one after another.
+constexpr int LayoutPasses = 10;
+
 /// What is seen of @p widget once everything that waits in the event loop has been done.
 QPixmap picture(QWidget *widget)
 {
-    QCoreApplication::processEvents();
+    for (int pass = 0; pass < LayoutPasses; ++pass) {
+        QCoreApplication::processEvents();
+    }
     return widget->grab();
 }
 

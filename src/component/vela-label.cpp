@@ -17,6 +17,6 @@ void VelaLabel::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     if (wordWrap() && sizePolicy().verticalPolicy() == QSizePolicy::Minimum) {
         setMinimumHeight(0); // or the height asked for would never be less than the last one
-        setMinimumHeight(heightForWidth(width()));
+        setMinimumHeight(qMax(0, heightForWidth(width()))); // a label without a text has none
     }
 }

@@ -166,7 +166,8 @@ void VelaTableWidgetPrivate::setUpBody()
     body->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     body->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     body->verticalHeader()->setDefaultSectionSize(scaled(RowHeight));
-    body->setStyleSheet(getStyleSheet("component.table", false) + getStyleSheet("component.scrollbar", false));
+    const QString sheet = getStyleSheet("component.table", false);
+    body->setStyleSheet(sheet + getStyleSheet("component.scrollbar", false));
     body->setShowGrid(false);
     body->verticalScrollBar()->hide();
 }

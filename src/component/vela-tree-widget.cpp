@@ -19,12 +19,20 @@ constexpr int HighlightRightMargin = 3;
 constexpr int RowHeight = 28;
 constexpr int VisibleWidth = 100; // of an item that need not be scrolled to
 
+// Pixels that a frame of the usual width moves rows down in the tree, in whose coordinates the pointer is looked for.
+constexpr int FrameWidth = 1;
+
 // No dot in front; nowhere what some file system does not allow.
 const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
 
 } // namespace
 
-VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent) { }
+VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
+{
+    viewport()->setAttribute(Qt::WA_Hover); // or rows would not be painted again when the pointer moves
+    // The base paints the rows again, but not their neighbours, which the outline juts out into.
+    connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
+}
 
 void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
@@ -69,11 +77,33 @@ void VelaTreeWidget::focusInEvent(QFocusEvent *)
     setCurrentItem(itemFromIndex(current));
 }
 
+// With frames of other widths the highlighted row is not always the one under the pointer, which the base paints again.
+bool VelaTreeWidget::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove
+        || event->type() == QEvent::HoverLeave) {
+        const auto *hover = static_cast<QHoverEvent *>(event);
+        const auto rowFor = [this](const QPoint &pointer) {
+            return visualRect(indexAt(QPoint(0, pointer.y() + viewport()->y() - FrameWidth)));
+        };
+        const QRect left = rowFor(hover->oldPos());
+        const QRect entered = rowFor(hover->pos());
+        if (left != entered || event->type() != QEvent::HoverMove) {
+            for (const QRect &row : {left, entered}) {
+                viewport()->update(0, row.top() - 1, viewport()->width(), row.height() + 2);
+            }
+        }
+    }
+    return QTreeWidget::viewportEvent(event);
+}
+
 void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
     const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
-    const auto isHovered = [&] { return option.rect.adjusted(0, 1, 0, 1).contains(mapFromGlobal(QCursor::pos())); };
+    const auto isHovered = [&] {
+        return option.rect.translated(0, FrameWidth).contains(mapFromGlobal(QCursor::pos()));
+    };
     if (item && (isSelected || isHovered())) {
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
