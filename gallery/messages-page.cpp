@@ -10,6 +10,8 @@
 #include <component/vela-msg-box.h>
 
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QMovie>
 #include <QTimer>
 
 #include <functional>
@@ -63,6 +65,15 @@ constexpr TypeRow Types[] = {
     {VelaMessageSheet::WarningQuestionMessage, "WarningQuestionMessage", "Stop the backup?"},
 };
 
+void startAnimation(VelaMessageSheet *sheet)
+{
+    for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+        if (label->movie()) {
+            label->movie()->start();
+        }
+    }
+}
+
 void addPictures(GalleryPage *page)
 {
     page->addSection(QStringLiteral("VelaMessageSheet"), QStringLiteral("The types of message, by icon and buttons."));
@@ -71,10 +82,12 @@ void addPictures(GalleryPage *page)
                              return new VelaMessageSheet(row.type, QString::fromLatin1(row.text), stage);
                          })});
     }
-    page->addExample(QStringLiteral("ProcessingMessage"), QStringLiteral("with an animation"),
-                     {createPicture([](QWidget *stage) {
-                         return new VelaMessageSheet(QStringLiteral("Copying files\u2026"), animationFile(), stage);
-                     })});
+    page->addExample(
+        QStringLiteral("ProcessingMessage"), QStringLiteral("with an animation"), {createPicture([](QWidget *stage) {
+            auto *sheet = new VelaMessageSheet(QStringLiteral("Copying files\u2026"), animationFile(), stage);
+            startAnimation(sheet); // exec() would do it
+            return sheet;
+        })});
     page->addExample(QStringLiteral("Informative text"), QStringLiteral("setInformativeText()"),
                      {createPicture([](QWidget *stage) {
                          return new VelaMessageSheet(
