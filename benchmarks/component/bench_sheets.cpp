@@ -8,6 +8,7 @@
 #include "utils/component-strings.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -53,12 +54,15 @@ void showSheet(QWidget *window)
     sheet.done(QMessageBox::Ok);
 }
 
+/// The same text, formatted alike, and the same style sheets.
 void showBox(QWidget *window)
 {
     QMessageBox box(window);
     box.setStyleSheet(getStyleSheet("component.message_sheet_other", false));
     box.setIconPixmap(getGlobalImage("icon_question", ImageManager::IMAGE_NORMAL));
-    box.setText(Text);
+    box.setText(QStringLiteral("<p style='line-height: 24px;'>%1</p>").arg(Text));
+    box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))
+        ->setStyleSheet(getStyleSheet("component.message_sheet_text", false));
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Discard);
     box.button(QMessageBox::Ok)->setStyleSheet(getStyleSheet("component.apply_button", false));
     box.button(QMessageBox::Discard)->setStyleSheet(getStyleSheet("component.cancel_button", false));

@@ -74,6 +74,7 @@ MessageLabel::MessageLabel(QWidget *parent) : QLabel(parent) { }
 
 void MessageLabel::resizeEvent(QResizeEvent *)
 {
+    setMinimumHeight(0); // or the height asked for would never be less than the last one
     setFixedHeight(qMax(0, heightForWidth(width())));
 }
 

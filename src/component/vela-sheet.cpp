@@ -20,19 +20,24 @@ struct ShadowPiece
     Place vertical;
 };
 
-constexpr ShadowPiece Corners[] = {
+/// In the order in which their images are requested, so that missing ones are logged in it.
+constexpr ShadowPiece ShadowPieces[] = {
+    // edges
+    {"bg_tutorial_l", Start, Middle},
+    {"bg_tutorial_r", End, Middle},
+    {"bg_tutorial_t", Middle, Start},
+    {"bg_tutorial_b", Middle, End},
+    // corners
     {"bg_tutorial_lt", Start, Start},
     {"bg_tutorial_rt", End, Start},
     {"bg_tutorial_lb", Start, End},
     {"bg_tutorial_rb", End, End},
 };
 
-constexpr ShadowPiece Edges[] = {
-    {"bg_tutorial_l", Start, Middle},
-    {"bg_tutorial_r", End, Middle},
-    {"bg_tutorial_t", Middle, Start},
-    {"bg_tutorial_b", Middle, End},
-};
+bool isEdge(const ShadowPiece &piece)
+{
+    return piece.horizontal == Middle || piece.vertical == Middle;
+}
 
 struct Span
 {
@@ -94,17 +99,14 @@ void VelaSheet::paintEvent(QPaintEvent *)
 
 void VelaSheet::drawShadow(QPainter &painter)
 {
-    for (const ShadowPiece &piece : Corners) {
-        const QPixmap image = getGlobalImage(piece.imageName, ImageManager::IMAGE_NORMAL);
-        painter.drawPixmap(rectangleOf(piece, size(), m_shadowWidth), image);
-    }
-    // On a sheet that is smaller than its shadow the edges are null pixmaps and so not visible.
-    for (const ShadowPiece &piece : Edges) {
-        const QPixmap image = getGlobalImage(piece.imageName, ImageManager::IMAGE_NORMAL);
+    for (const ShadowPiece &piece : ShadowPieces) {
+        QPixmap image = getGlobalImage(piece.imageName, ImageManager::IMAGE_NORMAL);
         const QRect place = rectangleOf(piece, size(), m_shadowWidth);
-        if (!image.isNull()) {
-            painter.drawPixmap(place, image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
+        if (isEdge(piece) && !image.isNull()) {
+            // On a sheet that is smaller than its shadow this gives a null pixmap, of which nothing is drawn.
+            image = image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
         }
+        painter.drawPixmap(place, image);
     }
 }
 
