@@ -34,7 +34,7 @@ private:
     std::vector<ColumnInfo> m_columns;
 };
 
-/// Table that reports its resizing before it acts on it.
+/// Table that reports its resizing before it acts on it, with the size that is left for the rows.
 class VELA_EXPORT ResizeSignalTableWidget : public QTableWidget
 {
     Q_OBJECT
