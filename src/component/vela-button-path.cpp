@@ -96,7 +96,6 @@ void VelaButtonPathPrivate::setUpTable()
     q->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     q->setFocusPolicy(Qt::NoFocus);
     q->setFixedHeight(scaled(BarHeight));
-    q->setStyleSheet(getStyleSheet("component.button_path", false));
 }
 
 void VelaButtonPathPrivate::setUpMenuButton()
@@ -137,8 +136,7 @@ void VelaButtonPathPrivate::discard(Source *source)
     }
     nameMapper->removeMappings(source);
     menuMapper->removeMappings(source);
-    source->setParent(nullptr);
-    source->deleteLater();
+    source->setParent(nullptr); // deleted once the click is told; the table may be quicker with a button
 }
 
 void VelaButtonPathPrivate::setButton(int column, QPushButton *button)
@@ -156,6 +154,7 @@ VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::m
     d->setUpMenuButton();
     connect(d->nameMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
     connect(d->menuMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
+    setStyleSheet(getStyleSheet("component.button_path", false));
 }
 
 VelaButtonPath::~VelaButtonPath() = default;
@@ -238,10 +237,14 @@ void VelaButtonPath::slotUpdatePath(QString path)
 void VelaButtonPath::slotPathBarClicked(int btn_id)
 {
     const auto *mapper = qobject_cast<QSignalMapper *>(sender());
-    d->sources.append(mapper ? mapper->mapping(btn_id) : nullptr);
+    const QPointer<QObject> source(mapper ? mapper->mapping(btn_id) : nullptr);
+    d->sources.append(source);
     const QPointer<VelaButtonPath> alive(this);
     Q_EMIT sigUpdatePath(getPath(btn_id));
     if (alive) {
         d->sources.removeLast();
+    }
+    if (source && !source->parent()) { // discarded meanwhile
+        source->deleteLater();
     }
 }

@@ -363,7 +363,8 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     view()->setFixedHeight(scaled(PopupHeight));
     setFixedHeight(scaled(SelectorHeight));
     // Last: a popup made for a styled combo box is given a frame by the platform's style.
-    setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
+    const QString sheet = getStyleSheet("component.date_selector", false);
+    setStyleSheet(sheet + getStyleSheet("component.menu", false));
 }
 
 VelaDateSelector::~VelaDateSelector() = default;

@@ -1,0 +1,1026 @@
+#include "component/paging/vela-paging-bar.h"
+#include "component/vela-button.h"
+#include "image-manager/image-manager.h"
+#include "style-manager/style-manager.h"
+#include "support/controls.h"
+#include "support/environment.h"
+#include "support/log-capture.h"
+#include "support/resource-folder.h"
+#include "utils/component-strings.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRandomGenerator>
+#include <QSignalMapper>
+#include <QtTest>
+
+#include <algorithm>
+#include <climits>
+#include <memory>
+
+namespace {
+
+const char Sheets[] = "== component.select_paging_button ==\nQPushButton { background: #0000ff; border: none }\n"
+                      "== component.nonselect_paging_button ==\nQPushButton { background: #808080; border: none }\n"
+                      "== component.icon_button ==\nQToolButton { border: none; padding: 0px }\n"
+                      "== component.paging_bar_border ==\n#PAGINGBARBORDER { background: #123456 }\n"
+                      "== component.paging_bar_label ==\nQLabel { background: #ff0000; padding-left: 5px }\n"
+                      "== component.paging_bar_rightmost_label ==\nQLabel { background: #00ff00; padding-left: 5px }\n";
+
+const QString BarImages[] = {
+    QStringLiteral("bt_pagebar_backend"), QStringLiteral("bt_pagebar_back"),    QStringLiteral("bt_pagebar_next"),
+    QStringLiteral("bt_pagebar_nextend"), QStringLiteral("bt_pagebar_refresh"),
+};
+
+enum Navigation { First, BackFive, ForwardFive, Last };
+
+constexpr int BarWidth = 850; // logical pixels; fits on a screen at any scale
+
+QString ordinarySheet()
+{
+    return getStyleSheet("component.paging_bar_label", false);
+}
+
+QString rightmostSheet()
+{
+    return getStyleSheet("component.paging_bar_rightmost_label", false);
+}
+
+int leftOf(const QWidget *widget, const QWidget *bar)
+{
+    return widget->mapTo(bar, QPoint(0, 0)).x();
+}
+
+int rightOf(const QWidget *widget, const QWidget *bar)
+{
+    return leftOf(widget, bar) + widget->width();
+}
+
+/// The least number of pages, at least one, that hold all items: looked for by halves.
+int pagesOf(int items, int limit)
+{
+    qint64 tooFew = 0;
+    qint64 enough = qMax(items, 1);
+    while (enough - tooFew > 1) {
+        const qint64 middle = (tooFew + enough) / 2;
+        (middle * limit >= items ? enough : tooFew) = middle;
+    }
+    return int(enough);
+}
+
+template<typename Widget>
+QList<Widget *> sortedByPlace(QList<Widget *> widgets, const QWidget *bar)
+{
+    std::sort(widgets.begin(), widgets.end(),
+              [bar](const Widget *left, const Widget *right) { return leftOf(left, bar) < leftOf(right, bar); });
+    return widgets;
+}
+
+} // namespace
+
+/// A shown bar with its model; everything in it is found by where it is on screen.
+class BarWindow : public QWidget
+{
+public:
+    explicit BarWindow(int rowLimit = 50, int itemCount = -1) :
+        model(rowLimit),
+        bar(new VelaPagingBar(&model, this)),
+        pageChanged(bar, &VelaPagingBar::sigPageChanged),
+        refreshed(bar, &VelaPagingBar::sigRefresh)
+    {
+        if (itemCount >= 0) {
+            bar->setItemCount(itemCount);
+        }
+        bar->resize(expectedPixels(BarWidth), expectedPixels(29));
+        resize(bar->size());
+    }
+
+    bool showAndWait()
+    {
+        show();
+        return QTest::qWaitForWindowExposed(this);
+    }
+
+    QList<VelaButton *> pageButtons() const { return sortedByPlace(bar->findChildren<VelaButton *>(), bar); }
+    QList<VelaIconButton *> iconButtons() const { return sortedByPlace(bar->findChildren<VelaIconButton *>(), bar); }
+    VelaIconButton *navigation(Navigation which) const { return iconButtons().at(which); }
+    VelaIconButton *refreshButton() const
+    {
+        const QList<VelaIconButton *> buttons = bar->findChildren<VelaIconButton *>();
+        return *std::find_if(buttons.begin(), buttons.end(),
+                             [](const VelaIconButton *button) { return !button->accessibleName().isEmpty(); });
+    }
+
+    /// The layout that has @p widget in it.
+    QHBoxLayout *rowOf(QWidget *widget) const
+    {
+        const QList<QHBoxLayout *> rows = bar->findChildren<QHBoxLayout *>();
+        const auto row = std::find_if(rows.begin(), rows.end(),
+                                      [widget](QHBoxLayout *layout) { return layout->indexOf(widget) >= 0; });
+        return row == rows.end() ? nullptr : *row;
+    }
+
+    Qt::Alignment alignmentOf(QWidget *widget) const
+    {
+        const QHBoxLayout *row = rowOf(widget);
+        return row->itemAt(row->indexOf(widget))->alignment();
+    }
+
+    /// From the right to the left.
+    QList<QLabel *> labels() const
+    {
+        QList<QLabel *> shown;
+        const QList<QLabel *> all = bar->findChildren<QLabel *>();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(shown),
+                     [](const QLabel *label) { return label->isVisible(); });
+        shown = sortedByPlace(shown, bar);
+        std::reverse(shown.begin(), shown.end());
+        return shown;
+    }
+
+    QStringList labelTexts() const
+    {
+        QStringList texts;
+        for (const QLabel *label : labels()) {
+            texts.append(label->text());
+        }
+        return texts;
+    }
+
+    /// The texts of the page buttons, with lines between.
+    QString numbers() const
+    {
+        QStringList texts;
+        for (const VelaButton *button : pageButtons()) {
+            texts.append(button->text());
+        }
+        return texts.join(QLatin1Char('|'));
+    }
+
+    /// P for each page button and N for each navigation button that is enabled, - for one that is not.
+    QString enabled() const
+    {
+        QString states;
+        for (const VelaButton *button : pageButtons()) {
+            states += QLatin1Char(button->isEnabled() ? 'P' : '-');
+        }
+        for (Navigation which : {First, BackFive, ForwardFive, Last}) {
+            states += QLatin1Char(navigation(which)->isEnabled() ? 'N' : '-');
+        }
+        return states;
+    }
+
+    void click(const QWidget *button)
+    {
+        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, button->mapTo(this, button->rect().center()));
+    }
+
+    VelaPagingModel model;
+    VelaPagingBar *const bar;
+    QSignalSpy pageChanged;
+    QSignalSpy refreshed;
+};
+
+class VelaPagingBarTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void theModelStartsOnPageOneOfNothing();
+    void theModelKeepsWhatItIsGivenUnchecked();
+    void theModelHasNoSignalsSlotsOrProperties();
+    void pagesAreCounted_data();
+    void pagesAreCounted();
+    void allPagesTogetherHoldAllItems();
+    void aRowLimitOfZeroOrLessGivesOnePage();
+    void theFirstItemOfAPageIsCountedFromZero_data();
+    void theFirstItemOfAPageIsCountedFromZero();
+
+    void theBarDeclaresItsSignalsAndSlotsInOrder();
+    void missingSheetsAreLoggedInTheOrderOfConstruction();
+    void theBarResetsItsModel();
+    void theBarDoesNotOwnItsModel();
+    void beforeAnyPageIsSetAllButtonsAreEnabledAndOnlyTheMiddleOneHasANumber();
+    void everythingStandsInOrderFromLeftToRight();
+    void sizesAndGapsAreScaled();
+    void everyPartIsAligned();
+    void theFooterLiesInItsMargins();
+    void aPageButtonGrowsWithItsNumber();
+    void theMiddleButtonIsTheSelectedOne();
+    void navigationButtonsHaveToolTipsAndImages();
+    void theRefreshButtonHasItsOwnImagesAndAnAccessibleName();
+    void theBorderIsStyledByItsName();
+
+    void theCurrentPageIsInTheMiddleAndTheOthersAroundIt();
+    void theRowStaysWhereItIsFromPageToPage();
+    void zeroItemsLeaveOnlyTheMiddleButtonEnabled();
+    void theLastPageDisablesForwardAndLast();
+    void aPageBeyondTheLastIsBlankButKept();
+    void jumpsAtTheEndsOfIntegersDoNotOverflow();
+    void setPageAndSetItemCountEmitNothing();
+    void setItemCountKeepsThePageBeyondTheLast();
+    void resetEmitsEvenOnPageOne();
+    void navigationSlotsClampAndEmitOnce_data();
+    void navigationSlotsClampAndEmitOnce();
+    void jumpsStartFromTheModelsPage();
+    void clicksOnTheNavigationButtonsReachTheirSlots();
+    void aClickOnANumberTurnsToItsPage();
+    void pageClickOfABlankOrUnknownButtonTurnsToPageZero();
+    void theNewPageIsInTheModelWhenItIsTold();
+    void aClickOnRefreshEmitsAndLeavesThePage();
+
+    void footerLabelsStandFromTheRefreshButtonToTheLeft();
+    void aFooterLabelIsSetUp();
+    void anExistingLabelKeepsItsWidthUntilItIsGivenAnother();
+    void setFooterTextAfterThreeLabelsLeavesOneOfTheFirstsWidth();
+    void surplusLabelsStayHiddenAndAreNotUsedAgain();
+    void noInfosRemoveAllLabels();
+    void hidingTheRefreshButtonFirstGivesTheRightmostStyle();
+    void hidingTheRefreshButtonLaterRestylesNothing();
+    void onlyTheFirstLabelHasTheRightmostStyle();
+    void withoutTheRefreshButtonTheFirstLabelIsAtTheRightEdge();
+
+    void twoThousandMillionItems();
+
+private:
+    ResourceFolder m_folder;
+    QStringList m_loggedWithoutSheets;
+};
+
+void VelaPagingBarTest::initTestCase()
+{
+    LogCapture log;
+    VelaPagingModel model(50);
+    VelaPagingBar bar(&model);
+    bar.setFooterText(QStringLiteral("x"));
+    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
+
+    int size = 40;
+    for (const QString &name : BarImages) {
+        size += 8;
+        for (const char *state : {"", "_hover", "_click", "_disable"}) {
+            m_folder.writeImage(name + QLatin1String(state), QSize(size, size), Qt::gray);
+        }
+    }
+    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh"), QSize(80, 80), Qt::cyan);
+    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh_hover"), QSize(80, 80), Qt::yellow);
+    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh_disable"), QSize(80, 80), Qt::magenta);
+    QStringList names {QStringLiteral("bt_pagebar_refresh_hover"), QStringLiteral("bt_pagebar_refresh_disable")};
+    for (const QString &name : BarImages) {
+        names.append(name);
+    }
+    m_folder.writeCatalogue(names);
+    installSheets(m_folder, Sheets);
+    ComponentStrings::getInstance()->installStrings({
+        {QStringLiteral("first_page"), QStringLiteral("To the first")},
+        {QStringLiteral("prev_5_pages"), QStringLiteral("Five back")},
+        {QStringLiteral("last_page"), QStringLiteral("To the last")},
+        {QStringLiteral("next_5_pages"), QStringLiteral("Five on")},
+        {QStringLiteral("pagebar_refresh"), QStringLiteral("Load anew")},
+    });
+}
+
+void VelaPagingBarTest::theModelStartsOnPageOneOfNothing()
+{
+    QObject parent;
+    const auto *model = new VelaPagingModel(25, &parent);
+    QCOMPARE(model->rowLimit(), 25);
+    QCOMPARE(model->itemCount(), 0);
+    QCOMPARE(model->nowPage(), 1);
+    QCOMPARE(model->parent(), &parent);
+    QVERIFY(!VelaPagingModel(1).parent());
+}
+
+void VelaPagingBarTest::theModelKeepsWhatItIsGivenUnchecked()
+{
+    VelaPagingModel model(-7);
+    QCOMPARE(model.rowLimit(), -7);
+    for (int value : {0, -1, 5, INT_MAX, INT_MIN}) {
+        model.setRowLimit(value);
+        model.setItemCount(value);
+        model.setNowPage(value);
+        QCOMPARE(model.rowLimit(), value);
+        QCOMPARE(model.itemCount(), value);
+        QCOMPARE(model.nowPage(), value);
+    }
+}
+
+void VelaPagingBarTest::theModelHasNoSignalsSlotsOrProperties()
+{
+    QCOMPARE(VelaPagingModel::staticMetaObject.className(), "VelaPagingModel");
+    QCOMPARE(ownDeclarations(VelaPagingModel::staticMetaObject), QStringList());
+}
+
+void VelaPagingBarTest::pagesAreCounted_data()
+{
+    QTest::addColumn<int>("items");
+    QTest::addColumn<int>("limit");
+    QTest::addColumn<int>("pages");
+    QTest::newRow("none") << 0 << 50 << 1;
+    QTest::newRow("one") << 1 << 50 << 1;
+    QTest::newRow("one short of a page") << 49 << 50 << 1;
+    QTest::newRow("a page") << 50 << 50 << 1;
+    QTest::newRow("one more than a page") << 51 << 50 << 2;
+    QTest::newRow("230 of 50") << 230 << 50 << 5;
+    QTest::newRow("250 of 50") << 250 << 50 << 5;
+    QTest::newRow("251 of 50") << 251 << 50 << 6;
+    QTest::newRow("pages of one") << 7 << 1 << 7;
+    QTest::newRow("negative, less than a page") << -1 << 50 << 1;
+    QTest::newRow("negative, a page") << -50 << 50 << 1;
+    QTest::newRow("negative, more than a page") << -175 << 50 << 1;
+    QTest::newRow("most") << INT_MAX << 1 << INT_MAX;
+    QTest::newRow("most of two") << INT_MAX << 2 << 1073741824;
+    QTest::newRow("most on one page") << INT_MAX << INT_MAX << 1;
+    QTest::newRow("least") << INT_MIN << 1 << 1;
+}
+
+void VelaPagingBarTest::pagesAreCounted()
+{
+    QFETCH(int, items);
+    QFETCH(int, limit);
+    QFETCH(int, pages);
+    VelaPagingModel model(limit);
+    model.setItemCount(items);
+    QCOMPARE(model.pageCount(), pages);
+}
+
+void VelaPagingBarTest::allPagesTogetherHoldAllItems()
+{
+    QRandomGenerator random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const int items = random.bounded(2000000001) >> random.bounded(31);
+        const int limit = 1 + (random.bounded(2000000000) >> random.bounded(31));
+        VelaPagingModel model(limit);
+        model.setItemCount(items);
+        QCOMPARE(model.pageCount(), pagesOf(items, limit));
+        model.setNowPage(model.pageCount());
+        QCOMPARE(model.startItem(), items == 0 ? 0 : (items - 1) / limit * limit);
+    }
+}
+
+void VelaPagingBarTest::aRowLimitOfZeroOrLessGivesOnePage()
+{
+    for (int limit : {0, -1, -50, INT_MIN}) {
+        VelaPagingModel model(limit);
+        for (int items : {0, 230, INT_MAX, INT_MIN}) {
+            model.setItemCount(items);
+            QCOMPARE(model.pageCount(), 1);
+        }
+    }
+}
+
+void VelaPagingBarTest::theFirstItemOfAPageIsCountedFromZero_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<int>("limit");
+    QTest::addColumn<int>("item");
+    QTest::newRow("first") << 1 << 50 << 0;
+    QTest::newRow("second") << 2 << 50 << 50;
+    QTest::newRow("ninth") << 9 << 50 << 400;
+    QTest::newRow("zeroth") << 0 << 50 << -50;
+    QTest::newRow("before it") << -3 << 10 << -40;
+    QTest::newRow("last of many") << 40000000 << 50 << 1999999950;
+    QTest::newRow("at the end") << INT_MAX << 1 << INT_MAX - 1;
+    QTest::newRow("wraps around") << 3 << 1073741824 << INT_MIN;
+    QTest::newRow("lowest page wraps around") << INT_MIN << 1 << INT_MAX;
+}
+
+void VelaPagingBarTest::theFirstItemOfAPageIsCountedFromZero()
+{
+    QFETCH(int, page);
+    QFETCH(int, limit);
+    QFETCH(int, item);
+    VelaPagingModel model(limit);
+    model.setNowPage(page);
+    QCOMPARE(model.startItem(), item);
+}
+
+void VelaPagingBarTest::theBarDeclaresItsSignalsAndSlotsInOrder()
+{
+    QCOMPARE(VelaPagingBar::staticMetaObject.className(), "VelaPagingBar");
+    QCOMPARE(
+        ownDeclarations(VelaPagingBar::staticMetaObject),
+        (QStringList {QStringLiteral("sigPageChanged()"), QStringLiteral("sigRefresh()"),
+                      QStringLiteral("pageClick(int)"), QStringLiteral("next_5_page()"),
+                      QStringLiteral("prev_5_page()"), QStringLiteral("first_page()"), QStringLiteral("last_page()")}));
+}
+
+void VelaPagingBarTest::missingSheetsAreLoggedInTheOrderOfConstruction()
+{
+    QStringList expected;
+    for (const char *key : {"icon_button", "icon_button", "icon_button", "icon_button", "nonselect_paging_button",
+                            "nonselect_paging_button", "select_paging_button", "nonselect_paging_button",
+                            "nonselect_paging_button", "icon_button", "paging_bar_border", "paging_bar_label"}) {
+        expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
+    }
+    QCOMPARE(m_loggedWithoutSheets, expected);
+}
+
+void VelaPagingBarTest::theBarResetsItsModel()
+{
+    VelaPagingModel model(50);
+    model.setItemCount(230);
+    model.setNowPage(4);
+    const VelaPagingBar bar(&model);
+    QCOMPARE(model.nowPage(), 1);
+    QCOMPARE(model.itemCount(), 0);
+    QCOMPARE(model.rowLimit(), 50);
+}
+
+void VelaPagingBarTest::theBarDoesNotOwnItsModel()
+{
+    VelaPagingModel model(50);
+    QPointer<VelaPagingModel> watched(&model);
+    delete new VelaPagingBar(&model);
+    QVERIFY(watched);
+    QVERIFY(!model.parent());
+}
+
+void VelaPagingBarTest::beforeAnyPageIsSetAllButtonsAreEnabledAndOnlyTheMiddleOneHasANumber()
+{
+    LogCapture log;
+    BarWindow window;
+    QVERIFY(window.showAndWait());
+    QCOMPARE(window.numbers(), QStringLiteral("||1||"));
+    QCOMPARE(window.enabled(), QStringLiteral("PPPPPNNNN"));
+    QVERIFY(window.refreshButton()->isVisible());
+    QVERIFY(window.labels().isEmpty());
+    QCOMPARE(window.bar->findChildren<QSignalMapper *>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
+    QCOMPARE(log.takeTexts(), QStringList());
+}
+
+void VelaPagingBarTest::everythingStandsInOrderFromLeftToRight()
+{
+    BarWindow window;
+    window.bar->setFooterInfos({{QStringLiteral("first"), 80}, {QStringLiteral("second"), 80}});
+    QVERIFY(window.showAndWait());
+    QList<QWidget *> expected {window.iconButtons().at(0), window.iconButtons().at(1)};
+    for (VelaButton *button : window.pageButtons()) {
+        expected.append(button);
+    }
+    expected += {window.iconButtons().at(2), window.iconButtons().at(3), window.labels().at(1), window.labels().at(0),
+                 window.iconButtons().at(4)};
+    for (int i = 1; i < expected.size(); ++i) {
+        QVERIFY2(rightOf(expected.at(i - 1), window.bar) <= leftOf(expected.at(i), window.bar),
+                 qPrintable(QString::number(i)));
+    }
+    QCOMPARE(window.iconButtons().at(0)->toolTip(), QStringLiteral("To the first"));
+    QCOMPARE(window.labels().at(0)->text(), QStringLiteral("first"));
+}
+
+void VelaPagingBarTest::sizesAndGapsAreScaled()
+{
+    BarWindow window(50, 230);
+    window.bar->setFooterText(QStringLiteral("range"));
+    QVERIFY(window.showAndWait());
+    const VelaPagingBar *bar = window.bar;
+    const auto *border = bar->findChild<QWidget *>(QStringLiteral("PAGINGBARBORDER"));
+    QCOMPARE(border->height(), expectedPixels(29));
+    QCOMPARE(border->minimumHeight(), expectedPixels(29));
+    QCOMPARE(border->maximumHeight(), expectedPixels(29));
+    QCOMPARE(border->width(), bar->width());
+    QCOMPARE(leftOf(window.navigation(First), bar), expectedPixels(50));
+    QCOMPARE(leftOf(window.navigation(BackFive), bar), rightOf(window.navigation(First), bar));
+    QCOMPARE(leftOf(window.navigation(Last), bar), rightOf(window.navigation(ForwardFive), bar));
+    QCOMPARE(leftOf(window.labels().at(0), bar), rightOf(window.navigation(Last), bar) + expectedPixels(50));
+    QCOMPARE(leftOf(window.refreshButton(), bar), rightOf(window.labels().at(0), bar));
+    QCOMPARE(rightOf(window.refreshButton(), bar), bar->width());
+    QCOMPARE(window.refreshButton()->size(), QSize(expectedPixels(24), expectedPixels(24)));
+
+    const QList<VelaButton *> pages = window.pageButtons();
+    QCOMPARE(pages.size(), 5);
+    for (const VelaButton *page : pages) {
+        QCOMPARE(page->minimumHeight(), expectedPixels(27));
+        QCOMPARE(page->maximumHeight(), expectedPixels(27));
+        QCOMPARE(page->minimumWidth(), expectedPixels(28));
+        QCOMPARE(page->size(), QSize(expectedPixels(28), expectedPixels(27)));
+    }
+    for (int i = 1; i < pages.size(); ++i) {
+        QCOMPARE(leftOf(pages.at(i), bar) - rightOf(pages.at(i - 1), bar), expectedPixels(4));
+    }
+    const int gapAtLeft = leftOf(pages.first(), bar) - rightOf(window.navigation(BackFive), bar);
+    const int gapAtRight = leftOf(window.navigation(ForwardFive), bar) - rightOf(pages.last(), bar);
+    QVERIFY(gapAtLeft > 0);
+    QVERIFY(qAbs(gapAtLeft - gapAtRight) <= 1);
+}
+
+void VelaPagingBarTest::everyPartIsAligned()
+{
+    BarWindow window(50, 230);
+    window.bar->setFooterText(QStringLiteral("range"));
+    QVERIFY(window.showAndWait());
+    const Qt::Alignment expected[] = {Qt::AlignLeft, Qt::AlignLeft, Qt::AlignRight, Qt::AlignRight};
+    for (Navigation which : {First, BackFive, ForwardFive, Last}) {
+        QCOMPARE(window.alignmentOf(window.navigation(which)), expected[which]);
+    }
+    for (VelaButton *button : window.pageButtons()) {
+        QCOMPARE(window.alignmentOf(button), Qt::Alignment(Qt::AlignHCenter));
+    }
+    QCOMPARE(window.alignmentOf(window.refreshButton()), Qt::Alignment(Qt::AlignCenter));
+    QCOMPARE(window.alignmentOf(window.labels().constFirst()), Qt::Alignment());
+}
+
+void VelaPagingBarTest::theFooterLiesInItsMargins()
+{
+    BarWindow window;
+    QVERIFY(window.showAndWait());
+    const QHBoxLayout *footer = window.rowOf(window.refreshButton());
+    QCOMPARE(footer->direction(), QBoxLayout::RightToLeft);
+    QCOMPARE(footer->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+    QCOMPARE(footer->contentsMargins(), QMargins(0, expectedPixels(2), 0, 0));
+    QCOMPARE(window.refreshButton()->y(), (expectedPixels(29) + expectedPixels(2) - expectedPixels(24)) / 2);
+}
+
+void VelaPagingBarTest::aPageButtonGrowsWithItsNumber()
+{
+    BarWindow window(1, 2000000000);
+    window.bar->setPage(1234567890);
+    QVERIFY(window.showAndWait());
+    const VelaButton *middle = window.pageButtons().at(2);
+    QVERIFY(middle->width() >= middle->fontMetrics().horizontalAdvance(QStringLiteral("1234567890")));
+}
+
+void VelaPagingBarTest::theMiddleButtonIsTheSelectedOne()
+{
+    BarWindow window(50, 230);
+    QVERIFY(window.showAndWait());
+    const QList<VelaButton *> pages = window.pageButtons();
+    for (int i = 0; i < pages.size(); ++i) {
+        QCOMPARE(paintedColor(pages.at(i), QPoint(2, 2)), i == 2 ? QColor(0, 0, 0xff) : QColor(0x80, 0x80, 0x80));
+    }
+}
+
+void VelaPagingBarTest::navigationButtonsHaveToolTipsAndImages()
+{
+    BarWindow window;
+    QVERIFY(window.showAndWait());
+    const QStringList toolTips {QStringLiteral("To the first"), QStringLiteral("Five back"), QStringLiteral("Five on"),
+                                QStringLiteral("To the last")};
+    for (int i = 0; i < toolTips.size(); ++i) {
+        QCOMPARE(window.iconButtons().at(i)->toolTip(), toolTips.at(i));
+        const int fileSize = 48 + 8 * i;
+        QCOMPARE(window.iconButtons().at(i)->iconSize(),
+                 expectedImageSize(QSize(fileSize, fileSize)) / expectedRatio());
+    }
+}
+
+void VelaPagingBarTest::theRefreshButtonHasItsOwnImagesAndAnAccessibleName()
+{
+    BarWindow window;
+    QVERIFY(window.showAndWait());
+    VelaIconButton *button = window.refreshButton();
+    QCOMPARE(button->accessibleName(), QStringLiteral("Load anew"));
+    QCOMPARE(button->toolTip(), QString());
+    QTest::mouseMove(window.windowHandle(), QPoint(1, 1));
+    QTest::mouseMove(window.windowHandle(), QPoint(2, 2));
+    QCOMPARE(paintedColor(button), QColor(Qt::cyan));
+    QTest::mouseMove(window.windowHandle(), button->mapTo(&window, button->rect().center()));
+    QCOMPARE(paintedColor(button), QColor(Qt::yellow));
+    QTest::mouseMove(window.windowHandle(), QPoint(2, 2));
+    const QImage shown = getGlobalImage("bt_pagebar_refresh_disable", ImageManager::IMAGE_NORMAL).toImage();
+    button->setEnabled(false);
+    QCOMPARE(button->icon().pixmap(shown.size()).toImage().pixelColor(5, 5), shown.pixelColor(5, 5));
+}
+
+void VelaPagingBarTest::theBorderIsStyledByItsName()
+{
+    BarWindow window;
+    const auto *border = window.bar->findChild<QWidget *>(QStringLiteral("PAGINGBARBORDER"));
+    QVERIFY(border);
+    QCOMPARE(border->metaObject()->className(), "QWidget");
+    QCOMPARE(border->styleSheet(), getStyleSheet("component.paging_bar_border", false));
+    QVERIFY(window.showAndWait());
+    QCOMPARE(paintedColor(window.bar, QPoint(2, 2)), QColor(0x12, 0x34, 0x56));
+}
+
+void VelaPagingBarTest::theCurrentPageIsInTheMiddleAndTheOthersAroundIt()
+{
+    BarWindow window;
+    QVERIFY(window.showAndWait());
+    for (int items : {0, 1, 50, 51, 230, 500, 501, 2000000000, INT_MAX}) {
+        for (int limit : {1, 7, 50, INT_MAX}) {
+            window.model.setRowLimit(limit);
+            window.bar->setItemCount(items);
+            const int pages = pagesOf(items, limit);
+            for (int page : {INT_MIN,
+                             -7,
+                             -1,
+                             0,
+                             1,
+                             2,
+                             3,
+                             4,
+                             5,
+                             9,
+                             10,
+                             11,
+                             12,
+                             pages - 3,
+                             pages - 2,
+                             pages - 1,
+                             pages,
+                             qMin(pages, INT_MAX - 3) + 1,
+                             qMin(pages, INT_MAX - 3) + 2,
+                             INT_MAX}) {
+                QStringList numbers;
+                QString enabled;
+                for (qint64 number = qint64(page) - 2; number <= qint64(page) + 2; ++number) {
+                    const bool exists = number >= 1 && number <= pages;
+                    numbers.append(exists ? QString::number(number) : QStringLiteral(" "));
+                    enabled += QLatin1Char(exists ? 'P' : '-');
+                }
+                enabled += QLatin1String(page == 1 ? "--" : "NN");
+                enabled += QLatin1String(page < pages ? "NN" : "--");
+
+                window.bar->setPage(page);
+                QCOMPARE(window.numbers(), numbers.join(QLatin1Char('|')));
+                QCOMPARE(window.enabled(), enabled);
+                QCOMPARE(window.model.nowPage(), page);
+                QCOMPARE(window.model.itemCount(), items);
+            }
+        }
+    }
+    QVERIFY(window.pageChanged.isEmpty());
+}
+
+void VelaPagingBarTest::theRowStaysWhereItIsFromPageToPage()
+{
+    BarWindow window(50, 450);
+    QVERIFY(window.showAndWait());
+    const auto places = [&window] {
+        QCoreApplication::processEvents();
+        QVector<QRect> rectangles;
+        for (const VelaButton *button : window.pageButtons()) {
+            rectangles.append(button->geometry());
+        }
+        return rectangles;
+    };
+    const QVector<QRect> atFirst = places();
+    for (int page = 1; page <= 12; ++page) {
+        window.bar->setPage(page);
+        QCOMPARE(places(), atFirst);
+    }
+}
+
+void VelaPagingBarTest::zeroItemsLeaveOnlyTheMiddleButtonEnabled()
+{
+    BarWindow window(50, 0);
+    QVERIFY(window.showAndWait());
+    QCOMPARE(window.model.pageCount(), 1);
+    QCOMPARE(window.numbers(), QStringLiteral(" | |1| | "));
+    QCOMPARE(window.enabled(), QStringLiteral("--P------"));
+}
+
+void VelaPagingBarTest::theLastPageDisablesForwardAndLast()
+{
+    BarWindow window(50, 230);
+    QVERIFY(window.showAndWait());
+    window.bar->setPage(5);
+    QCOMPARE(window.numbers(), QStringLiteral("3|4|5| | "));
+    QCOMPARE(window.enabled(), QStringLiteral("PPP--NN--"));
+}
+
+void VelaPagingBarTest::aPageBeyondTheLastIsBlankButKept()
+{
+    BarWindow window(50, 230);
+    QVERIFY(window.showAndWait());
+    window.bar->setPage(9);
+    QCOMPARE(window.numbers(), QStringLiteral(" | | | | "));
+    QCOMPARE(window.enabled(), QStringLiteral("-----NN--"));
+    QCOMPARE(window.model.nowPage(), 9);
+    QCOMPARE(window.model.startItem(), 400);
+}
+
+void VelaPagingBarTest::jumpsAtTheEndsOfIntegersDoNotOverflow()
+{
+    BarWindow window(1, INT_MAX);
+    window.bar->last_page();
+    window.bar->next_5_page();
+    QCOMPARE(window.model.nowPage(), INT_MAX);
+    window.bar->setPage(INT_MIN);
+    window.bar->prev_5_page();
+    QCOMPARE(window.model.nowPage(), 1);
+}
+
+void VelaPagingBarTest::setPageAndSetItemCountEmitNothing()
+{
+    BarWindow window(50, 230);
+    window.bar->setPage(3);
+    window.bar->setItemCount(1000);
+    window.bar->setPage(99);
+    QVERIFY(window.pageChanged.isEmpty());
+    QVERIFY(window.refreshed.isEmpty());
+}
+
+void VelaPagingBarTest::setItemCountKeepsThePageBeyondTheLast()
+{
+    BarWindow window(50, 500);
+    QVERIFY(window.showAndWait());
+    window.bar->setPage(8);
+    window.bar->setItemCount(100);
+    QCOMPARE(window.model.nowPage(), 8);
+    QCOMPARE(window.model.itemCount(), 100);
+    QCOMPARE(window.enabled(), QStringLiteral("-----NN--"));
+    QVERIFY(window.pageChanged.isEmpty());
+}
+
+void VelaPagingBarTest::resetEmitsEvenOnPageOne()
+{
+    BarWindow window(50, 230);
+    QVERIFY(window.showAndWait());
+    window.bar->reset();
+    QCOMPARE(window.pageChanged.count(), 1);
+    QCOMPARE(window.model.nowPage(), 1);
+    window.bar->setPage(4);
+    window.bar->reset();
+    QCOMPARE(window.pageChanged.count(), 2);
+    QCOMPARE(window.model.nowPage(), 1);
+    QCOMPARE(window.numbers(), QStringLiteral(" | |1|2|3"));
+    QCOMPARE(window.model.itemCount(), 230);
+}
+
+void VelaPagingBarTest::navigationSlotsClampAndEmitOnce_data()
+{
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<int>("pages");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    const struct
+    {
+        int pages;
+        int from;
+        int back;
+        int on;
+    } rows[] = {{5, 3, 1, 5},   {5, 1, 1, 5},     {5, 5, 1, 5},     {5, 9, 4, 5},    {20, 6, 1, 11},
+                {20, 7, 2, 12}, {20, 15, 10, 20}, {20, 16, 11, 20}, {20, -8, 1, -3}, {1, 1, 1, 1}};
+    for (const auto &row : rows) {
+        QTest::addRow("back from %d of %d", row.from, row.pages)
+            << QByteArray("prev_5_page") << row.pages << row.from << row.back;
+        QTest::addRow("on from %d of %d", row.from, row.pages)
+            << QByteArray("next_5_page") << row.pages << row.from << row.on;
+        QTest::addRow("first from %d of %d", row.from, row.pages)
+            << QByteArray("first_page") << row.pages << row.from << 1;
+        QTest::addRow("last from %d of %d", row.from, row.pages)
+            << QByteArray("last_page") << row.pages << row.from << row.pages;
+    }
+}
+
+void VelaPagingBarTest::navigationSlotsClampAndEmitOnce()
+{
+    QFETCH(QByteArray, slot);
+    QFETCH(int, pages);
+    QFETCH(int, from);
+    QFETCH(int, to);
+    BarWindow window(50, pages * 50);
+    window.bar->setPage(from);
+    QVERIFY(QMetaObject::invokeMethod(window.bar, slot.constData()));
+    QCOMPARE(window.model.nowPage(), to);
+    QCOMPARE(window.pageChanged.count(), 1);
+    QVERIFY(window.refreshed.isEmpty());
+}
+
+void VelaPagingBarTest::jumpsStartFromTheModelsPage()
+{
+    BarWindow window(50, 1000);
+    window.model.setNowPage(12); // past the bar
+    window.bar->next_5_page();
+    QCOMPARE(window.model.nowPage(), 17);
+    window.model.setNowPage(9);
+    window.bar->prev_5_page();
+    QCOMPARE(window.model.nowPage(), 4);
+}
+
+void VelaPagingBarTest::clicksOnTheNavigationButtonsReachTheirSlots()
+{
+    BarWindow window(50, 1000);
+    QVERIFY(window.showAndWait());
+    const struct
+    {
+        Navigation button;
+        int page;
+    } steps[] = {{ForwardFive, 6}, {ForwardFive, 11}, {BackFive, 6}, {Last, 20}, {BackFive, 15}, {First, 1}};
+    int emitted = 0;
+    for (const auto &step : steps) {
+        window.click(window.navigation(step.button));
+        QCOMPARE(window.model.nowPage(), step.page);
+        QCOMPARE(window.pageChanged.count(), ++emitted);
+    }
+    window.click(window.navigation(First)); // disabled
+    QCOMPARE(window.pageChanged.count(), emitted);
+}
+
+void VelaPagingBarTest::aClickOnANumberTurnsToItsPage()
+{
+    BarWindow window(50, 1000);
+    QVERIFY(window.showAndWait());
+    for (int button = 0; button < 5; ++button) { // the middle one turns to the page that it is on
+        window.bar->setPage(10);
+        window.click(window.pageButtons().at(button));
+        QCOMPARE(window.model.nowPage(), 8 + button);
+        QCOMPARE(window.pageButtons().at(2)->text(), QString::number(8 + button));
+        QCOMPARE(window.pageChanged.count(), button + 1);
+    }
+}
+
+void VelaPagingBarTest::pageClickOfABlankOrUnknownButtonTurnsToPageZero()
+{
+    for (int index : {0, 1, -1, 5, INT_MAX, INT_MIN}) {
+        BarWindow window(50, 230);
+        window.bar->pageClick(index);
+        QCOMPARE(window.model.nowPage(), 0);
+        QCOMPARE(window.pageChanged.count(), 1);
+    }
+}
+
+void VelaPagingBarTest::theNewPageIsInTheModelWhenItIsTold()
+{
+    BarWindow window(50, 1000);
+    QVector<int> told;
+    connect(window.bar, &VelaPagingBar::sigPageChanged, this, [&] { told.append(window.model.startItem()); });
+    window.bar->next_5_page();
+    window.bar->last_page();
+    window.bar->pageClick(1);
+    window.bar->reset();
+    QCOMPARE(told, (QVector<int> {250, 950, 900, 0}));
+}
+
+void VelaPagingBarTest::aClickOnRefreshEmitsAndLeavesThePage()
+{
+    BarWindow window(50, 1000);
+    window.bar->setPage(7);
+    QVERIFY(window.showAndWait());
+    window.click(window.refreshButton());
+    QCOMPARE(window.refreshed.count(), 1);
+    QCOMPARE(window.model.nowPage(), 7);
+    QVERIFY(window.pageChanged.isEmpty());
+}
+
+void VelaPagingBarTest::footerLabelsStandFromTheRefreshButtonToTheLeft()
+{
+    BarWindow window;
+    const QStringList texts {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")};
+    window.bar->setFooterInfos({{texts.at(0), 0}, {texts.at(1), 60}, {texts.at(2), 0}});
+    QVERIFY(window.showAndWait());
+    QCOMPARE(window.labelTexts(), texts);
+    const QWidget *right = window.refreshButton();
+    for (const QLabel *label : window.labels()) {
+        QCOMPARE(rightOf(label, window.bar), leftOf(right, window.bar));
+        right = label;
+    }
+}
+
+void VelaPagingBarTest::aFooterLabelIsSetUp()
+{
+    for (int width : {0, 33, 150}) {
+        BarWindow window;
+        window.bar->setFooterInfo({QStringLiteral("1 to 50"), width});
+        QVERIFY(window.showAndWait());
+        QCOMPARE(window.labelTexts(), QStringList {QStringLiteral("1 to 50")});
+        const QLabel *label = window.labels().constFirst();
+        QCOMPARE(label->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+        QCOMPARE(label->height(), expectedPixels(19));
+        QCOMPARE(label->minimumHeight(), expectedPixels(19));
+        QCOMPARE(label->maximumHeight(), expectedPixels(19));
+        QCOMPARE(label->width(), width == 0 ? label->sizeHint().width() : expectedPixels(width));
+        QCOMPARE(label->styleSheet(), ordinarySheet());
+        QVERIFY(label->styleSheet().contains(QStringLiteral("padding-left: %1px").arg(expectedPixels(5))));
+    }
+}
+
+void VelaPagingBarTest::anExistingLabelKeepsItsWidthUntilItIsGivenAnother()
+{
+    BarWindow window;
+    window.bar->setFooterInfo({QStringLiteral("first"), 0});
+    QVERIFY(window.showAndWait());
+    QLabel *label = window.labels().constFirst();
+    const struct
+    {
+        int given;
+        int expected;
+    } steps[] = {{120, 120}, {0, 120}, {77, 77}, {0, 77}};
+    for (const auto &step : steps) {
+        const QString text = QStringLiteral("width %1").arg(step.given);
+        window.bar->setFooterInfo({text, step.given});
+        QCOMPARE(window.labels(), QList<QLabel *> {label});
+        QCOMPARE(label->text(), text);
+        QCOMPARE(label->minimumWidth(), expectedPixels(step.expected));
+        QCOMPARE(label->maximumWidth(), expectedPixels(step.expected));
+    }
+}
+
+void VelaPagingBarTest::setFooterTextAfterThreeLabelsLeavesOneOfTheFirstsWidth()
+{
+    BarWindow window;
+    window.bar->setFooterInfos({{QStringLiteral("a"), 91}, {QStringLiteral("b"), 60}, {QStringLiteral("c"), 0}});
+    QVERIFY(window.showAndWait());
+    window.bar->setFooterText(QStringLiteral("only"));
+    QCOMPARE(window.labelTexts(), QStringList {QStringLiteral("only")});
+    QCOMPARE(window.labels().constFirst()->width(), expectedPixels(91));
+}
+
+void VelaPagingBarTest::surplusLabelsStayHiddenAndAreNotUsedAgain()
+{
+    BarWindow window;
+    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 60}});
+    QVERIFY(window.showAndWait());
+    const QPointer<QLabel> dropped = window.labels().at(1);
+    window.bar->setFooterText(QStringLiteral("a"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(dropped);
+    QVERIFY(dropped->isHidden());
+    QVERIFY(!window.rowOf(dropped));
+    QVERIFY(window.bar->isAncestorOf(dropped));
+    QCOMPARE(dropped->text(), QStringLiteral("b"));
+
+    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("c"), 0}});
+    QTRY_COMPARE(window.labelTexts(), (QStringList {QStringLiteral("a"), QStringLiteral("c")}));
+    QVERIFY(window.labels().at(1) != dropped);
+    QVERIFY(dropped->isHidden());
+    QCOMPARE(window.bar->findChildren<QLabel *>().size(), 3);
+    delete window.bar;
+    QVERIFY(!dropped);
+}
+
+void VelaPagingBarTest::noInfosRemoveAllLabels()
+{
+    BarWindow window;
+    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 60}});
+    QVERIFY(window.showAndWait());
+    window.bar->setFooterInfos({});
+    QVERIFY(window.labels().isEmpty());
+}
+
+void VelaPagingBarTest::hidingTheRefreshButtonFirstGivesTheRightmostStyle()
+{
+    for (bool isHidden : {false, true}) {
+        for (bool isBarShown : {false, true}) {
+            BarWindow window;
+            QVERIFY(!isBarShown || window.showAndWait());
+            window.bar->setRefreshButtonHidden(isHidden);
+            window.bar->setFooterText(QStringLiteral("x"));
+            QVERIFY(window.showAndWait());
+            QTRY_COMPARE(window.labels().size(), 1);
+            QLabel *label = window.labels().constFirst();
+            QCOMPARE(window.refreshButton()->isVisible(), !isHidden);
+            QCOMPARE(label->styleSheet(), isHidden ? rightmostSheet() : ordinarySheet());
+            QCOMPARE(paintedColor(label, QPoint(0, 0)), QColor(isHidden ? Qt::green : Qt::red));
+        }
+    }
+}
+
+void VelaPagingBarTest::hidingTheRefreshButtonLaterRestylesNothing()
+{
+    BarWindow window;
+    window.bar->setFooterText(QStringLiteral("x"));
+    window.bar->setRefreshButtonHidden(true);
+    window.bar->setFooterText(QStringLiteral("y"));
+    QVERIFY(window.showAndWait());
+    QCOMPARE(window.labels().constFirst()->styleSheet(), ordinarySheet());
+
+    BarWindow other;
+    other.bar->setRefreshButtonHidden(true);
+    other.bar->setFooterText(QStringLiteral("x"));
+    other.bar->setRefreshButtonHidden(false);
+    other.bar->setFooterText(QStringLiteral("y"));
+    QVERIFY(other.showAndWait());
+    QCOMPARE(other.labels().constFirst()->styleSheet(), rightmostSheet());
+}
+
+void VelaPagingBarTest::onlyTheFirstLabelHasTheRightmostStyle()
+{
+    BarWindow window;
+    window.bar->setRefreshButtonHidden(true);
+    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 0}});
+    QVERIFY(window.showAndWait());
+    QCOMPARE(window.labels().at(0)->styleSheet(), rightmostSheet());
+    QCOMPARE(window.labels().at(1)->styleSheet(), ordinarySheet());
+}
+
+void VelaPagingBarTest::withoutTheRefreshButtonTheFirstLabelIsAtTheRightEdge()
+{
+    BarWindow window;
+    window.bar->setFooterText(QStringLiteral("x"));
+    window.bar->setRefreshButtonHidden(true);
+    QVERIFY(window.showAndWait());
+    QCOMPARE(rightOf(window.labels().constFirst(), window.bar), window.bar->width());
+}
+
+void VelaPagingBarTest::twoThousandMillionItems()
+{
+    BarWindow window(30, 2000000000);
+    QVERIFY(window.showAndWait());
+    window.click(window.navigation(Last));
+    QCOMPARE(window.model.nowPage(), 66666667);
+    QCOMPARE(window.model.startItem(), 1999999980);
+    window.click(window.navigation(BackFive));
+    QCOMPARE(window.numbers(), QStringLiteral("66666660|66666661|66666662|66666663|66666664"));
+    QCOMPARE(window.model.startItem(), 1999999830);
+    window.click(window.pageButtons().at(4));
+    QCOMPARE(window.model.nowPage(), 66666664);
+    QCOMPARE(window.pageChanged.count(), 3);
+}
+
+QTEST_MAIN(VelaPagingBarTest)
+#include "tst_vela_paging_bar.moc"
