@@ -187,6 +187,18 @@ void XConnection::click(XWindow window, const QPoint &position) const
     synchronize();
 }
 
+void XConnection::askToClose(XWindow window) const
+{
+    xcb_client_message_event_t event {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom("WM_PROTOCOLS");
+    event.data.data32[0] = atom("WM_DELETE_WINDOW");
+    xcb_send_event(m_connection, false, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char *>(&event));
+    synchronize();
+}
+
 quint32 XConnection::atom(const QByteArray &name) const
 {
     const auto cookie = xcb_intern_atom(m_connection, false, quint16(name.size()), name.constData());

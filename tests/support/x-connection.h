@@ -54,6 +54,8 @@ public:
     QImage grab(XWindow window) const;
     /// Presses and releases the left mouse button over @p window, for programs that do not mind that an event was sent.
     void click(XWindow window, const QPoint &position) const;
+    /// Asks @p window to close, as a window manager does for its user.
+    void askToClose(XWindow window) const;
 
 private:
     quint32 atom(const QByteArray &name) const;

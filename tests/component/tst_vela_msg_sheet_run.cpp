@@ -1,0 +1,972 @@
+#include "component/vela-input-sheet.h"
+#include "component/vela-mask.h"
+#include "component/vela-msg-box.h"
+#include "component/vela-msg-sheet.h"
+#include "support/controls.h"
+#include "support/resource-folder.h"
+#include "support/x-connection.h"
+#include "utils/component-strings.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMovie>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr int OkCode = 0x400;
+constexpr int CancelCode = 0x800000;
+constexpr int NoAnswer = -1; // of a sheet that nobody answered in time
+constexpr int Patience = 10000; // milliseconds
+constexpr int LongEnough = 300; // milliseconds for what must not come
+constexpr int Shortcuts = 200;
+constexpr int ShortcutsOnX = 20; // each keeps two connections to the server, of which it takes 255
+
+const QString Text = QStringLiteral("Is it so?");
+
+/// A window of two fields that ends up below a sheet. Counts what reaches it.
+class Window : public QWidget
+{
+public:
+    Window()
+    {
+        auto *column = new QVBoxLayout(this);
+        column->addWidget(above);
+        column->addWidget(below);
+        resize(640, 400);
+        above->setFocus();
+    }
+
+    bool showAndWait()
+    {
+        show();
+        return QTest::qWaitForWindowActive(this);
+    }
+
+    /// What an application would be sent by its user, through the window and whatever has the focus in it.
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(windowHandle(), static_cast<Qt::Key>(key), modifiers);
+    }
+    void clickOn(const QWidget *widget)
+    {
+        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, widget->mapTo(this, widget->rect().center()));
+    }
+    /// A key that nothing in the window has wanted.
+    bool send(int key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        return QCoreApplication::sendEvent(this, &event);
+    }
+
+    QLineEdit *const above = new QLineEdit;
+    QLineEdit *const below = new QLineEdit;
+    int closings = 0;
+    int keys = 0;
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        ++closings;
+        event->ignore();
+    }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        ++keys;
+        QWidget::keyPressEvent(event);
+    }
+};
+
+/// Runs exec() with @p action in its event loop; nobody waits for ever.
+template<typename Sheet>
+int execute(Sheet *sheet, const std::function<void()> &action)
+{
+    QTimer::singleShot(0, sheet, action);
+    const QPointer<Sheet> alive(sheet);
+    QTimer guard;
+    QObject::connect(&guard, &QTimer::timeout, sheet, [sheet] { sheet->done(NoAnswer); });
+    guard.start(Patience);
+    return sheet->exec();
+}
+
+/// A sheet in its mask over a window that is active.
+class ShownSheet
+{
+public:
+    explicit ShownSheet(VelaMessageSheet::MessageType type = VelaMessageSheet::QuestionMessage)
+    {
+        isActive = window.showAndWait();
+        sheet = std::make_unique<VelaMessageSheet>(type, Text, &window);
+        VelaMask::createMask(sheet.get(), &window, QColor(0, 0, 0, 20));
+    }
+
+    QPushButton *ok() const { return sheet->button(QMessageBox::Ok); }
+    QPushButton *cancel() const { return sheet->button(QMessageBox::Discard); }
+    QLabel *text() const { return sheet->findChildren<MessageLabel *>().first(); }
+    int execute(const std::function<void()> &action) { return ::execute(sheet.get(), action); }
+
+    Window window;
+    std::unique_ptr<VelaMessageSheet> sheet;
+    bool isActive = false;
+};
+
+const auto Nothing = [] {};
+
+} // namespace
+
+/// The modal run of the message sheet, from being shown to being answered, and what may happen meanwhile.
+class VelaMessageSheetRunTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+
+    void showSheetReturnsAtOnce();
+    void execReturnsWhatDoneIsGiven_data();
+    void execReturnsWhatDoneIsGiven();
+    void aClickReturnsTheButtonsCode_data();
+    void aClickReturnsTheButtonsCode();
+    void theMaskComesAndGoesWithTheSheet();
+    void theMessageHasTheFocusAtFirst();
+    void theButtonsTakeTheFocusButNotTheirBox();
+    void processingIsAnimated();
+    void otherTypesAreNotAnimated();
+
+    void keysAnswer_data();
+    void keysAnswer();
+    void escapeOnAnInformationSheetIsSwallowed();
+    void enterOnAProcessingSheetIsSwallowed();
+    void otherKeysEndAtTheWindow();
+    void releasesAndOtherObjectsPass();
+    void aHiddenSheetLetsKeysPass();
+    void keysAnswerASheetThatDoesNotBlock();
+    void afterTheAnswerTheWindowHasItsKeysBack();
+
+    void tabAndBacktabStayInTheSheet_data();
+    void tabAndBacktabStayInTheSheet();
+    void tabVisitsWhatTakesTheFocusInOrder();
+    void aTabForTheWindowGoesToTheFirstAndABacktabToTheLast();
+    void aTabForTheWindowTakesTheWidgetNextToItIfItIsTheSheets();
+    void aTabForTheWindowDoesNothingWhereNothingTakesTheFocus();
+    void aClickBelowTheMaskReachesNothing();
+
+    void closingTheWindowIsRefused_data();
+    void closingTheWindowIsRefused();
+    void theWindowManagersRequestToCloseIsRefused_data();
+    void theWindowManagersRequestToCloseIsRefused();
+    void theCloseButtonGoesAndComesBack_data();
+    void theCloseButtonGoesAndComesBack();
+
+    void anAnswerEmitsFinishedOnce();
+    void anAnswerEmitsFinishedOnceAfterTheTypeWasSetAgain();
+    void itIsHiddenWhenFinishedIsEmitted();
+    void doneTwiceCountsOnce();
+    void doneBeforeExecIsNoAnswerToIt();
+    void doneInASlotOfFinishedIsNoSecondAnswer();
+    void itCanBeExecutedAgain();
+    void itCanBeExecutedAgainFromASlotOfFinished();
+    void execWhileItWaitsReturnsAtOnce();
+    void timersRunWhileItWaits();
+    void aSecondSheetMayBeAnsweredFirst();
+    void aFirstSheetMayBeAnsweredFirst();
+    void theWindowMayBeResizedHiddenAndShown();
+    void quittingEndsTheWait();
+
+    void theWindowMayDieWhileASheetIsShown();
+    void theWindowMayDieWhileASheetWaits_data();
+    void theWindowMayDieWhileASheetWaits();
+    void theWindowMayDieWhileTwoSheetsWait();
+    void theWindowMayDieWhileAnInputSheetWaits();
+    void theSheetMayBeDeletedWhileItWaits();
+    void theSheetMayBeDeletedInASlotOfFinished();
+    void aPanelInTheWindowMayDieWhileTheSheetWaits();
+
+    void eachShortcutLeavesAMaskAndNothingElse();
+
+private:
+    ResourceFolder m_folder;
+};
+
+void VelaMessageSheetRunTest::initTestCase()
+{
+    QStringList images;
+    for (const char *name :
+         {"app_img", "icon_information", "icon_question", "icon_warning", "bg_tutorial_l", "bg_tutorial_r",
+          "bg_tutorial_t", "bg_tutorial_b", "bg_tutorial_lt", "bg_tutorial_rt", "bg_tutorial_lb", "bg_tutorial_rb"}) {
+        images.append(QString::fromLatin1(name));
+        m_folder.writeImage(images.last(), QSize(64, 64), Qt::gray);
+    }
+    m_folder.writeCatalogue(images);
+    ComponentStrings::getInstance()->installStrings(
+        {{QStringLiteral("ok"), QStringLiteral("OK")}, {QStringLiteral("cancel"), QStringLiteral("Cancel")}});
+    installSheets(m_folder,
+                  "== component.apply_button ==\nQPushButton { color: lime }\n"
+                  "== component.cancel_button ==\nQPushButton { color: blue }\n"
+                  "== component.message_sheet_other ==\nQLabel { color: navy }\n"
+                  "== component.message_sheet_processing ==\nQLabel { color: teal }\n"
+                  "== component.message_sheet_text ==\nQLabel { color: maroon }\n");
+}
+
+void VelaMessageSheetRunTest::cleanup()
+{
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void VelaMessageSheetRunTest::showSheetReturnsAtOnce()
+{
+    ShownSheet shown;
+    shown.sheet->showSheet();
+    QVERIFY(shown.sheet->isVisible());
+    shown.sheet->done(7);
+    QVERIFY(!shown.sheet->isVisible());
+}
+
+void VelaMessageSheetRunTest::execReturnsWhatDoneIsGiven_data()
+{
+    QTest::addColumn<int>("result");
+    for (const int result : {0, 1, -5, OkCode, CancelCode, 0x7fffffff}) {
+        QTest::addRow("%d", result) << result;
+    }
+}
+
+void VelaMessageSheetRunTest::execReturnsWhatDoneIsGiven()
+{
+    QFETCH(int, result);
+    ShownSheet shown;
+    QCOMPARE(shown.execute([&] { shown.sheet->done(result); }), result);
+    QCOMPARE(shown.execute([&] { shown.sheet->quit(); }), 0);
+}
+
+void VelaMessageSheetRunTest::aClickReturnsTheButtonsCode_data()
+{
+    QTest::addColumn<bool>("onOk");
+    QTest::addColumn<int>("result");
+    QTest::newRow("Ok") << true << OkCode;
+    QTest::newRow("cancel") << false << CancelCode;
+}
+
+void VelaMessageSheetRunTest::aClickReturnsTheButtonsCode()
+{
+    QFETCH(bool, onOk);
+    QFETCH(int, result);
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    QCOMPARE(shown.execute([&] { shown.window.clickOn(onOk ? shown.ok() : shown.cancel()); }), result);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.first().first().toInt(), result);
+    shown.sheet->buttonClick(onOk ? shown.ok() : shown.cancel());
+    QCOMPARE(finished.last().first().toInt(), result);
+}
+
+void VelaMessageSheetRunTest::theMaskComesAndGoesWithTheSheet()
+{
+    ShownSheet shown;
+    const auto *mask = shown.window.findChild<VelaMask *>();
+    QVERIFY(!mask->isVisible());
+    shown.execute([&] {
+        QVERIFY(mask->isVisible());
+        QCOMPARE(mask->size(), shown.window.size());
+        shown.sheet->quit();
+    });
+    QVERIFY(!mask->isVisible());
+}
+
+void VelaMessageSheetRunTest::theMessageHasTheFocusAtFirst()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.execute([&] {
+        QCOMPARE(QApplication::focusWidget(), shown.text());
+        shown.sheet->quit();
+    });
+}
+
+void VelaMessageSheetRunTest::theButtonsTakeTheFocusButNotTheirBox()
+{
+    ShownSheet shown;
+    auto *box = shown.sheet->findChild<QDialogButtonBox *>();
+    box->setFocusPolicy(Qt::TabFocus);
+    shown.ok()->setFocusPolicy(Qt::NoFocus);
+    shown.cancel()->setFocusPolicy(Qt::ClickFocus);
+    shown.sheet->showSheet();
+    QCOMPARE(box->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(shown.ok()->focusPolicy(), Qt::StrongFocus);
+    QCOMPARE(shown.cancel()->focusPolicy(), Qt::StrongFocus);
+}
+
+/// A GIF of two frames.
+static QByteArray animation()
+{
+    return QByteArray::fromHex("474946383961010001008000000000ffffffff21ff0b4e45545343415045322e300301000000"
+                               "21f90400050000002c00000000010001000002024401"
+                               "0021f90400050000002c000000000100010000020244010"
+                               "03b");
+}
+
+void VelaMessageSheetRunTest::processingIsAnimated()
+{
+    m_folder.writeFile(QStringLiteral("busy.gif"), animation());
+    Window window;
+    QVERIFY(window.showAndWait());
+    VelaMessageSheet sheet(Text, m_folder.path() + QStringLiteral("/busy.gif"), &window);
+    VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+    QMovie *movie = nullptr;
+    for (const QLabel *label : sheet.findChildren<QLabel *>()) {
+        movie = label->movie() ? label->movie() : movie;
+    }
+    QVERIFY(movie && movie->isValid());
+    QCOMPARE(movie->state(), QMovie::NotRunning);
+    sheet.showSheet();
+    QCOMPARE(movie->state(), QMovie::NotRunning); // only a sheet that blocks is at work
+    sheet.done(0);
+    execute(&sheet, [&] {
+        QCOMPARE(movie->state(), QMovie::Running);
+        sheet.quit();
+    });
+}
+
+void VelaMessageSheetRunTest::otherTypesAreNotAnimated()
+{
+    m_folder.writeFile(QStringLiteral("busy.gif"), animation());
+    ShownSheet shown(VelaMessageSheet::AppMessage);
+    QMovie movie(m_folder.path() + QStringLiteral("/busy.gif"));
+    for (QLabel *label : shown.sheet->findChildren<QLabel *>()) {
+        if (!qobject_cast<MessageLabel *>(label)) {
+            label->setMovie(&movie);
+        }
+    }
+    shown.execute([&] {
+        QCOMPARE(movie.state(), QMovie::NotRunning);
+        shown.sheet->quit();
+    });
+}
+
+void VelaMessageSheetRunTest::keysAnswer_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("toTheWindow");
+    QTest::addColumn<int>("result");
+    for (const bool toTheWindow : {false, true}) {
+        const char *way = toTheWindow ? "for the window" : "from the message";
+        QTest::addRow("Escape %s", way) << int(Qt::Key_Escape) << toTheWindow << CancelCode;
+        QTest::addRow("Return %s", way) << int(Qt::Key_Return) << toTheWindow << OkCode;
+        QTest::addRow("Enter %s", way) << int(Qt::Key_Enter) << toTheWindow << OkCode;
+        QTest::addRow("Space %s", way) << int(Qt::Key_Space) << toTheWindow << OkCode;
+    }
+}
+
+void VelaMessageSheetRunTest::keysAnswer()
+{
+    QFETCH(int, key);
+    QFETCH(bool, toTheWindow);
+    QFETCH(int, result);
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    const int answer = shown.execute([&] {
+        if (toTheWindow) {
+            shown.window.send(key);
+        } else {
+            shown.window.press(key);
+        }
+    });
+    QCOMPARE(answer, result);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::escapeOnAnInformationSheetIsSwallowed()
+{
+    ShownSheet shown(VelaMessageSheet::InfoMessage);
+    const int answer = shown.execute([&] {
+        shown.window.press(Qt::Key_Escape);
+        shown.window.send(Qt::Key_Escape);
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet->done(3);
+    });
+    QCOMPARE(answer, 3);
+    QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::enterOnAProcessingSheetIsSwallowed()
+{
+    ShownSheet shown(VelaMessageSheet::ProcessingMessage);
+    const int answer = shown.execute([&] {
+        for (const int key : {Qt::Key_Enter, Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape}) {
+            shown.window.press(key);
+            shown.window.send(key);
+        }
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet->done(3);
+    });
+    QCOMPARE(answer, 3);
+    QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::otherKeysEndAtTheWindow()
+{
+    ShownSheet shown;
+    shown.execute([&] {
+        for (const int key : {Qt::Key_A, Qt::Key_F1, Qt::Key_Delete, Qt::Key_Down, Qt::Key_Alt}) {
+            QVERIFY(shown.window.send(key));
+            shown.window.press(key);
+        }
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet->quit();
+    });
+    QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::releasesAndOtherObjectsPass()
+{
+    ShownSheet shown;
+    shown.sheet->showSheet();
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QEvent other(QEvent::User);
+    QVERIFY(!shown.sheet->eventFilter(&shown.window, &release));
+    QVERIFY(!shown.sheet->eventFilter(&shown.window, &other));
+    QVERIFY(!shown.sheet->eventFilter(shown.text(), &press));
+    QVERIFY(!shown.sheet->eventFilter(shown.ok(), &press));
+    QVERIFY(shown.sheet->isVisible());
+    QVERIFY(shown.sheet->eventFilter(&shown.window, &press));
+    QVERIFY(!shown.sheet->isVisible());
+}
+
+void VelaMessageSheetRunTest::aHiddenSheetLetsKeysPass()
+{
+    ShownSheet shown;
+    shown.sheet->showSheet();
+    shown.sheet->hide();
+    shown.window.send(Qt::Key_A);
+    QCOMPARE(shown.window.keys, 1);
+}
+
+void VelaMessageSheetRunTest::keysAnswerASheetThatDoesNotBlock()
+{
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    shown.sheet->showSheet();
+    shown.window.send(Qt::Key_Return);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.first().first().toInt(), OkCode);
+    QVERIFY(!shown.sheet->isVisible());
+}
+
+void VelaMessageSheetRunTest::afterTheAnswerTheWindowHasItsKeysBack()
+{
+    ShownSheet shown;
+    shown.execute([&] { shown.window.press(Qt::Key_Escape); });
+    shown.window.send(Qt::Key_A);
+    QCOMPARE(shown.window.keys, 1);
+    shown.window.close();
+    QCOMPARE(shown.window.closings, 1);
+}
+
+void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("hasInformativeText");
+    QTest::newRow("a question") << int(VelaMessageSheet::QuestionMessage) << false;
+    QTest::newRow("a question with more to say") << int(VelaMessageSheet::QuestionMessage) << true;
+    QTest::newRow("an information") << int(VelaMessageSheet::InfoMessage) << false;
+    QTest::newRow("a message without buttons") << int(VelaMessageSheet::AppMessage) << false;
+}
+
+void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet()
+{
+    QFETCH(int, type);
+    QFETCH(bool, hasInformativeText);
+    ShownSheet shown(static_cast<VelaMessageSheet::MessageType>(type));
+    QVERIFY(shown.isActive);
+    if (hasInformativeText) {
+        shown.sheet->setInformativeText(QStringLiteral("Think <a href='x'>twice</a>."));
+    }
+    shown.execute([&] {
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            for (int i = 0; i < 12; ++i) {
+                shown.window.press(key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+                QVERIFY(shown.sheet->isAncestorOf(QApplication::focusWidget()));
+            }
+        }
+        shown.sheet->quit();
+    });
+    QCOMPARE(QApplication::focusWidget() && shown.sheet->isAncestorOf(QApplication::focusWidget()), false);
+}
+
+void VelaMessageSheetRunTest::tabVisitsWhatTakesTheFocusInOrder()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.execute([&] {
+        QList<QWidget *> forwards;
+        for (int i = 0; i < 3; ++i) {
+            shown.window.press(Qt::Key_Tab);
+            forwards.append(QApplication::focusWidget());
+        }
+        QCOMPARE(forwards, (QList<QWidget *> {shown.ok(), shown.cancel(), shown.text()}));
+        QList<QWidget *> backwards;
+        for (int i = 0; i < 3; ++i) {
+            shown.window.press(Qt::Key_Backtab, Qt::ShiftModifier);
+            backwards.append(QApplication::focusWidget());
+        }
+        QCOMPARE(backwards, (QList<QWidget *> {shown.cancel(), shown.ok(), shown.text()}));
+        shown.sheet->quit();
+    });
+}
+
+// What takes the focus next to the window is a field of its own here.
+void VelaMessageSheetRunTest::aTabForTheWindowGoesToTheFirstAndABacktabToTheLast()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.execute([&] {
+        auto *last = new QLineEdit(&shown.window); // behind the sheet in the focus chain
+        last->show();
+        shown.cancel()->setFocus();
+        shown.window.send(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), shown.text());
+        shown.window.send(Qt::Key_Tab); // from the window again, not from the message
+        QCOMPARE(QApplication::focusWidget(), shown.text());
+        shown.window.send(Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), shown.cancel());
+        shown.window.send(Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), shown.cancel());
+        shown.sheet->quit();
+    });
+    QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::aTabForTheWindowTakesTheWidgetNextToItIfItIsTheSheets()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    // The window, then Ok; and in front of the window the message.
+    shown.window.setFocusPolicy(Qt::TabFocus); // or it has no place in the order
+    QWidget::setTabOrder(&shown.window, shown.ok());
+    shown.window.setFocusPolicy(Qt::NoFocus);
+    shown.execute([&] {
+        QCOMPARE(shown.window.nextInFocusChain(), shown.ok());
+        shown.window.send(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), shown.ok());
+        shown.sheet->quit();
+    });
+}
+
+void VelaMessageSheetRunTest::aTabForTheWindowDoesNothingWhereNothingTakesTheFocus()
+{
+    ShownSheet shown(VelaMessageSheet::AppMessage);
+    QVERIFY(shown.isActive);
+    shown.text()->setFocusPolicy(Qt::NoFocus);
+    shown.execute([&] {
+        QWidget *before = QApplication::focusWidget();
+        shown.window.send(Qt::Key_Tab);
+        shown.window.send(Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), before);
+        shown.sheet->quit();
+    });
+}
+
+void VelaMessageSheetRunTest::aClickBelowTheMaskReachesNothing()
+{
+    ShownSheet shown;
+    shown.execute([&] {
+        EventCounter presses(shown.window.below, QEvent::MouseButtonPress);
+        shown.window.clickOn(shown.window.below);
+        QCOMPARE(presses.take(), 0);
+        QVERIFY(!shown.window.below->hasFocus());
+        shown.sheet->quit();
+    });
+}
+
+void VelaMessageSheetRunTest::closingTheWindowIsRefused_data()
+{
+    QTest::addColumn<bool>("isBlocked");
+    QTest::newRow("blocked") << true;
+    QTest::newRow("not blocked") << false;
+}
+
+void VelaMessageSheetRunTest::closingTheWindowIsRefused()
+{
+    QFETCH(bool, isBlocked);
+    ShownSheet shown;
+    shown.sheet->setBlockWindowButton(isBlocked);
+    shown.execute([&] {
+        shown.window.close();
+        shown.sheet->quit();
+    });
+    QCOMPARE(shown.window.closings, isBlocked ? 0 : 1);
+    QVERIFY(shown.window.isVisible());
+}
+
+void VelaMessageSheetRunTest::theWindowManagersRequestToCloseIsRefused_data()
+{
+    closingTheWindowIsRefused_data();
+}
+
+void VelaMessageSheetRunTest::theWindowManagersRequestToCloseIsRefused()
+{
+    if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
+        QSKIP("needs an X server");
+    }
+    QFETCH(bool, isBlocked);
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.sheet->setBlockWindowButton(isBlocked);
+    const XConnection x;
+    shown.execute([&] {
+        x.askToClose(static_cast<XWindow>(shown.window.winId()));
+        if (isBlocked) {
+            QTest::qWait(LongEnough);
+        } else {
+            QTRY_COMPARE_WITH_TIMEOUT(shown.window.closings, 1, Patience);
+        }
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet->quit();
+    });
+    QCOMPARE(shown.window.closings, isBlocked ? 0 : 1);
+}
+
+void VelaMessageSheetRunTest::theCloseButtonGoesAndComesBack_data()
+{
+    closingTheWindowIsRefused_data();
+}
+
+void VelaMessageSheetRunTest::theCloseButtonGoesAndComesBack()
+{
+    if (QGuiApplication::platformName() != QStringLiteral("xcb")) {
+        QSKIP("needs an X server");
+    }
+    QFETCH(bool, isBlocked);
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.sheet->setBlockWindowButton(isBlocked);
+    const XConnection x;
+    const auto window = static_cast<XWindow>(shown.window.winId());
+    const XProperty before = x.property(window, "_MOTIF_WM_HINTS");
+    shown.execute([&] {
+        QCOMPARE(x.property(window, "_MOTIF_WM_HINTS") == before, !isBlocked);
+        shown.sheet->quit();
+    });
+    QCOMPARE(x.property(window, "_MOTIF_WM_HINTS").elements.value(1) & 0x20u, before.elements.value(1) & 0x20u);
+
+    shown.sheet->showSheet(); // takes no button away
+    const XProperty shownOnly = x.property(window, "_MOTIF_WM_HINTS");
+    shown.sheet->quit();
+    QVERIFY(shownOnly == x.property(window, "_MOTIF_WM_HINTS"));
+}
+
+void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnce()
+{
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    shown.execute([&] { shown.window.press(Qt::Key_Return); });
+    QCOMPARE(finished.count(), 1);
+}
+
+void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnceAfterTheTypeWasSetAgain()
+{
+    ShownSheet shown;
+    for (int i = 0; i < 3; ++i) {
+        shown.sheet->setMessageType(VelaMessageSheet::WarningQuestionMessage);
+    }
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    QCOMPARE(shown.execute([&] { shown.window.clickOn(shown.cancel()); }), CancelCode);
+    QCOMPARE(finished.count(), 1);
+}
+
+void VelaMessageSheetRunTest::itIsHiddenWhenFinishedIsEmitted()
+{
+    ShownSheet shown;
+    bool wasVisible = true;
+    connect(shown.sheet.get(), &VelaSheet::finished, this, [&] { wasVisible = shown.sheet->isVisible(); });
+    shown.execute([&] { shown.sheet->done(1); });
+    QVERIFY(!wasVisible);
+}
+
+void VelaMessageSheetRunTest::doneTwiceCountsOnce()
+{
+    ShownSheet shown;
+    QCOMPARE(shown.execute([&] {
+        shown.sheet->done(1);
+        shown.sheet->done(1);
+    }),
+             1);
+    QCOMPARE(shown.execute([&] { shown.sheet->done(2); }), 2);
+}
+
+void VelaMessageSheetRunTest::doneBeforeExecIsNoAnswerToIt()
+{
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    shown.sheet->done(5);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(shown.execute([&] { shown.sheet->done(6); }), 6);
+}
+
+void VelaMessageSheetRunTest::doneInASlotOfFinishedIsNoSecondAnswer()
+{
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    connect(shown.sheet.get(), &VelaSheet::finished, this, [&] { shown.sheet->done(9); });
+    QCOMPARE(shown.execute([&] { shown.sheet->done(4); }), 4);
+    QCOMPARE(finished.count(), 1);
+}
+
+void VelaMessageSheetRunTest::itCanBeExecutedAgain()
+{
+    ShownSheet shown;
+    for (int i = 1; i < 5; ++i) {
+        QCOMPARE(shown.execute([&] {
+            QVERIFY(shown.sheet->isVisible());
+            shown.sheet->done(i);
+        }),
+                 i);
+    }
+}
+
+void VelaMessageSheetRunTest::itCanBeExecutedAgainFromASlotOfFinished()
+{
+    ShownSheet shown;
+    QList<int> answers;
+    connect(shown.sheet.get(), &VelaSheet::finished, this, [&](int result) {
+        if (result == 1) {
+            answers.append(shown.execute([&] { shown.sheet->done(2); }));
+        }
+    });
+    answers.append(shown.execute([&] { shown.sheet->done(1); }));
+    QCOMPARE(answers, (QList<int> {2, 1}));
+    QVERIFY(!shown.sheet->isVisible());
+}
+
+void VelaMessageSheetRunTest::execWhileItWaitsReturnsAtOnce()
+{
+    ShownSheet shown;
+    int inner = NoAnswer;
+    QCOMPARE(shown.execute([&] {
+        inner = shown.sheet->exec();
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet->done(8);
+    }),
+             8);
+    QCOMPARE(inner, 0);
+}
+
+void VelaMessageSheetRunTest::timersRunWhileItWaits()
+{
+    ShownSheet shown;
+    int ticks = 0;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (++ticks == 5) {
+            shown.sheet->done(ticks);
+        }
+    });
+    timer.start(1);
+    QCOMPARE(shown.execute(Nothing), 5);
+}
+
+void VelaMessageSheetRunTest::aSecondSheetMayBeAnsweredFirst()
+{
+    ShownSheet shown;
+    int second = NoAnswer;
+    const int first = shown.execute([&] {
+        VelaMessageSheet above(VelaMessageSheet::InfoMessage, Text, &shown.window);
+        VelaMask::createMask(&above, &shown.window, QColor(0, 0, 0, 20));
+        second = execute(&above, [&] { shown.window.press(Qt::Key_Return); });
+        QVERIFY(shown.sheet->isVisible());
+        QTimer::singleShot(0, shown.sheet.get(), [&] { shown.window.send(Qt::Key_Escape); });
+    });
+    QCOMPARE(second, OkCode);
+    QCOMPARE(first, CancelCode);
+}
+
+// Its result waits until the second one, whose loop runs inside, is answered as well.
+void VelaMessageSheetRunTest::aFirstSheetMayBeAnsweredFirst()
+{
+    ShownSheet shown;
+    int second = NoAnswer;
+    const int first = shown.execute([&] {
+        VelaMessageSheet above(VelaMessageSheet::InfoMessage, Text, &shown.window);
+        VelaMask::createMask(&above, &shown.window, QColor(0, 0, 0, 20));
+        second = execute(&above, [&] {
+            shown.sheet->done(11);
+            QVERIFY(!shown.sheet->isVisible());
+            QVERIFY(above.isVisible());
+            QTimer::singleShot(0, &above, [&] { above.done(12); });
+        });
+    });
+    QCOMPARE(second, 12);
+    QCOMPARE(first, 11);
+}
+
+void VelaMessageSheetRunTest::theWindowMayBeResizedHiddenAndShown()
+{
+    ShownSheet shown;
+    const auto *mask = shown.window.findChild<VelaMask *>();
+    QCOMPARE(shown.execute([&] {
+        shown.window.resize(700, 500);
+        QTRY_COMPARE(mask->size(), shown.window.size());
+        shown.window.hide();
+        shown.window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&shown.window));
+        QVERIFY(shown.sheet->isVisible());
+        shown.window.send(Qt::Key_Return);
+    }),
+             OkCode);
+}
+
+void VelaMessageSheetRunTest::quittingEndsTheWait()
+{
+    ShownSheet shown;
+    bool hasReturned = false;
+    QTimer::singleShot(0, this, [&] {
+        shown.sheet->exec();
+        hasReturned = true;
+    });
+    QTimer::singleShot(50, qApp, &QApplication::quit);
+    QApplication::exec();
+    QVERIFY(hasReturned);
+    shown.sheet->done(0);
+}
+
+void VelaMessageSheetRunTest::theWindowMayDieWhileASheetIsShown()
+{
+    auto *window = new Window;
+    QVERIFY(window->showAndWait());
+    const QPointer<VelaMessageSheet> sheet = new VelaMessageSheet(VelaMessageSheet::InfoMessage, Text, window);
+    VelaMask::createMask(sheet, window, QColor(0, 0, 0, 20));
+    sheet->showSheet();
+    delete window;
+    QVERIFY(!sheet); // as any widget in it
+}
+
+void VelaMessageSheetRunTest::theWindowMayDieWhileASheetWaits_data()
+{
+    QTest::addColumn<bool>("hasMask");
+    QTest::addColumn<bool>("isBlocked");
+    for (const bool hasMask : {true, false}) {
+        for (const bool isBlocked : {true, false}) {
+            QTest::addRow("%s, %s", hasMask ? "mask" : "no mask", isBlocked ? "blocked" : "not blocked")
+                << hasMask << isBlocked;
+        }
+    }
+}
+
+// The caller's sheet stays the caller's.
+void VelaMessageSheetRunTest::theWindowMayDieWhileASheetWaits()
+{
+    QFETCH(bool, hasMask);
+    QFETCH(bool, isBlocked);
+    auto *window = new Window;
+    QVERIFY(window->showAndWait());
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, window);
+    if (hasMask) {
+        VelaMask::createMask(&sheet, window, QColor(0, 0, 0, 20));
+    }
+    sheet.setBlockWindowButton(isBlocked);
+    QCOMPARE(execute(&sheet, [window] { delete window; }), 0);
+    QVERIFY(!sheet.parentWidget());
+    QVERIFY(!sheet.isVisible());
+    sheet.setText(QStringLiteral("still in use"));
+    sheet.done(1);
+}
+
+void VelaMessageSheetRunTest::theWindowMayDieWhileTwoSheetsWait()
+{
+    auto *window = new Window;
+    QVERIFY(window->showAndWait());
+    VelaMessageSheet below(VelaMessageSheet::QuestionMessage, Text, window);
+    VelaMask::createMask(&below, window, QColor(0, 0, 0, 20));
+    int second = NoAnswer;
+    const int first = execute(&below, [&] {
+        VelaMessageSheet above(VelaMessageSheet::InfoMessage, Text, window);
+        VelaMask::createMask(&above, window, QColor(0, 0, 0, 20));
+        second = execute(&above, [window] { delete window; });
+    });
+    QCOMPARE(second, 0);
+    QCOMPARE(first, 0);
+}
+
+void VelaMessageSheetRunTest::theWindowMayDieWhileAnInputSheetWaits()
+{
+    auto *window = new Window;
+    QVERIFY(window->showAndWait());
+    VelaInputSheet sheet(Text, window);
+    VelaMask::createMask(&sheet, window, QColor(0, 0, 0, 20));
+    sheet.getLineEdit()->setText(QStringLiteral("typed"));
+    QCOMPARE(execute(&sheet, [window] { delete window; }), 0);
+    QCOMPARE(sheet.getContent(), QStringLiteral("typed"));
+}
+
+void VelaMessageSheetRunTest::theSheetMayBeDeletedWhileItWaits()
+{
+    ShownSheet shown;
+    int answer = NoAnswer;
+    auto *sheet = shown.sheet.release();
+    QTimer::singleShot(0, this, [sheet] { delete sheet; });
+    answer = sheet->exec();
+    QCOMPARE(answer, 0);
+    shown.window.send(Qt::Key_A);
+    QCOMPARE(shown.window.keys, 1);
+}
+
+void VelaMessageSheetRunTest::theSheetMayBeDeletedInASlotOfFinished()
+{
+    ShownSheet shown;
+    auto *sheet = shown.sheet.release();
+    connect(sheet, &VelaSheet::finished, this, [sheet] { delete sheet; });
+    QTimer::singleShot(0, this, [sheet] { sheet->done(1); });
+    QCOMPARE(sheet->exec(), 1);
+}
+
+void VelaMessageSheetRunTest::aPanelInTheWindowMayDieWhileTheSheetWaits()
+{
+    Window window;
+    auto *panel = new QWidget(&window);
+    panel->setGeometry(0, 0, 600, 300);
+    QVERIFY(window.showAndWait());
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, panel);
+    VelaMask::createMask(&sheet, panel, QColor(0, 0, 0, 20));
+    QCOMPARE(execute(&sheet, [panel] { delete panel; }), 0);
+    window.send(Qt::Key_A);
+    QCOMPARE(window.keys, 1);
+    window.close();
+    QCOMPARE(window.closings, 1);
+}
+
+void VelaMessageSheetRunTest::eachShortcutLeavesAMaskAndNothingElse()
+{
+    const int shortcuts = QGuiApplication::platformName() == QStringLiteral("xcb") ? ShortcutsOnX : Shortcuts;
+    Window window;
+    QVERIFY(window.showAndWait());
+    const int children = window.findChildren<QObject *>().size();
+    QTimer answers;
+    connect(&answers, &QTimer::timeout, &window, [&] { window.send(Qt::Key_Return); });
+    answers.start(0);
+    showInfoMsg(QString(), Text, &window);
+    const int childrenOfAMask = window.findChildren<QObject *>().size() - children;
+    for (int i = 1; i < shortcuts; ++i) {
+        showInfoMsg(QString(), Text, &window);
+    }
+    const auto masks = window.findChildren<VelaMask *>();
+    QCOMPARE(masks.size(), shortcuts);
+    for (const VelaMask *mask : masks) {
+        QVERIFY(mask->isHidden());
+        QVERIFY(mask->findChildren<QWidget *>().isEmpty());
+    }
+    QCOMPARE(window.findChildren<QObject *>().size(), children + shortcuts * childrenOfAMask);
+}
+
+QTEST_MAIN(VelaMessageSheetRunTest)
+#include "tst_vela_msg_sheet_run.moc"
