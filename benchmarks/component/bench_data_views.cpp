@@ -1,0 +1,467 @@
+#include "component/paging/vela-paging-bar.h"
+#include "component/vela-button-path.h"
+#include "component/vela-button.h"
+#include "component/vela-table-widget.h"
+#include "component/vela-tree-widget.h"
+#include "image-manager/image-manager.h"
+#include "style-manager/style-manager.h"
+#include "support/comparison.h"
+#include "support/panels.h"
+#include "support/resources.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLoggingCategory>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QTreeWidget>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr double TableTarget = 1.25;
+constexpr double TreeTarget = 1.05;
+constexpr double MovingTarget = 1.05;
+constexpr double PagingTarget = 1.2;
+constexpr double ShallowPathTarget = 1.3;
+constexpr double DeepPathTarget = 1.0;
+
+constexpr int Columns = 50;
+constexpr int ColumnWidth = 90;
+constexpr int Rows = 100000;
+constexpr int HeaderWidth = 20000;
+constexpr int HeaderHeight = 30;
+constexpr int RowHeight = 28;
+constexpr int BarHeight = 28;
+constexpr QSize WindowSize(900, 600);
+
+QString sheetOf(const char *key)
+{
+    return getStyleSheet(key, false);
+}
+
+// ---- table
+
+using MakeTable = std::function<QTableWidget *(QWidget *parent)>;
+
+VelaTableColumnsInfo columns()
+{
+    VelaTableColumnsInfo info;
+    for (int i = 0; i < Columns; ++i) {
+        const bool stretches = i < 2;
+        info.addColumn(QStringLiteral("Column %1").arg(i), ColumnWidth, stretches, stretches ? 0.5 : 0.0);
+    }
+    return info;
+}
+
+QTableWidget *table(QWidget *parent)
+{
+    auto *widget = new VelaTableWidget(columns(), parent);
+    widget->resize(WindowSize);
+    return widget->getTable();
+}
+
+/// A header of its own above the rows, put together from what Qt has.
+QTableWidget *bareTable(QWidget *parent)
+{
+    auto *widget = new QWidget(parent);
+    auto *area = new QScrollArea(widget);
+    auto *header = new QHeaderView(Qt::Horizontal, area);
+    auto *body = new QTableWidget(0, Columns, widget);
+    auto *headerModel = new QTableWidget(0, Columns + 1, widget);
+    headerModel->hide();
+    header->setModel(headerModel->model());
+    header->setStyleSheet(sheetOf("component.table_header"));
+    header->setFixedSize(HeaderWidth, HeaderHeight);
+    QStringList labels;
+    for (int i = 0; i < Columns; ++i) {
+        labels.append(QStringLiteral("Column %1").arg(i));
+        const auto mode = i < 2 ? QHeaderView::Interactive : QHeaderView::Fixed;
+        header->resizeSection(i, ColumnWidth);
+        body->horizontalHeader()->resizeSection(i, ColumnWidth);
+        header->setSectionResizeMode(i, mode);
+        body->horizontalHeader()->setSectionResizeMode(i, mode);
+    }
+    headerModel->setHorizontalHeaderLabels(labels);
+    body->horizontalHeader()->hide();
+    body->verticalHeader()->hide();
+    body->verticalHeader()->setDefaultSectionSize(RowHeight);
+    body->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    body->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    body->setShowGrid(false);
+    body->setStyleSheet(sheetOf("component.table") + sheetOf("component.scrollbar"));
+    area->setWidget(header);
+    area->setFixedHeight(HeaderHeight);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setStyleSheet(QStringLiteral("QScrollArea { border: none; }"));
+    auto *column = new QVBoxLayout(widget);
+    column->setSpacing(0);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(area);
+    column->addWidget(body);
+    QObject::connect(header, &QHeaderView::sectionResized, body,
+                     [body](int index, int, int size) { body->horizontalHeader()->resizeSection(index, size); });
+    QObject::connect(body->horizontalScrollBar(), &QScrollBar::valueChanged, area->horizontalScrollBar(),
+                     &QScrollBar::setValue);
+    widget->resize(WindowSize);
+    return body;
+}
+
+void constructTables(benchmark::State &state, const MakeTable &make)
+{
+    QWidget window;
+    window.resize(WindowSize);
+    window.show();
+    QApplication::processEvents();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        QTableWidget *body = make(&window);
+        const PaintWatcher watcher(body->viewport());
+        body->parentWidget()->show();
+        watcher.waitForPaint();
+
+        state.PauseTiming();
+        delete body->parentWidget();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void resizeTables(benchmark::State &state, const MakeTable &make, bool stretchByHand)
+{
+    QWidget window;
+    window.resize(WindowSize);
+    QTableWidget *body = make(&window);
+    body->setRowCount(Rows);
+    for (int row = 0; row < Rows; ++row) {
+        body->setItem(row, 0, new QTableWidgetItem(QStringLiteral("Row %1").arg(row)));
+    }
+    window.show();
+    QApplication::processEvents();
+    QWidget *widget = body->parentWidget();
+    int width = WindowSize.width();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        width = width == WindowSize.width() ? width + 40 : WindowSize.width();
+        if (stretchByHand) { // as the widths are ours: the fixed columns leave nothing, so each keeps its base width
+            for (int i = 0; i < 2; ++i) {
+                body->horizontalHeader()->resizeSection(i, ColumnWidth);
+            }
+        }
+        widget->resize(width, WindowSize.height());
+        widget->repaint();
+        body->viewport()->repaint();
+    }
+}
+
+// ---- tree
+
+void construct(QTreeWidget *tree, int count)
+{
+    auto *delegate = new ItemDelegate;
+    delegate->setParent(tree);
+    tree->setItemDelegate(delegate);
+    tree->setHeaderHidden(true);
+    tree->setUniformRowHeights(true);
+    QList<QTreeWidgetItem *> items;
+    items.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        auto *item = new FileSystemTreeWidgetItem;
+        item->setText(0, QStringLiteral("Folder %1").arg(i));
+        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        items.append(item);
+    }
+    tree->addTopLevelItems(items);
+    tree->resize(WindowSize);
+}
+
+template<typename Tree>
+void constructTrees(benchmark::State &state, int count)
+{
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        auto tree = std::make_unique<Tree>();
+        construct(tree.get(), count);
+        const PaintWatcher watcher(tree->viewport());
+        tree->show();
+        watcher.waitForPaint();
+
+        state.PauseTiming();
+        tree.reset();
+        state.ResumeTiming();
+    }
+}
+
+template<typename Tree>
+void scrollTrees(benchmark::State &state, int count)
+{
+    Tree tree;
+    construct(&tree, count);
+    tree.show();
+    QApplication::processEvents();
+    QScrollBar *bar = tree.verticalScrollBar();
+    int value = 0;
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        value = (value + 3) % bar->maximum();
+        bar->setValue(value);
+        QApplication::processEvents();
+    }
+}
+
+void compareTrees(const std::string &size, int count)
+{
+    compare(
+        "VelaTreeWidget, " + size + " items, first paint", TreeTarget,
+        [count](benchmark::State &state) { constructTrees<VelaTreeWidget>(state, count); },
+        [count](benchmark::State &state) { constructTrees<QTreeWidget>(state, count); });
+    compare(
+        "VelaTreeWidget, " + size + " items, scrolling", MovingTarget,
+        [count](benchmark::State &state) { scrollTrees<VelaTreeWidget>(state, count); },
+        [count](benchmark::State &state) { scrollTrees<QTreeWidget>(state, count); });
+}
+
+// ---- paging
+
+/// The buttons are the library's on both sides: bench_buttons compares those.
+QWidget *barePagingBar(QWidget *parent)
+{
+    auto *bar = new QWidget(parent);
+    auto *border = new QWidget(bar);
+    border->setStyleSheet(sheetOf("component.paging_bar_border"));
+    auto *row = new QHBoxLayout(border);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    const auto addIcon = [row](const char *image) { row->addWidget(new VelaIconButton(QString::fromLatin1(image))); };
+    addIcon("bt_pagebar_back");
+    addIcon("bt_pagebar_backend");
+    for (int i = 0; i < 5; ++i) {
+        row->addWidget(
+            new VelaButton(QString(), i == 2 ? VelaButton::SelectPagingButton : VelaButton::NonselectPagingButton));
+    }
+    addIcon("bt_pagebar_nextend");
+    addIcon("bt_pagebar_next");
+    addIcon("bt_pagebar_refresh");
+    auto *outer = new QHBoxLayout(bar);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(border);
+    return bar;
+}
+
+void turnPages(benchmark::State &state, int itemCount)
+{
+    VelaPagingModel model(50);
+    VelaPagingBar bar(&model);
+    bar.setItemCount(itemCount);
+    bar.show();
+    QApplication::processEvents();
+    const int pages = model.pageCount();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        bar.setPage(pages / 2);
+        bar.setPage(pages);
+    }
+}
+
+// ---- breadcrumb
+
+QString pathOf(int depth)
+{
+    QString path;
+    for (int i = 0; i < depth; ++i) {
+        path += QStringLiteral("/folder %1").arg(i);
+    }
+    return path;
+}
+
+/// The buttons of a path in a table, a column at a time.
+void fillBarePath(QTableWidget *table, int depth)
+{
+    table->clear();
+    table->setColumnCount(0);
+    const auto add = [table](QPushButton *button, const char *styleKey, int width, int height) {
+        button->setFlat(true);
+        button->setStyleSheet(sheetOf(styleKey));
+        button->setFixedSize(width, height);
+        const int column = table->columnCount();
+        table->insertColumn(column);
+        table->setCellWidget(0, column, button);
+        table->setColumnWidth(column, width);
+    };
+    for (int i = 0; i < depth; ++i) {
+        if (i > 0) {
+            auto *arrow = new QPushButton(table->viewport());
+            arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
+            add(arrow, "component.button_path_arrow", 6, BarHeight);
+        }
+        const QString name = QStringLiteral("folder %1").arg(i);
+        auto *button = new QPushButton(name, table->viewport());
+        add(button, "component.button_path_name_button", button->fontMetrics().horizontalAdvance(name) + 16,
+            BarHeight - 2);
+    }
+    table->horizontalScrollBar()->setValue(table->horizontalScrollBar()->maximum());
+}
+
+void setUpBarePath(QTableWidget *table)
+{
+    table->insertRow(0);
+    table->horizontalHeader()->hide();
+    table->verticalHeader()->hide();
+    table->setShowGrid(false);
+    table->horizontalHeader()->setMinimumSectionSize(0);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setStyleSheet(sheetOf("component.button_path"));
+    table->setFixedHeight(BarHeight);
+}
+
+/// From nothing to the first paint.
+template<typename Path, typename Fill>
+void constructPaths(benchmark::State &state, Fill fill)
+{
+    QWidget window;
+    window.resize(WindowSize);
+    window.show();
+    QApplication::processEvents();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        auto *path = new Path(&window);
+        fill(path, true);
+        const PaintWatcher watcher(path->viewport());
+        path->show();
+        watcher.waitForPaint();
+
+        state.PauseTiming();
+        delete path;
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+template<typename Path, typename Fill>
+void refreshPaths(benchmark::State &state, Fill fill)
+{
+    Path path;
+    path.resize(WindowSize.width(), BarHeight);
+    fill(&path, true);
+    path.show();
+    QApplication::processEvents();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        fill(&path, false);
+        QApplication::processEvents();
+    }
+}
+
+void comparePaths(int depth, double target)
+{
+    const QString path = pathOf(depth);
+    const auto fill = [path](VelaButtonPath *bar, bool) { bar->refresh(path); };
+    const auto fillBare = [depth](QTableWidget *table, bool isNew) {
+        if (isNew) {
+            setUpBarePath(table);
+        }
+        fillBarePath(table, depth);
+    };
+    const std::string name = "VelaButtonPath, depth " + std::to_string(depth);
+    compare(
+        name + ", first paint", target,
+        [fill](benchmark::State &state) { constructPaths<VelaButtonPath>(state, fill); },
+        [fillBare](benchmark::State &state) { constructPaths<QTableWidget>(state, fillBare); });
+    compare(
+        name + ", refresh", target, [fill](benchmark::State &state) { refreshPaths<VelaButtonPath>(state, fill); },
+        [fillBare](benchmark::State &state) { refreshPaths<QTableWidget>(state, fillBare); });
+}
+
+/// Whether the time grows with the depth and no faster: twice the path against the path twice.
+void compareGrowth(int depth)
+{
+    const auto refresh = [](benchmark::State &state, int partCount, int times) {
+        const QString path = pathOf(partCount);
+        VelaButtonPath bar;
+        bar.resize(WindowSize.width(), BarHeight);
+        bar.show();
+        for (auto iteration : state) {
+            Q_UNUSED(iteration)
+            for (int i = 0; i < times; ++i) {
+                bar.refresh(path);
+            }
+        }
+    };
+    compare(
+        "VelaButtonPath, depth " + std::to_string(depth) + ", against half of it twice", std::nullopt,
+        [refresh, depth](benchmark::State &state) { refresh(state, depth, 1); },
+        [refresh, depth](benchmark::State &state) { refresh(state, depth / 2, 2); });
+}
+
+QByteArray sheets()
+{
+    return headed("component.table", "QTableWidget { color: #17202b; border: none }")
+        + headed("component.table_header", "QHeaderView::section { padding: 4px; border: none }")
+        + headed("component.scrollbar", "QScrollBar { width: 12px }")
+        + headed("component.paging_bar_border", "QWidget#PAGINGBARBORDER { border: none }")
+        + headed("component.icon_button", buttonSheet("QToolButton"))
+        + headed("component.select_paging_button", buttonSheet("QPushButton"))
+        + headed("component.nonselect_paging_button", buttonSheet("QPushButton"))
+        + headed("component.button_path", "QTableWidget { border: 1px solid #c8d2dc }")
+        + headed("component.button_path_arrow", "QPushButton { border: none }")
+        + headed("component.button_path_name_button", buttonSheet("QPushButton"))
+        + headed("component.button_path_change_folder_btn", "QToolButton { border: none }")
+        + headed("component.menu", buttonSheet("QMenu"));
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    const Resources resources;
+    const QStringList images {QStringLiteral("bt_next"),
+                              QStringLiteral("folder"),
+                              QStringLiteral("bt_pagebar_back"),
+                              QStringLiteral("bt_pagebar_backend"),
+                              QStringLiteral("bt_pagebar_nextend"),
+                              QStringLiteral("bt_pagebar_next"),
+                              QStringLiteral("bt_pagebar_refresh"),
+                              QStringLiteral("bt_pagebar_refresh_hover"),
+                              QStringLiteral("bt_pagebar_refresh_disable")};
+    for (const QString &image : images) {
+        resources.writeImage(image, 64);
+    }
+    resources.writeCatalogue(images);
+    ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+    StyleManager::getInstance()->initialize({resources.writeSheet(QStringLiteral("views.qss"), sheets())});
+    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false")); // texts and states left out
+
+    compare(
+        "VelaTableWidget, 50 columns, first paint", TableTarget,
+        [](benchmark::State &state) { constructTables(state, table); },
+        [](benchmark::State &state) { constructTables(state, bareTable); });
+    compare(
+        "VelaTableWidget, 100000 rows, resizing", MovingTarget,
+        [](benchmark::State &state) { resizeTables(state, table, false); },
+        [](benchmark::State &state) { resizeTables(state, bareTable, true); });
+    compareTrees("10000", 10000);
+    compareTrees("100000", 100000);
+    compare(
+        "VelaPagingBar, first paint", PagingTarget,
+        [](benchmark::State &state) {
+            VelaPagingModel model(50);
+            showPanels(state, 1, [&model](QWidget *parent) { return new VelaPagingBar(&model, parent); });
+        },
+        [](benchmark::State &state) { showPanels(state, 1, barePagingBar); });
+    compare(
+        "VelaPagingBar, pages of 2000000000 items, against 1000", std::nullopt,
+        [](benchmark::State &state) { turnPages(state, 2000000000); },
+        [](benchmark::State &state) { turnPages(state, 1000); });
+    comparePaths(8, ShallowPathTarget);
+    comparePaths(200, DeepPathTarget);
+    compareGrowth(2000);
+    return runComparisons(argc, argv);
+}
