@@ -17,7 +17,7 @@ void SheetRun::setBlockWindowButton(bool block)
 void SheetRun::begin()
 {
     m_sheet->show();
-    if (m_blocksWindowButton) {
+    if (m_blocksWindowButton && !m_savedWindowState) { // which end() leaves when it is not told to block any more
         SHAPISetCloseButtonOfWindowEnable(m_sheet, false, &m_savedWindowState);
     }
     watchWindow();

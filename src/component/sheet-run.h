@@ -13,7 +13,7 @@ class SheetRun : public QObject
 public:
     explicit SheetRun(VelaSheet *sheet);
 
-    /// Whether the window cannot be closed while the sheet is up.
+    /// Whether the window cannot be closed while the sheet is up. Consulted by begin(), end() and refusesClose().
     void setBlockWindowButton(bool block);
 
     /// Shows the sheet, takes the window's close button away and watches the window's events.

@@ -81,16 +81,21 @@ public:
     void setIcon(const QPixmap &pixmap);
     /// Sets the sheet up anew for @p type, with default captions.
     void setMessageType(MessageType type);
-    /// Whether the window cannot be closed while exec() waits; it cannot at first.
+    /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
+    /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
 
     /// The button of that code, null if there is none.
     QPushButton *button(QMessageBox::StandardButton which) const;
     void setDefaultButton(QPushButton *button);
 
+    /// Shows the sheet and returns at once; finished() brings the answer. The window's close button stays.
     void showSheet() override;
     /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the
-    /// button's value or what done() was called with; 0 when the window is destroyed meanwhile.
+    /// button's value or what done() was called with, 0 at once while it already waits.
+    ///
+    /// When the window is destroyed meanwhile the result is 0, finished() is not emitted, and the sheet is not
+    /// destroyed with the window: it has no parent then, and one on the heap is its caller's to delete.
     int exec();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
