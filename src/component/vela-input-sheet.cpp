@@ -65,7 +65,10 @@ VelaInputSheetPrivate::VelaInputSheetPrivate(VelaInputSheet *sheet) :
 void VelaInputSheetPrivate::initialize()
 {
     // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
+    const QMargins shadow = q->contentsMargins(); // which a frame loses when it is styled
     q->setStyleSheet(getStyleSheet("component.message_sheet_other", false));
+    q->ensurePolished();
+    q->setContentsMargins(shadow);
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
     for (const ButtonLook &look : ButtonLooks) {
         QPushButton *button = buttonBox->button(look.which);
@@ -91,8 +94,6 @@ int VelaInputSheetPrivate::getPreferredWidth() const
 void VelaInputSheetPrivate::setupLayout()
 {
     delete q->layout();
-    promptLabel->setMinimumHeight(0); // or it would keep the height of the prompt or width that it had before
-    promptLabel->setMaximumHeight(QWIDGETSIZE_MAX);
     auto *column = new QVBoxLayout(q);
     lineEdit->setFixedHeight(scaled(LineEditHeight));
     lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));
@@ -109,6 +110,11 @@ void VelaInputSheetPrivate::setupLayout()
 
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     q->setFixedWidth(scaled(getPreferredWidth()));
+    // The label takes this height when it gets its width; the sheet's own height, which comes first, counts on it.
+    promptLabel->ensurePolished();
+    promptLabel->setMinimumHeight(0); // or it would need no less than for the prompt or width that it had before
+    const int textWidth = q->contentsRect().width() - 2 * scaled(Margin);
+    promptLabel->setFixedHeight(qMax(0, promptLabel->heightForWidth(textWidth)));
     q->updateGeometry();
     q->adjustSize();
 }

@@ -5,7 +5,6 @@
 
 #include <QLineEdit>
 #include <QPainter>
-#include <QPersistentModelIndex>
 #include <QRegExpValidator>
 #include <QScrollBar>
 
@@ -30,7 +29,7 @@ const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
 VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
 {
     viewport()->setAttribute(Qt::WA_Hover); // or rows would not be painted again when the pointer moves
-    // The base paints the rows again, but not their neighbours, which the outline juts out into.
+    // The base paints the rows again, but not what the outline covers of their neighbours.
     connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
 }
 
@@ -77,24 +76,39 @@ void VelaTreeWidget::focusInEvent(QFocusEvent *)
     setCurrentItem(itemFromIndex(current));
 }
 
-// With frames of other widths the highlighted row is not always the one under the pointer, which the base paints again.
 bool VelaTreeWidget::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove
         || event->type() == QEvent::HoverLeave) {
-        const auto *hover = static_cast<QHoverEvent *>(event);
-        const auto rowFor = [this](const QPoint &pointer) {
-            return visualRect(indexAt(QPoint(0, pointer.y() + viewport()->y() - FrameWidth)));
-        };
-        const QRect left = rowFor(hover->oldPos());
-        const QRect entered = rowFor(hover->pos());
-        if (left != entered || event->type() != QEvent::HoverMove) {
-            for (const QRect &row : {left, entered}) {
-                viewport()->update(0, row.top() - 1, viewport()->width(), row.height() + 2);
-            }
-        }
+        updateHoveredRow();
     }
     return QTreeWidget::viewportEvent(event);
+}
+
+void VelaTreeWidget::scrollContentsBy(int dx, int dy)
+{
+    QTreeWidget::scrollContentsBy(dx, dy);
+    if (dx != 0) {
+        viewport()->update(); // the ends of highlights stay where they are
+    }
+    updateHoveredRow();
+}
+
+// The base paints the row under the pointer again, which is not always the one that is highlighted, and nothing of what
+// the outline covers of its neighbours.
+void VelaTreeWidget::updateHoveredRow()
+{
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    const bool isWithin = pointer.x() >= 0 && pointer.x() < viewport()->width();
+    const QModelIndex row = isWithin ? indexAt(QPoint(0, pointer.y() - FrameWidth)) : QModelIndex();
+    if (row == hoveredRow) {
+        return;
+    }
+    for (const QModelIndex &changed : {QModelIndex(hoveredRow), row}) {
+        const QRect rect = visualRect(changed);
+        viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
+    }
+    hoveredRow = row;
 }
 
 void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const

@@ -6,6 +6,7 @@
 #include <QItemDelegate>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPersistentModelIndex>
 #include <QTreeWidget>
 
 /// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide
@@ -36,11 +37,15 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
+    void updateHoveredRow();
+
     QColor selectedColor;
     QColor hoverColor;
+    QPersistentModelIndex hoveredRow; // as it was painted last
 };
 
 /// Delegate for a VelaTreeWidget: tall rows, and an editor that accepts valid names of folders only.

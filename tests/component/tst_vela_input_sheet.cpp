@@ -1,0 +1,920 @@
+#include "component/vela-input-sheet.h"
+#include "component/vela-mask.h"
+#include "component/vela-msg-sheet.h"
+#include "support/controls.h"
+#include "support/environment.h"
+#include "support/log-capture.h"
+#include "support/resource-folder.h"
+#include "support/x-connection.h"
+#include "utils/component-strings.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QSet>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr int OkCode = 0x400;
+constexpr int CancelCode = 0x800000;
+constexpr int NoAnswer = -1; // of a sheet that nobody answered in time
+constexpr int Patience = 5000; // milliseconds
+constexpr int ShadowWidth = 22;
+constexpr int Margin = 10;
+
+const QString Prompt = QStringLiteral("Name of the folder");
+const QString LongPrompt = QStringLiteral("A long prompt of many words, ").repeated(6);
+
+struct Section
+{
+    const char *key;
+    const char *text;
+};
+
+constexpr Section Sections[] = {
+    {"component.apply_button", "QPushButton { color: lime }"},
+    {"component.cancel_button", "QPushButton { color: blue }"},
+    {"component.message_sheet_other", "QLabel { font-size: %1px }"},
+    {"component.lineedit", "QLineEdit { color: maroon }"},
+};
+
+constexpr int FontSize = 20;
+
+QString textOf(const Section &section, int fontSize)
+{
+    return QString::fromLatin1(section.text).replace(QLatin1String("%1"), QString::number(fontSize));
+}
+
+QString sheetOf(const char *key)
+{
+    for (const Section &section : Sections) {
+        if (qstrcmp(section.key, key) == 0) {
+            return QLatin1Char('\n') + textOf(section, expectedPixels(FontSize));
+        }
+    }
+    return {};
+}
+
+/// Width in pixels of a sheet whose parent is @p parentWidth pixels wide, in whole numbers: scales are quarters.
+int expectedWidth(int parentWidth)
+{
+    const int quarters = qRound(expectedScale() * 4);
+    const bool isNarrow = parentWidth * 4 < 520 * quarters;
+    const int logical = isNarrow ? (parentWidth * 4 - 40 * quarters) / quarters : 480;
+    return logical * quarters / 4;
+}
+
+/// A window that the sheet is shown in, active, the focus being elsewhere in it.
+class SheetWindow : public ControlWindow
+{
+public:
+    SheetWindow() : ControlWindow(new QWidget) { resize(expectedPixels(600), expectedPixels(400)); }
+
+    void clickOn(const QWidget *widget)
+    {
+        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, widget->mapTo(this, widget->rect().center()));
+    }
+};
+
+/// What a user does while the sheet is up.
+using Action = std::function<void(SheetWindow &, VelaInputSheet &)>;
+
+/// Runs exec(), with @p action in its event loop.
+int answer(VelaInputSheet *sheet, const std::function<void()> &action)
+{
+    QTimer::singleShot(0, sheet, action);
+    QTimer guard;
+    QObject::connect(&guard, &QTimer::timeout, sheet, [sheet] { sheet->done(NoAnswer); });
+    guard.start(Patience);
+    return sheet->exec();
+}
+
+const MessageLabel *promptOf(const VelaInputSheet &sheet)
+{
+    return sheet.findChild<MessageLabel *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+const QDialogButtonBox *buttonBoxOf(const QWidget &sheet)
+{
+    return sheet.findChild<QDialogButtonBox *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// Height of the text of @p label at a width, as a label without limits tells it.
+int neededHeight(const QLabel &label, int width)
+{
+    QLabel unlimited(label.text());
+    unlimited.setFont(label.font());
+    unlimited.setAlignment(label.alignment());
+    unlimited.setWordWrap(true);
+    return qMax(0, unlimited.heightForWidth(width));
+}
+
+/// Notes which of two widgets gets the focus and why.
+class FocusLog : public QObject
+{
+public:
+    FocusLog(QWidget *first, QWidget *second)
+    {
+        first->installEventFilter(this);
+        second->installEventFilter(this);
+    }
+
+    QVector<QPair<QObject *, Qt::FocusReason>> entries;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            entries.append({watched, static_cast<QFocusEvent *>(event)->reason()});
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+class VelaInputSheetTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void missingTextsAndSheetsAreLogged();
+    void itIsASheetWithThreeSlotsOfItsOwn();
+    void theCaptionsComeFromTheStringTable();
+    void theStyleSheetsStandUnderTheirKeys();
+    void okIsTheDefaultButton();
+    void anotherButtonCanBeTheDefault();
+    void thereIsNoOtherButton();
+    void theButtonsHaveNoSizeOfTheirOwn();
+    void theButtonBoxHasNoStyleOfItsOwn();
+    void theButtonsAreNotFiltered();
+
+    void thePromptIsAScaledParagraph();
+    void theWidgetsStandBelowEachOther();
+    void theWidthFollowsTheParent_data();
+    void theWidthFollowsTheParent();
+    void theWidthIsExactForEveryParent();
+    void theWidthIsThatOfTheParentAndNotOfTheWindow();
+    void theWidthIsTakenWhenThePromptIsSet();
+    void withoutAParentItIsAsWideAsItGets();
+    void thePromptIsAsHighAsItsText_data();
+    void thePromptIsAsHighAsItsText();
+
+    void showSheetReturnsAtOnceAndFocusesTheLineEdit();
+    void showSheetReportsTheAnswer_data();
+    void showSheetReportsTheAnswer();
+    void execReturnsTheAnswer_data();
+    void execReturnsTheAnswer();
+    void execFocusesTheSheetAndThenTheLineEdit();
+    void theLineEditKeepsWhatIsTyped();
+    void theContentStaysAfterCancel();
+    void theLineEditIsTheCallersToSetUp();
+    void otherKeysOfTheWindowAreSwallowed();
+    void keyReleasesOfTheWindowAreNot();
+    void keysAreSwallowedWhileItIsHiddenToo();
+    void tabStaysInTheSheet();
+    void inADialogTheKeysAnswerTheSheetOnly();
+
+    void theWindowStaysOpen_data();
+    void theWindowStaysOpen();
+    void theWindowHasNoCloseButtonMeanwhile_data();
+    void theWindowHasNoCloseButtonMeanwhile();
+    void theWindowIsFreeAfterTheAnswer();
+    void theFocusGoesBackToTheWindow();
+    void theMaskGoesWithTheAnswer();
+    void finishedComesOnceWhenItIsHidden();
+    void doneWithoutExecHidesAndReports();
+    void itCanBeAskedAgain();
+    void askingWhileItWaitsChangesNothing();
+    void aDyingWindowAnswers();
+    void aDyingSheetAnswers();
+
+private:
+    ResourceFolder m_folder;
+    QStringList m_loggedWithoutTheme;
+    QStringList m_captionsWithoutTheme;
+};
+
+void VelaInputSheetTest::initTestCase()
+{
+    LogCapture log;
+    const VelaInputSheet sheet(Prompt);
+    m_loggedWithoutTheme = log.takeTexts();
+    m_captionsWithoutTheme << sheet.button(QMessageBox::Ok)->text() << sheet.button(QMessageBox::Discard)->text();
+
+    QByteArray sections;
+    for (const Section &section : Sections) {
+        sections += QByteArray("== ") + section.key + " ==\n" + textOf(section, FontSize).toUtf8() + '\n';
+    }
+    QStringList images {QStringLiteral("icon_question")};
+    for (const char *piece : {"l", "r", "t", "b", "lt", "rt", "lb", "rb"}) {
+        images.append(QLatin1String("bg_tutorial_") + QLatin1String(piece));
+    }
+    for (const QString &name : qAsConst(images)) {
+        m_folder.writeImage(name, QSize(88, 88), Qt::gray);
+    }
+    m_folder.writeCatalogue(images);
+    installSheets(m_folder, sections + "== component.message_sheet_text ==\nQLabel { color: black }\n");
+    ComponentStrings::getInstance()->installStrings({
+        {QStringLiteral("ok"), QStringLiteral("Take it")},
+        {QStringLiteral("cancel"), QStringLiteral("Leave it")},
+        {QStringLiteral("wizard_client_upgrade"), QStringLiteral("Upgrade")},
+    });
+}
+
+void VelaInputSheetTest::missingTextsAndSheetsAreLogged()
+{
+    QSet<QString> expected;
+    for (const Section &section : Sections) {
+        expected.insert(QStringLiteral("Cannot find stylesheet \"%1\"").arg(QLatin1String(section.key)));
+    }
+    const QStringList logged = m_loggedWithoutTheme.filter(QStringLiteral("stylesheet"));
+    QCOMPARE(QSet<QString>(logged.cbegin(), logged.cend()), expected);
+    QCOMPARE(m_captionsWithoutTheme, (QStringList {QStringLiteral("ok"), QStringLiteral("cancel")}));
+}
+
+void VelaInputSheetTest::itIsASheetWithThreeSlotsOfItsOwn()
+{
+    const VelaInputSheet sheet;
+    QVERIFY(qobject_cast<const VelaSheet *>(&sheet));
+    QCOMPARE(sheet.metaObject()->className(), "VelaInputSheet");
+    QCOMPARE(ownDeclarations(VelaInputSheet::staticMetaObject),
+             (QStringList {QStringLiteral("done(int)"), QStringLiteral("quit()"),
+                           QStringLiteral("buttonClick(QAbstractButton*)")}));
+}
+
+void VelaInputSheetTest::theCaptionsComeFromTheStringTable()
+{
+    const VelaInputSheet sheet;
+    QCOMPARE(sheet.button(QMessageBox::Ok)->text(), QStringLiteral("Take it"));
+    QCOMPARE(sheet.button(QMessageBox::Discard)->text(), QStringLiteral("Leave it"));
+}
+
+void VelaInputSheetTest::theStyleSheetsStandUnderTheirKeys()
+{
+    VelaInputSheet sheet;
+    QCOMPARE(sheet.styleSheet(), sheetOf("component.message_sheet_other"));
+    QCOMPARE(sheet.button(QMessageBox::Ok)->styleSheet(), sheetOf("component.apply_button"));
+    QCOMPARE(sheet.button(QMessageBox::Discard)->styleSheet(), sheetOf("component.cancel_button"));
+    QCOMPARE(sheet.getLineEdit()->styleSheet(), sheetOf("component.lineedit"));
+}
+
+void VelaInputSheetTest::okIsTheDefaultButton()
+{
+    const VelaInputSheet sheet;
+    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
+    QVERIFY(!sheet.button(QMessageBox::Discard)->isDefault());
+}
+
+void VelaInputSheetTest::anotherButtonCanBeTheDefault()
+{
+    VelaInputSheet sheet;
+    sheet.setDefaultButton(nullptr);
+    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
+    sheet.setDefaultButton(sheet.button(QMessageBox::Discard));
+    QVERIFY(sheet.button(QMessageBox::Discard)->isDefault());
+}
+
+void VelaInputSheetTest::thereIsNoOtherButton()
+{
+    const VelaInputSheet sheet;
+    QCOMPARE(sheet.findChildren<QAbstractButton *>().size(), 2);
+    QVERIFY(!sheet.button(QMessageBox::Cancel));
+    QVERIFY(!sheet.button(QMessageBox::NoButton));
+}
+
+void VelaInputSheetTest::theButtonsHaveNoSizeOfTheirOwn()
+{
+    const VelaInputSheet sheet;
+    for (QMessageBox::StandardButton which : {QMessageBox::Ok, QMessageBox::Discard}) {
+        QCOMPARE(sheet.button(which)->minimumSize(), QSize(0, 0));
+        QCOMPARE(sheet.button(which)->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    }
+}
+
+void VelaInputSheetTest::theButtonBoxHasNoStyleOfItsOwn()
+{
+    const VelaInputSheet sheet;
+    QVERIFY(!buttonBoxOf(sheet)->testAttribute(Qt::WA_SetStyle));
+    QWidget window;
+    const VelaMessageSheet message(VelaMessageSheet::QuestionMessage, &window);
+    QVERIFY(buttonBoxOf(message)->testAttribute(Qt::WA_SetStyle)); // that of a message has
+}
+
+void VelaInputSheetTest::theButtonsAreNotFiltered()
+{
+    const VelaInputSheet sheet;
+    for (QMessageBox::StandardButton which : {QMessageBox::Ok, QMessageBox::Discard}) {
+        QCloseEvent close;
+        QCoreApplication::sendEvent(sheet.button(which), &close);
+        QVERIFY(close.isAccepted());
+    }
+}
+
+void VelaInputSheetTest::thePromptIsAScaledParagraph()
+{
+    const QString paragraph = QStringLiteral("<p style='line-height: %1px;'>%2</p>").arg(expectedPixels(20));
+    VelaInputSheet sheet(Prompt);
+    const QLabel *prompt = promptOf(sheet);
+    QCOMPARE(prompt->text(), paragraph.arg(Prompt));
+    QVERIFY(prompt->wordWrap());
+    QCOMPARE(prompt->alignment(), Qt::AlignTop);
+    QCOMPARE(prompt->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
+    QCOMPARE(prompt->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+
+    sheet.setText(QStringLiteral("<b>Another</b>"));
+    QCOMPARE(prompt->text(), paragraph.arg(QStringLiteral("<b>Another</b>")));
+    QVERIFY(promptOf(VelaInputSheet())->text().isEmpty());
+}
+
+void VelaInputSheetTest::theWidgetsStandBelowEachOther()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    sheet.showSheet();
+
+    const int inset = expectedPixels(ShadowWidth) + expectedPixels(Margin);
+    const int innerWidth = expectedPixels(480) - 2 * inset;
+    const QRect prompt = promptOf(sheet)->geometry();
+    const QRect lineEdit = sheet.getLineEdit()->geometry();
+    const QRect buttonBox = buttonBoxOf(sheet)->geometry();
+    QCOMPARE(prompt.topLeft(), QPoint(inset, inset));
+    QCOMPARE(prompt.size(), QSize(innerWidth, neededHeight(*promptOf(sheet), innerWidth)));
+    QCOMPARE(lineEdit, QRect(inset, inset + prompt.height() + expectedPixels(8), innerWidth, expectedPixels(28)));
+    QCOMPARE(buttonBox.topLeft(), QPoint(inset, lineEdit.y() + lineEdit.height() + expectedPixels(24)));
+    QCOMPARE(buttonBox.size(), QSize(innerWidth, buttonBoxOf(sheet)->sizeHint().height()));
+    QCOMPARE(sheet.size(), QSize(expectedPixels(480), buttonBox.y() + buttonBox.height() + inset));
+
+    QCOMPARE(sheet.getLineEdit()->minimumHeight(), expectedPixels(28));
+    QCOMPARE(sheet.getLineEdit()->maximumHeight(), expectedPixels(28));
+    QCOMPARE(sheet.sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    QCOMPARE(sheet.sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+}
+
+void VelaInputSheetTest::theWidthFollowsTheParent_data()
+{
+    QTest::addColumn<int>("parent");
+    QTest::addColumn<int>("sheet");
+    QTest::newRow("narrow") << 300 << 260;
+    QTest::newRow("500") << 500 << 460;
+    QTest::newRow("just below") << 516 << 476;
+    QTest::newRow("the first that is wide enough") << 520 << 480;
+    QTest::newRow("just above") << 524 << 480;
+    QTest::newRow("wide") << 700 << 480;
+    QTest::newRow("very wide") << 2000 << 480;
+}
+
+void VelaInputSheetTest::theWidthFollowsTheParent()
+{
+    QFETCH(int, parent);
+    QFETCH(int, sheet);
+    QWidget window;
+    window.resize(expectedPixels(parent), expectedPixels(300)); // multiples of four: no fractions at any scale
+    const VelaInputSheet inputSheet(&window);
+    QCOMPARE(inputSheet.minimumWidth(), expectedPixels(sheet));
+    QCOMPARE(inputSheet.maximumWidth(), expectedPixels(sheet));
+    QCOMPARE(inputSheet.width(), expectedPixels(sheet));
+}
+
+void VelaInputSheetTest::theWidthIsExactForEveryParent()
+{
+    QWidget window;
+    VelaInputSheet sheet(&window);
+    for (int width = expectedPixels(300); width <= expectedPixels(700); ++width) {
+        window.resize(width, 300);
+        sheet.setText(QString());
+        if (sheet.width() != expectedWidth(width)) {
+            QCOMPARE(QPair(width, sheet.width()), QPair(width, expectedWidth(width)));
+        }
+    }
+}
+
+void VelaInputSheetTest::theWidthIsThatOfTheParentAndNotOfTheWindow()
+{
+    QWidget window;
+    window.resize(expectedPixels(700), expectedPixels(300));
+    QWidget panel(&window);
+    panel.resize(expectedPixels(400), expectedPixels(300));
+    QCOMPARE(VelaInputSheet(&panel).width(), expectedPixels(360));
+    QCOMPARE(VelaInputSheet(Prompt, &panel).width(), expectedPixels(360));
+}
+
+void VelaInputSheetTest::theWidthIsTakenWhenThePromptIsSet()
+{
+    QWidget window;
+    window.resize(expectedPixels(400), expectedPixels(300));
+    VelaInputSheet sheet(Prompt, &window);
+    window.resize(expectedPixels(500), expectedPixels(300));
+    QCOMPARE(sheet.width(), expectedPixels(360));
+    sheet.setText(Prompt);
+    QCOMPARE(sheet.width(), expectedPixels(460));
+}
+
+void VelaInputSheetTest::withoutAParentItIsAsWideAsItGets()
+{
+    QCOMPARE(VelaInputSheet().width(), expectedPixels(480));
+}
+
+void VelaInputSheetTest::thePromptIsAsHighAsItsText_data()
+{
+    QTest::addColumn<int>("windowWidth");
+    QTest::addColumn<bool>("isMasked");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("changed while hidden") << 600 << true << false;
+    QTest::newRow("changed while shown") << 600 << true << true;
+    QTest::newRow("changed while hidden, no mask") << 600 << false << false;
+    QTest::newRow("changed while shown, no mask") << 600 << false << true;
+    QTest::newRow("narrow") << 300 << true << true;
+    QTest::newRow("narrow, no mask") << 300 << false << false;
+}
+
+void VelaInputSheetTest::thePromptIsAsHighAsItsText()
+{
+    QFETCH(int, windowWidth);
+    QFETCH(bool, isMasked);
+    QFETCH(bool, isShown);
+    SheetWindow window;
+    window.resize(expectedPixels(windowWidth), expectedPixels(530));
+    VelaInputSheet sheet(Prompt, &window);
+    if (isMasked) {
+        VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+    }
+    QVERIFY(window.showAndWait());
+    const int inset = expectedPixels(ShadowWidth) + expectedPixels(Margin);
+    const int rest = 2 * inset + expectedPixels(8) + expectedPixels(28) + expectedPixels(24)
+        + buttonBoxOf(sheet)->sizeHint().height();
+    QVector<int> heights;
+    for (const QString &text : {LongPrompt, Prompt, LongPrompt, QString()}) {
+        sheet.setVisible(isShown);
+        sheet.setText(text);
+        sheet.setVisible(true);
+        const int needed = neededHeight(*promptOf(sheet), sheet.width() - 2 * inset);
+        QCOMPARE(promptOf(sheet)->height(), needed);
+        QCOMPARE(sheet.height(), rest + needed);
+        QCoreApplication::sendPostedEvents(); // and it was so at once
+        QCOMPARE(promptOf(sheet)->height(), needed);
+        QCOMPARE(sheet.height(), rest + needed);
+        QCOMPARE(sheet.getLineEdit()->y(), inset + needed + expectedPixels(8));
+        heights.append(needed);
+    }
+    QVERIFY(heights.at(0) > 3 * heights.at(1));
+    QCOMPARE(heights.at(2), heights.at(0));
+}
+
+void VelaInputSheetTest::showSheetReturnsAtOnceAndFocusesTheLineEdit()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    QVERIFY(window.neighbour->hasFocus());
+    VelaSheet &base = sheet;
+    base.showSheet();
+    QVERIFY(sheet.isVisible());
+    QVERIFY(sheet.getLineEdit()->hasFocus());
+}
+
+void VelaInputSheetTest::showSheetReportsTheAnswer_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("answer");
+    QTest::newRow("Return") << Qt::Key_Return << OkCode;
+    QTest::newRow("Escape") << Qt::Key_Escape << CancelCode;
+}
+
+void VelaInputSheetTest::showSheetReportsTheAnswer()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(int, answer);
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy finished(&sheet, &VelaSheet::finished);
+    sheet.showSheet();
+    window.key(key);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0).at(0).toInt(), answer);
+    QVERIFY(!sheet.isVisible());
+}
+
+void VelaInputSheetTest::execReturnsTheAnswer_data()
+{
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<int>("expected");
+
+    const auto press = [](Qt::Key key) -> Action { return [key](SheetWindow &window, auto &) { window.key(key); }; };
+    QTest::newRow("Return in the line edit") << press(Qt::Key_Return) << OkCode;
+    QTest::newRow("Enter in the line edit") << press(Qt::Key_Enter) << OkCode;
+    QTest::newRow("Escape in the line edit") << press(Qt::Key_Escape) << CancelCode;
+
+    const auto pressElsewhere = [](Qt::Key key) -> Action {
+        return [key](SheetWindow &window, VelaInputSheet &sheet) {
+            sheet.setFocus();
+            window.key(key);
+        };
+    };
+    QTest::newRow("Return elsewhere") << pressElsewhere(Qt::Key_Return) << OkCode;
+    QTest::newRow("Enter elsewhere") << pressElsewhere(Qt::Key_Enter) << OkCode;
+    QTest::newRow("Space elsewhere") << pressElsewhere(Qt::Key_Space) << OkCode;
+    QTest::newRow("Escape elsewhere") << pressElsewhere(Qt::Key_Escape) << CancelCode;
+
+    const auto click = [](QMessageBox::StandardButton which) -> Action {
+        return [which](SheetWindow &window, VelaInputSheet &sheet) { window.clickOn(sheet.button(which)); };
+    };
+    QTest::newRow("Ok clicked") << click(QMessageBox::Ok) << OkCode;
+    QTest::newRow("cancel clicked") << click(QMessageBox::Discard) << CancelCode;
+
+    const auto spaceOn = [](QMessageBox::StandardButton which) -> Action {
+        return [which](SheetWindow &window, VelaInputSheet &sheet) {
+            sheet.button(which)->setFocus();
+            window.key(Qt::Key_Space);
+        };
+    };
+    QTest::newRow("Space on Ok") << spaceOn(QMessageBox::Ok) << OkCode;
+    QTest::newRow("Space on cancel") << spaceOn(QMessageBox::Discard) << CancelCode;
+
+    const auto call = [](void (*function)(VelaInputSheet &)) -> Action {
+        return [function](SheetWindow &, VelaInputSheet &sheet) { function(sheet); };
+    };
+    QTest::newRow("buttonClick of Ok") << call([](auto &sheet) { sheet.buttonClick(sheet.button(QMessageBox::Ok)); })
+                                       << OkCode;
+    QTest::newRow("buttonClick of cancel")
+        << call([](auto &sheet) { sheet.buttonClick(sheet.button(QMessageBox::Discard)); }) << CancelCode;
+    QTest::newRow("quit") << call([](auto &sheet) { sheet.quit(); }) << 0;
+    QTest::newRow("done") << call([](auto &sheet) { sheet.done(4711); }) << 4711;
+}
+
+void VelaInputSheetTest::execReturnsTheAnswer()
+{
+    QFETCH(Action, action);
+    QFETCH(int, expected);
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy finished(&sheet, &VelaSheet::finished);
+    QCOMPARE(answer(&sheet, [&] { action(window, sheet); }), expected);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0).at(0).toInt(), expected);
+    QVERIFY(!sheet.isVisible());
+}
+
+void VelaInputSheetTest::execFocusesTheSheetAndThenTheLineEdit()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    const FocusLog log(&sheet, sheet.getLineEdit());
+    answer(&sheet, [&] {
+        QVERIFY(sheet.isVisible());
+        QVERIFY(sheet.getLineEdit()->hasFocus());
+        sheet.quit();
+    });
+    QCOMPARE(log.entries.size(), 2);
+    QCOMPARE(log.entries.at(0), qMakePair(static_cast<QObject *>(&sheet), Qt::TabFocusReason));
+    QCOMPARE(log.entries.at(1).first, static_cast<QObject *>(sheet.getLineEdit()));
+}
+
+void VelaInputSheetTest::theLineEditKeepsWhatIsTyped()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    QVERIFY(sheet.getContent().isEmpty());
+    const int result = answer(&sheet, [&] {
+        window.type(QStringLiteral("two words"));
+        window.key(Qt::Key_Home);
+        window.key(Qt::Key_Delete);
+        window.key(Qt::Key_Return);
+    });
+    QCOMPARE(result, OkCode);
+    QCOMPARE(sheet.getContent(), QStringLiteral("wo words"));
+}
+
+void VelaInputSheetTest::theContentStaysAfterCancel()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    const int result = answer(&sheet, [&] {
+        window.type(QStringLiteral("typed"));
+        window.key(Qt::Key_Escape);
+    });
+    QCOMPARE(result, CancelCode);
+    QCOMPARE(sheet.getContent(), QStringLiteral("typed"));
+}
+
+void VelaInputSheetTest::theLineEditIsTheCallersToSetUp()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QLineEdit *lineEdit = sheet.getLineEdit();
+    QCOMPARE(lineEdit->parentWidget(), static_cast<QWidget *>(&sheet));
+    const QRegularExpressionValidator digits(QRegularExpression(QStringLiteral("\\d*")));
+    lineEdit->setValidator(&digits);
+    lineEdit->setText(QStringLiteral("4"));
+    QVERIFY(window.showAndWait());
+    answer(&sheet, [&] {
+        window.type(QStringLiteral("a2"));
+        window.key(Qt::Key_Return);
+    });
+    QCOMPARE(sheet.getContent(), QStringLiteral("42"));
+}
+
+void VelaInputSheetTest::otherKeysOfTheWindowAreSwallowed()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    EventCounter presses(&window, QEvent::KeyPress);
+    const int result = answer(&sheet, [&] {
+        sheet.setFocus();
+        for (Qt::Key key : {Qt::Key_A, Qt::Key_F5, Qt::Key_Left, Qt::Key_Delete}) {
+            window.key(key);
+        }
+        sheet.getLineEdit()->setFocus();
+        window.key(Qt::Key_F5); // which the line edit passes on
+        QVERIFY(sheet.isVisible());
+        sheet.done(1);
+    });
+    QCOMPARE(result, 1);
+    QCOMPARE(presses.take(), 0);
+    QVERIFY(sheet.getContent().isEmpty());
+}
+
+void VelaInputSheetTest::keyReleasesOfTheWindowAreNot()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    sheet.showSheet();
+    sheet.setFocus();
+    EventCounter releases(&window, QEvent::KeyRelease);
+    window.key(Qt::Key_F5);
+    QCOMPARE(releases.take(), 1);
+}
+
+void VelaInputSheetTest::keysAreSwallowedWhileItIsHiddenToo()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
+    sheet.showSheet();
+    sheet.hide(); // without an answer
+    const QSignalSpy finished(&sheet, &VelaSheet::finished);
+    window.control->setFocus();
+    window.key(Qt::Key_F5);
+    QCOMPARE(presses.take(), 0);
+    window.key(Qt::Key_Escape);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0).at(0).toInt(), CancelCode);
+}
+
+void VelaInputSheetTest::tabStaysInTheSheet()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    sheet.showSheet();
+    const QSet<QWidget *> stops {sheet.getLineEdit(), sheet.button(QMessageBox::Ok),
+                                 sheet.button(QMessageBox::Discard)};
+    for (Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        QSet<QWidget *> visited;
+        for (int i = 0; i < stops.size(); ++i) {
+            window.key(key);
+            visited.insert(window.focusWidget());
+        }
+        QCOMPARE(visited, stops);
+        QVERIFY(sheet.getLineEdit()->hasFocus()); // once around
+    }
+}
+
+void VelaInputSheetTest::inADialogTheKeysAnswerTheSheetOnly()
+{
+    QDialog dialog;
+    dialog.resize(expectedPixels(600), expectedPixels(400));
+    VelaInputSheet sheet(Prompt, &dialog);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QCOMPARE(answer(&sheet, [&] { QTest::keyClick(dialog.windowHandle(), Qt::Key_Return); }), OkCode);
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(answer(&sheet, [&] { QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape); }), CancelCode);
+    QVERIFY(dialog.isVisible());
+}
+
+void VelaInputSheetTest::theWindowStaysOpen_data()
+{
+    QTest::addColumn<bool>("waits");
+    QTest::addColumn<bool>("blocks");
+    QTest::newRow("exec, blocked") << true << true;
+    QTest::newRow("exec, not blocked") << true << false;
+    QTest::newRow("showSheet, blocked") << false << true;
+    QTest::newRow("showSheet, not blocked") << false << false;
+}
+
+void VelaInputSheetTest::theWindowStaysOpen()
+{
+    QFETCH(bool, waits);
+    QFETCH(bool, blocks);
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    if (!blocks) { // it blocks at first
+        sheet.setBlockWindowButton(false);
+    }
+    bool wasClosed = false;
+    EventCounter closes(&window, QEvent::Close);
+    const auto close = [&] {
+        wasClosed = window.close();
+        sheet.done(1);
+    };
+    if (waits) {
+        QCOMPARE(answer(&sheet, close), 1);
+    } else {
+        sheet.showSheet();
+        close();
+    }
+    QCOMPARE(wasClosed, !blocks);
+    QCOMPARE(window.isVisible(), blocks);
+    QCOMPARE(closes.take(), blocks ? 0 : 1); // a refused one is consumed
+}
+
+void VelaInputSheetTest::theWindowHasNoCloseButtonMeanwhile_data()
+{
+    QTest::addColumn<bool>("waits");
+    QTest::addColumn<bool>("blocks");
+    QTest::newRow("exec, blocked") << true << true;
+    QTest::newRow("exec, not blocked") << true << false;
+    QTest::newRow("showSheet, blocked") << false << true;
+}
+
+void VelaInputSheetTest::theWindowHasNoCloseButtonMeanwhile()
+{
+    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
+        QSKIP("needs an X server: run the x11-* presets");
+    }
+    QFETCH(bool, waits);
+    QFETCH(bool, blocks);
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    sheet.setBlockWindowButton(blocks);
+    QVERIFY(window.showAndWait());
+    XConnection x;
+    const auto hints = [&] { return x.property(XWindow(window.winId()), "_MOTIF_WM_HINTS"); };
+    const XProperty disabled {"_MOTIF_WM_HINTS", 32, {1, 0, 6, 0, 0}};
+    const XProperty before = hints();
+    QVERIFY(!(before == disabled));
+    x.watch(XWindow(window.winId()), "_MOTIF_WM_HINTS");
+    if (waits) {
+        answer(&sheet, [&] {
+            QTRY_COMPARE(hints(), blocks ? disabled : before);
+            sheet.quit();
+        });
+    } else {
+        sheet.showSheet();
+        QCOMPARE(hints(), before);
+        sheet.quit();
+    }
+    QTRY_COMPARE(hints(), before);
+    QCOMPARE(x.changes(), waits && blocks ? 2 : 0);
+}
+
+void VelaInputSheetTest::theWindowIsFreeAfterTheAnswer()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    answer(&sheet, [&] { sheet.quit(); });
+    window.control->setFocus();
+    EventCounter presses(&window, QEvent::KeyPress);
+    window.key(Qt::Key_F5);
+    QCOMPARE(presses.take(), 1);
+    QVERIFY(window.close());
+}
+
+void VelaInputSheetTest::theFocusGoesBackToTheWindow()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    QVERIFY(window.neighbour->hasFocus());
+    answer(&sheet, [&] { window.key(Qt::Key_Return); });
+    QVERIFY(window.neighbour->hasFocus());
+}
+
+void VelaInputSheetTest::theMaskGoesWithTheAnswer()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+    const auto *mask = window.findChild<VelaMask *>();
+    QVERIFY(window.showAndWait());
+    const int result = answer(&sheet, [&] {
+        QVERIFY(mask->isVisible());
+        QCOMPARE(mask->geometry(), window.rect());
+        QCOMPARE(sheet.parentWidget(), static_cast<const QWidget *>(mask));
+        window.clickOn(sheet.button(QMessageBox::Ok));
+    });
+    QCOMPARE(result, OkCode);
+    QVERIFY(!mask->isVisible());
+}
+
+void VelaInputSheetTest::finishedComesOnceWhenItIsHidden()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    QVector<bool> wasVisible;
+    connect(&sheet, &VelaSheet::finished, &sheet, [&] { wasVisible.append(sheet.isVisible()); });
+    answer(&sheet, [&] { window.key(Qt::Key_Return); });
+    QCOMPARE(wasVisible, QVector<bool> {false});
+}
+
+void VelaInputSheetTest::doneWithoutExecHidesAndReports()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy finished(&sheet, &VelaSheet::finished);
+    sheet.showSheet();
+    sheet.done(5);
+    QVERIFY(!sheet.isVisible());
+    sheet.quit(); // hidden already
+    QCOMPARE(finished.count(), 2);
+    QCOMPARE(finished.at(0).at(0).toInt(), 5);
+    QCOMPARE(finished.at(1).at(0).toInt(), 0);
+}
+
+void VelaInputSheetTest::itCanBeAskedAgain()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    QCOMPARE(answer(&sheet,
+                    [&] {
+                        window.type(QStringLiteral("one"));
+                        window.key(Qt::Key_Escape);
+                    }),
+             CancelCode);
+    QCOMPARE(answer(&sheet,
+                    [&] {
+                        window.key(Qt::Key_End);
+                        window.type(QStringLiteral(" two"));
+                        window.key(Qt::Key_Return);
+                    }),
+             OkCode);
+    QCOMPARE(sheet.getContent(), QStringLiteral("one two"));
+}
+
+void VelaInputSheetTest::askingWhileItWaitsChangesNothing()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    int inner = NoAnswer;
+    const int outer = answer(&sheet, [&] {
+        inner = sheet.exec();
+        QVERIFY(sheet.isVisible());
+        window.key(Qt::Key_Return);
+    });
+    QCOMPARE(inner, 0);
+    QCOMPARE(outer, OkCode);
+}
+
+void VelaInputSheetTest::aDyingWindowAnswers()
+{
+    auto window = std::make_unique<SheetWindow>();
+    VelaInputSheet sheet(Prompt, window.get());
+    QVERIFY(window->showAndWait());
+    sheet.getLineEdit()->setText(QStringLiteral("kept"));
+    QCOMPARE(answer(&sheet, [&] { window.reset(); }), 0);
+    QVERIFY(!window);
+    QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // it is its caller's
+}
+
+void VelaInputSheetTest::aDyingSheetAnswers()
+{
+    SheetWindow window;
+    QPointer<VelaInputSheet> sheet(new VelaInputSheet(Prompt, &window));
+    QVERIFY(window.showAndWait());
+    QCOMPARE(answer(sheet, [&] { delete sheet; }), 0);
+    QVERIFY(!sheet);
+    window.control->setFocus();
+    EventCounter presses(&window, QEvent::KeyPress);
+    window.key(Qt::Key_F5);
+    QCOMPARE(presses.take(), 1);
+}
+
+QTEST_MAIN(VelaInputSheetTest)
+#include "tst_vela_input_sheet.moc"
