@@ -32,13 +32,14 @@ constexpr double ShallowPathTarget = 1.3;
 constexpr double DeepPathTarget = 1.0;
 
 constexpr int Columns = 50;
-constexpr int ColumnWidth = 90;
+constexpr int ColumnWidth = 10; // at least
 constexpr int Rows = 100000;
 constexpr int HeaderWidth = 20000;
 constexpr int HeaderHeight = 30;
 constexpr int RowHeight = 28;
 constexpr int BarHeight = 28;
 constexpr QSize WindowSize(900, 600);
+const QPoint TreePosition(100, 100);
 
 QString sheetOf(const char *key)
 {
@@ -49,22 +50,42 @@ QString sheetOf(const char *key)
 
 using MakeTable = std::function<QTableWidget *(QWidget *parent)>;
 
-VelaTableColumnsInfo columns()
-{
-    VelaTableColumnsInfo info;
-    for (int i = 0; i < Columns; ++i) {
-        const bool stretches = i < 2;
-        info.addColumn(QStringLiteral("Column %1").arg(i), ColumnWidth, stretches, stretches ? 0.5 : 0.0);
-    }
-    return info;
-}
-
+/// Columns that stretch alike and fill the table.
 QTableWidget *table(QWidget *parent)
 {
-    auto *widget = new VelaTableWidget(columns(), parent);
+    VelaTableColumnsInfo columns;
+    for (int i = 0; i < Columns; ++i) {
+        columns.addColumn(QStringLiteral("Column %1").arg(i), ColumnWidth, true, 1.0 / Columns);
+    }
+    auto *widget = new VelaTableWidget(columns, parent);
     widget->resize(WindowSize);
     return widget->getTable();
 }
+
+/// Has its columns share the width of the table, by a header above it.
+class Stretcher : public QObject
+{
+public:
+    Stretcher(QHeaderView *header, QTableWidget *body) : QObject(body), m_header(header)
+    {
+        body->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize) {
+            const int width = static_cast<QResizeEvent *>(event)->size().width();
+            for (int i = 0; i < Columns; ++i) {
+                m_header->resizeSection(i, width / Columns);
+            }
+        }
+        return false;
+    }
+
+private:
+    QHeaderView *const m_header;
+};
 
 /// A header of its own above the rows, put together from what Qt has.
 QTableWidget *bareTable(QWidget *parent)
@@ -78,14 +99,13 @@ QTableWidget *bareTable(QWidget *parent)
     header->setModel(headerModel->model());
     header->setStyleSheet(sheetOf("component.table_header"));
     header->setFixedSize(HeaderWidth, HeaderHeight);
+    header->setMinimumSectionSize(0);
+    body->horizontalHeader()->setMinimumSectionSize(0);
     QStringList labels;
     for (int i = 0; i < Columns; ++i) {
         labels.append(QStringLiteral("Column %1").arg(i));
-        const auto mode = i < 2 ? QHeaderView::Interactive : QHeaderView::Fixed;
         header->resizeSection(i, ColumnWidth);
         body->horizontalHeader()->resizeSection(i, ColumnWidth);
-        header->setSectionResizeMode(i, mode);
-        body->horizontalHeader()->setSectionResizeMode(i, mode);
     }
     headerModel->setHorizontalHeaderLabels(labels);
     body->horizontalHeader()->hide();
@@ -110,11 +130,12 @@ QTableWidget *bareTable(QWidget *parent)
                      [body](int index, int, int size) { body->horizontalHeader()->resizeSection(index, size); });
     QObject::connect(body->horizontalScrollBar(), &QScrollBar::valueChanged, area->horizontalScrollBar(),
                      &QScrollBar::setValue);
+    new Stretcher(header, body);
     widget->resize(WindowSize);
     return body;
 }
 
-void constructTables(benchmark::State &state, const MakeTable &make)
+void constructTables(benchmark::State &state, const MakeTable &make, int rowCount)
 {
     QWidget window;
     window.resize(WindowSize);
@@ -123,6 +144,7 @@ void constructTables(benchmark::State &state, const MakeTable &make)
     for (auto iteration : state) {
         Q_UNUSED(iteration)
         QTableWidget *body = make(&window);
+        body->setRowCount(rowCount);
         const PaintWatcher watcher(body->viewport());
         body->parentWidget()->show();
         watcher.waitForPaint();
@@ -134,7 +156,7 @@ void constructTables(benchmark::State &state, const MakeTable &make)
     }
 }
 
-void resizeTables(benchmark::State &state, const MakeTable &make, bool stretchByHand)
+void resizeTables(benchmark::State &state, const MakeTable &make)
 {
     QWidget window;
     window.resize(WindowSize);
@@ -149,66 +171,97 @@ void resizeTables(benchmark::State &state, const MakeTable &make, bool stretchBy
     int width = WindowSize.width();
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        width = width == WindowSize.width() ? width + 40 : WindowSize.width();
-        if (stretchByHand) { // as the widths are ours: the fixed columns leave nothing, so each keeps its base width
-            for (int i = 0; i < 2; ++i) {
-                body->horizontalHeader()->resizeSection(i, ColumnWidth);
-            }
-        }
+        width = width == WindowSize.width() ? width + Columns : WindowSize.width(); // a pixel for each column
         widget->resize(width, WindowSize.height());
-        widget->repaint();
-        body->viewport()->repaint();
+        QApplication::processEvents();
     }
+}
+
+void compareTables(const char *what, int rowCount)
+{
+    compare(
+        what, TableTarget, [rowCount](benchmark::State &state) { constructTables(state, table, rowCount); },
+        [rowCount](benchmark::State &state) { constructTables(state, bareTable, rowCount); });
 }
 
 // ---- tree
 
-void construct(QTreeWidget *tree, int count)
+struct Ours
 {
-    auto *delegate = new ItemDelegate;
-    delegate->setParent(tree);
+    using Tree = VelaTreeWidget;
+    using Delegate = ItemDelegate;
+    using Item = FileSystemTreeWidgetItem;
+};
+
+/// Rows of the same height, items with a path.
+struct Bare
+{
+    class Delegate : public QItemDelegate
+    {
+    public:
+        QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+        {
+            return {QItemDelegate::sizeHint(option, index).width(), RowHeight};
+        }
+    };
+
+    class Item : public QTreeWidgetItem
+    {
+    public:
+        QString path;
+    };
+
+    using Tree = QTreeWidget;
+};
+
+template<typename Side>
+std::unique_ptr<typename Side::Tree> tree(int count)
+{
+    auto tree = std::make_unique<typename Side::Tree>();
+    auto *delegate = new typename Side::Delegate;
+    delegate->setParent(tree.get());
     tree->setItemDelegate(delegate);
     tree->setHeaderHidden(true);
     tree->setUniformRowHeights(true);
     QList<QTreeWidgetItem *> items;
     items.reserve(count);
     for (int i = 0; i < count; ++i) {
-        auto *item = new FileSystemTreeWidgetItem;
+        auto *item = new typename Side::Item;
         item->setText(0, QStringLiteral("Folder %1").arg(i));
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        item->path = QStringLiteral("/folders/%1").arg(i);
         items.append(item);
     }
     tree->addTopLevelItems(items);
-    tree->resize(WindowSize);
+    tree->setGeometry(QRect(TreePosition, WindowSize));
+    return tree;
 }
 
-template<typename Tree>
+template<typename Side>
 void constructTrees(benchmark::State &state, int count)
 {
+    QCursor::setPos(0, 0);
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        auto tree = std::make_unique<Tree>();
-        construct(tree.get(), count);
-        const PaintWatcher watcher(tree->viewport());
-        tree->show();
+        auto shownTree = tree<Side>(count);
+        const PaintWatcher watcher(shownTree->viewport());
+        shownTree->show();
         watcher.waitForPaint();
 
         state.PauseTiming();
-        tree.reset();
+        shownTree.reset();
         state.ResumeTiming();
     }
 }
 
-template<typename Tree>
-void scrollTrees(benchmark::State &state, int count)
+/// With the pointer at @p pointer; ours highlights the row under it, which is more to paint.
+template<typename Side>
+void scrollTrees(benchmark::State &state, int count, const QPoint &pointer)
 {
-    Tree tree;
-    construct(&tree, count);
-    tree.move(100, 100);
-    QCursor::setPos(0, 0); // beside it: ours highlights the row under the pointer, which is more to paint
-    tree.show();
+    const auto shownTree = tree<Side>(count);
+    QCursor::setPos(pointer);
+    shownTree->show();
     QApplication::processEvents();
-    QScrollBar *bar = tree.verticalScrollBar();
+    QScrollBar *bar = shownTree->verticalScrollBar();
     int value = 0;
     for (auto iteration : state) {
         Q_UNUSED(iteration)
@@ -220,14 +273,18 @@ void scrollTrees(benchmark::State &state, int count)
 
 void compareTrees(const std::string &size, int count)
 {
+    const auto compareScrolling = [&](const char *how, std::optional<double> target, const QPoint &pointer) {
+        compare(
+            "VelaTreeWidget, " + size + " items, " + how, target,
+            [count, pointer](benchmark::State &state) { scrollTrees<Ours>(state, count, pointer); },
+            [count, pointer](benchmark::State &state) { scrollTrees<Bare>(state, count, pointer); });
+    };
     compare(
         "VelaTreeWidget, " + size + " items, first paint", TreeTarget,
-        [count](benchmark::State &state) { constructTrees<VelaTreeWidget>(state, count); },
-        [count](benchmark::State &state) { constructTrees<QTreeWidget>(state, count); });
-    compare(
-        "VelaTreeWidget, " + size + " items, scrolling", MovingTarget,
-        [count](benchmark::State &state) { scrollTrees<VelaTreeWidget>(state, count); },
-        [count](benchmark::State &state) { scrollTrees<QTreeWidget>(state, count); });
+        [count](benchmark::State &state) { constructTrees<Ours>(state, count); },
+        [count](benchmark::State &state) { constructTrees<Bare>(state, count); });
+    compareScrolling("scrolling", MovingTarget, QPoint(0, 0));
+    compareScrolling("pointer over it", std::nullopt, TreePosition + QPoint(300, 300));
 }
 
 // ---- paging
@@ -260,9 +317,10 @@ QWidget *barePagingBar(QWidget *parent)
 void turnPages(benchmark::State &state, int itemCount)
 {
     VelaPagingModel model(50);
-    VelaPagingBar bar(&model);
+    QWidget window;
+    VelaPagingBar bar(&model, &window);
     bar.setItemCount(itemCount);
-    bar.show();
+    window.show();
     QApplication::processEvents();
     const int pages = model.pageCount();
     for (auto iteration : state) {
@@ -350,10 +408,12 @@ void constructPaths(benchmark::State &state, Fill fill)
 template<typename Path, typename Fill>
 void refreshPaths(benchmark::State &state, Fill fill)
 {
-    Path path;
+    QWidget window;
+    window.resize(WindowSize);
+    Path path(&window);
     path.resize(WindowSize.width(), BarHeight);
     fill(&path, true);
-    path.show();
+    window.show();
     QApplication::processEvents();
     for (auto iteration : state) {
         Q_UNUSED(iteration)
@@ -387,9 +447,11 @@ void compareGrowth(int depth)
 {
     const auto refresh = [](benchmark::State &state, int partCount, int times) {
         const QString path = pathOf(partCount);
-        VelaButtonPath bar;
+        QWidget window;
+        window.resize(WindowSize);
+        VelaButtonPath bar(&window);
         bar.resize(WindowSize.width(), BarHeight);
-        bar.show();
+        window.show();
         for (auto iteration : state) {
             Q_UNUSED(iteration)
             for (int i = 0; i < times; ++i) {
@@ -398,7 +460,7 @@ void compareGrowth(int depth)
         }
     };
     compare(
-        "VelaButtonPath, depth " + std::to_string(depth) + ", against half of it twice", std::nullopt,
+        "VelaButtonPath, depth " + std::to_string(depth) + ", against half twice", std::nullopt,
         [refresh, depth](benchmark::State &state) { refresh(state, depth, 1); },
         [refresh, depth](benchmark::State &state) { refresh(state, depth / 2, 2); });
 }
@@ -442,14 +504,12 @@ int main(int argc, char *argv[])
     StyleManager::getInstance()->initialize({resources.writeSheet(QStringLiteral("views.qss"), sheets())});
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false")); // texts and states left out
 
-    compare(
-        "VelaTableWidget, 50 columns, first paint", TableTarget,
-        [](benchmark::State &state) { constructTables(state, table); },
-        [](benchmark::State &state) { constructTables(state, bareTable); });
+    compareTables("VelaTableWidget, first paint", 0);
+    compareTables("VelaTableWidget, 100000 rows, first paint", Rows);
     compare(
         "VelaTableWidget, 100000 rows, resizing", MovingTarget,
-        [](benchmark::State &state) { resizeTables(state, table, false); },
-        [](benchmark::State &state) { resizeTables(state, bareTable, true); });
+        [](benchmark::State &state) { resizeTables(state, table); },
+        [](benchmark::State &state) { resizeTables(state, bareTable); });
     compareTrees("10000", 10000);
     compareTrees("100000", 100000);
     compare(
@@ -460,7 +520,7 @@ int main(int argc, char *argv[])
         },
         [](benchmark::State &state) { showPanels(state, 1, barePagingBar); });
     compare(
-        "VelaPagingBar, pages of 2000000000 items, against 1000", std::nullopt,
+        "VelaPagingBar, 2000000000 items, against 1000", std::nullopt,
         [](benchmark::State &state) { turnPages(state, 2000000000); },
         [](benchmark::State &state) { turnPages(state, 1000); });
     comparePaths(8, ShallowPathTarget);

@@ -87,6 +87,10 @@ void SheetRun::end(int result)
     }
     m_sheet->window()->removeEventFilter(m_sheet);
     m_sheet->hide();
+    QWidget *focused = m_sheet->window()->focusWidget();
+    if (m_sheet->isAncestorOf(focused)) { // where nothing else takes it, and a key would press the hidden button
+        focused->clearFocus();
+    }
 
     const QPointer<SheetRun> self(this);
     Q_EMIT m_sheet->finished(result);

@@ -111,7 +111,6 @@ void VelaInputSheetPrivate::setupLayout()
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     q->setFixedWidth(scaled(getPreferredWidth()));
     // The label takes this height when it gets its width; the sheet's own height, which comes first, counts on it.
-    promptLabel->ensurePolished();
     promptLabel->setMinimumHeight(0); // or it would need no less than for the prompt or width that it had before
     const int textWidth = q->contentsRect().width() - 2 * scaled(Margin);
     promptLabel->setFixedHeight(qMax(0, promptLabel->heightForWidth(textWidth)));

@@ -33,7 +33,8 @@ public:
     QPushButton *button(QMessageBox::StandardButton which) const;
     /// Makes @p button a default button; null changes nothing.
     void setDefaultButton(QPushButton *button);
-    /// Whether the window cannot be closed while exec() waits; it cannot at first.
+    /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
+    /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
 
     /// Shows the sheet with the focus in the line edit and returns at once; finished() brings the answer.

@@ -1333,9 +1333,9 @@ void VelaTreeWidgetTest::homeStaysInFrontWhenSorted_data()
 {
     QTest::addColumn<QString>("homeText");
     QTest::addColumn<int>("count");
-    for (const char *text : {"Aaa", "Home", "Zzz"}) {
+    for (const QString &text : {QStringLiteral("Aaa"), QStringLiteral("Home"), QStringLiteral("Zzz")}) {
         for (const int count : {1, 6, 50, 1000}) {
-            QTest::addRow("%s among %d", text, count) << QString::fromLatin1(text) << count;
+            QTest::addRow("%s among %d", qPrintable(text), count) << text << count;
         }
     }
 }
