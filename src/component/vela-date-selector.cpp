@@ -171,9 +171,6 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     weekdayView = new QTableWidget(0, DaysPerWeek, calendar);
     weekdayView->setFocusPolicy(Qt::NoFocus);
     weekdayView->setObjectName(QStringLiteral("qt_calendar_weekdayview"));
-    weekdayView->setStyleSheet(
-        getStyleSheet("component.table", false)); // before the header, which would be styled again
-    weekdayView->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header", false));
     weekdayView->setFixedHeight(scaled(WeekdayHeight));
     weekdayView->horizontalHeader()->hide();
     weekdayView->verticalHeader()->hide();
@@ -197,6 +194,10 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     }
     weekdayView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
+
+    // Last, and the table before its header: what comes after a sheet is styled again.
+    weekdayView->setStyleSheet(getStyleSheet("component.table", false));
+    weekdayView->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header", false));
 }
 
 void VelaCalanderViewPrivate::handleTabOrder()
