@@ -121,6 +121,14 @@ public:
     QPushButton *ok() const { return sheet->button(QMessageBox::Ok); }
     QPushButton *cancel() const { return sheet->button(QMessageBox::Discard); }
     QLabel *text() const { return sheet->findChildren<MessageLabel *>().first(); }
+    QLabel *icon() const
+    {
+        QLabel *plain = nullptr;
+        for (QLabel *label : sheet->findChildren<QLabel *>()) {
+            plain = qobject_cast<MessageLabel *>(label) ? plain : label;
+        }
+        return plain;
+    }
     int execute(const std::function<void()> &action) { return ::execute(sheet.get(), action); }
 
     Window window;
@@ -177,6 +185,8 @@ private Q_SLOTS:
     void aButtonOfNoCodeReturnsNone();
     void theMaskComesAndGoesWithTheSheet();
     void theMessageHasTheFocusAtFirst();
+    void theFocusLeavesAnAnsweredSheet_data();
+    void theFocusLeavesAnAnsweredSheet();
     void aSheetThatDoesNotBlockLeavesTheFocus();
     void theButtonsTakeTheFocusButNotTheirBox();
     void processingIsAnimated();
@@ -358,6 +368,30 @@ void VelaMessageSheetRunTest::theMessageHasTheFocusAtFirst()
     QCOMPARE(focus.reasons, QList<Qt::FocusReason> {Qt::TabFocusReason});
 }
 
+void VelaMessageSheetRunTest::theFocusLeavesAnAnsweredSheet_data()
+{
+    QTest::addColumn<bool>("hasMask");
+    QTest::newRow("mask") << true;
+    QTest::newRow("no mask") << false;
+}
+
+void VelaMessageSheetRunTest::theFocusLeavesAnAnsweredSheet()
+{
+    QFETCH(bool, hasMask);
+    Window window;
+    QVERIFY(window.showAndWait());
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, &window);
+    sheet.setBlockWindowButton(false);
+    if (hasMask) {
+        VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+    }
+    execute(&sheet, [&] {
+        QVERIFY(sheet.isAncestorOf(QApplication::focusWidget()));
+        window.press(Qt::Key_Return);
+    });
+    QCOMPARE(QApplication::focusWidget(), window.above);
+}
+
 void VelaMessageSheetRunTest::aSheetThatDoesNotBlockLeavesTheFocus()
 {
     ShownSheet shown;
@@ -417,11 +451,7 @@ void VelaMessageSheetRunTest::otherTypesAreNotAnimated()
     m_folder.writeFile(QStringLiteral("busy.gif"), animation());
     ShownSheet shown(VelaMessageSheet::AppMessage);
     QMovie movie(m_folder.path() + QStringLiteral("/busy.gif"));
-    for (QLabel *label : shown.sheet->findChildren<QLabel *>()) {
-        if (!qobject_cast<MessageLabel *>(label)) {
-            label->setMovie(&movie);
-        }
-    }
+    shown.icon()->setMovie(&movie);
     shown.execute([&] {
         QCOMPARE(movie.state(), QMovie::NotRunning);
         shown.sheet->quit();
@@ -707,14 +737,12 @@ void VelaMessageSheetRunTest::aTabForTheWindowTakesTheWidgetNextToItIfItIsTheShe
 {
     ShownSheet shown;
     QVERIFY(shown.isActive);
-    // The window, then Ok, and in front of the window the message: neither the first nor the last of the sheet.
+    // The message, the window, then the icon and the buttons' box, neither of which takes the focus, and Ok.
     shown.window.setFocusPolicy(Qt::TabFocus); // or it has no place in the order
-    QWidget::setTabOrder(&shown.window, shown.ok());
     QWidget::setTabOrder(shown.text(), &shown.window);
-    QWidget::setTabOrder(&shown.window, shown.ok());
     shown.window.setFocusPolicy(Qt::NoFocus);
     shown.execute([&] {
-        QCOMPARE(shown.window.nextInFocusChain(), shown.ok());
+        QCOMPARE(shown.window.nextInFocusChain(), shown.icon());
         QCOMPARE(shown.window.previousInFocusChain(), shown.text());
         shown.window.send(Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), shown.ok());
@@ -742,6 +770,12 @@ void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAgain()
         shown.sheet->markLastFocusWidget();
         shown.window.send(Qt::Key_Backtab);
         QCOMPARE(QApplication::focusWidget(), shown.text());
+
+        shown.icon()->setFocusPolicy(Qt::StrongFocus);
+        shown.text()->setFocusPolicy(Qt::NoFocus);
+        shown.sheet->markFirstFocusWidget();
+        shown.window.send(Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), shown.icon());
         shown.sheet->quit();
     });
 }
