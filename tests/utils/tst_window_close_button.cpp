@@ -174,8 +174,10 @@ void WindowCloseButtonTest::enablingRestoresTheFirstFiveWordsThatWereRead()
     QFETCH(Words, after);
     setHints(m_window.get(), before);
 
+    watch();
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), false, &m_state);
-    QTRY_COMPARE(hintsOf(m_window.get()), hints(Disabled));
+    QTRY_COMPARE(m_x->changes(), 1);
+    QCOMPARE(hintsOf(m_window.get()), hints(Disabled));
     watch();
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), true, &m_state);
 
@@ -245,8 +247,10 @@ void WindowCloseButtonTest::enablingWithoutAStateDoesNotTouchTheProperty()
 
 void WindowCloseButtonTest::enablingASecondTimeDoesNotTouchTheProperty()
 {
+    watch();
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), false, &m_state);
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), true, &m_state);
+    QTRY_COMPARE(m_x->changes(), 2); // they were written over other connections than what follows
     setHints(m_window.get(), hints(countedUp(5)));
 
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), true, &m_state);
