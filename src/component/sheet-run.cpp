@@ -6,8 +6,26 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QVector>
 
-SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet) { }
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Of all sheets that are up, in the order in which they came.
+QVector<SheetRun *> &runs()
+{
+    static QVector<SheetRun *> runs;
+    return runs;
+}
+
+} // namespace
+
+SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet)
+{
+    sheet->installEventFilter(this);
+}
 
 void SheetRun::setBlockWindowButton(bool block)
 {
@@ -17,16 +35,24 @@ void SheetRun::setBlockWindowButton(bool block)
 void SheetRun::begin()
 {
     m_sheet->show();
-    if (m_blocksWindowButton && !m_savedWindowState) { // which end() leaves when it is not told to block any more
-        SHAPISetCloseButtonOfWindowEnable(m_sheet, false, &m_savedWindowState);
-    }
+    takeCloseButton();
     watchWindow();
 }
 
 void SheetRun::watchWindow()
 {
     m_isEnding = false; // it may be shown again by a slot of finished()
+    if (!isUp()) {
+        m_formerFocus = m_sheet->window()->focusWidget();
+    }
+    runs().removeOne(this);
+    runs().append(this);
     m_sheet->window()->installEventFilter(m_sheet);
+}
+
+bool SheetRun::isUp() const
+{
+    return std::find(runs().cbegin(), runs().cend(), this) != runs().cend();
 }
 
 bool SheetRun::isWaiting() const
@@ -39,22 +65,30 @@ int SheetRun::wait()
     // A sheet that is answered may wait again before this call has returned, from a slot or below another sheet's loop.
     QEventLoop loop(m_sheet);
     m_loop = &loop;
+    watchAncestors();
+    ++m_waits;
 
-    // A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
     const QPointer<SheetRun> self(this);
-    QObject connections;
-    for (QWidget *ancestor = m_sheet->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
-        connect(ancestor, &QObject::destroyed, &connections, [self](const QObject *dying) {
-            if (self) {
-                self->leave(dying);
-            }
-        });
+    const int result = loop.exec();
+    if (self && --m_waits == 0) {
+        m_ancestorConnections.reset();
     }
-    return loop.exec();
+    return result;
+}
+
+/// A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
+void SheetRun::watchAncestors()
+{
+    m_ancestorConnections = std::make_unique<QObject>();
+    for (QWidget *ancestor = m_sheet->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
+        connect(ancestor, &QObject::destroyed, m_ancestorConnections.get(),
+                [this](const QObject *dying) { leave(dying); });
+    }
 }
 
 void SheetRun::leave(const QObject *dyingAncestor)
 {
+    runs().removeOne(this);
     if (m_sheet->window() != dyingAncestor) {
         giveCloseButtonBack();
         m_sheet->window()->removeEventFilter(m_sheet);
@@ -66,10 +100,68 @@ void SheetRun::leave(const QObject *dyingAncestor)
     }
 }
 
+bool SheetRun::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::ParentAboutToChange && isUp()) {
+        giveCloseButtonBack();
+        m_sheet->window()->removeEventFilter(m_sheet);
+    } else if (event->type() == QEvent::ParentChange && isUp()) {
+        m_sheet->window()->installEventFilter(m_sheet);
+        if (m_waits > 0) {
+            takeCloseButton();
+            watchAncestors();
+        }
+    }
+    return false;
+}
+
+void SheetRun::takeCloseButton()
+{
+    if (m_blocksWindowButton && !m_savedWindowState) { // which end() leaves when it is not told to block any more
+        SHAPISetCloseButtonOfWindowEnable(m_sheet, false, &m_savedWindowState);
+    }
+}
+
 void SheetRun::giveCloseButtonBack()
 {
     if (m_savedWindowState) {
+        handWindowStateOn();
         SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
+    }
+}
+
+/// Each sheet keeps the window's hints as they were when it came up. One that goes before a later one hands its own on
+/// and leaves what that one found: without the close button until the last has gone, and with it then.
+void SheetRun::handWindowStateOn()
+{
+    if (!m_savedWindowState) {
+        return;
+    }
+    for (int i = runs().indexOf(this) + 1; i < runs().size(); ++i) {
+        SheetRun *later = runs().at(i);
+        if (later->m_savedWindowState && later->m_sheet->window() == m_sheet->window()) {
+            std::swap(m_savedWindowState, later->m_savedWindowState);
+            return;
+        }
+    }
+}
+
+/// The last one that came up in the same window.
+SheetRun *SheetRun::otherInWindow() const
+{
+    const auto other = std::find_if(runs().crbegin(), runs().crend(), [this](const SheetRun *run) {
+        return run != this && run->m_sheet->window() == m_sheet->window();
+    });
+    return other == runs().crend() ? nullptr : *other;
+}
+
+void SheetRun::takeFocusFrom(const SheetRun &ending)
+{
+    QWidget *former = ending.m_formerFocus;
+    if (m_sheet->isAncestorOf(former) && former->isVisible() && former->isEnabled()) {
+        former->setFocus(Qt::OtherFocusReason);
+    } else {
+        moveFocus(true);
     }
 }
 
@@ -80,14 +172,21 @@ void SheetRun::end(int result)
     }
     m_isEnding = true;
     if (m_blocksWindowButton) {
+        handWindowStateOn();
         SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
     }
     if (m_loop) {
         m_loop->exit(result);
     }
-    m_sheet->window()->removeEventFilter(m_sheet);
+    QWidget *window = m_sheet->window();
+    window->removeEventFilter(m_sheet);
+    runs().removeOne(this);
+    SheetRun *other = otherInWindow();
+    if (other && m_sheet->isAncestorOf(window->focusWidget())) { // or the focus would pass to what is below its mask
+        other->takeFocusFrom(*this);
+    }
     m_sheet->hide();
-    QWidget *focused = m_sheet->window()->focusWidget();
+    QWidget *focused = window->focusWidget();
     if (m_sheet->isAncestorOf(focused)) { // where nothing else takes it, and a key would press the hidden button
         focused->clearFocus();
     }
@@ -102,6 +201,7 @@ void SheetRun::end(int result)
 void SheetRun::abandon()
 {
     giveCloseButtonBack();
+    runs().removeOne(this);
     discardWindowState(&m_savedWindowState);
     if (isWaiting()) {
         m_loop->exit(0);

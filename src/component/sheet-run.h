@@ -4,10 +4,16 @@
 #include <QObject>
 #include <QPointer>
 
+#include <memory>
+
 class QEvent;
+class QWidget;
 class VelaSheet;
 
 /// The modal run of a sheet: what the kinds of sheets share from being shown to being answered.
+///
+/// Several sheets may be up in one window and be answered in any order, and a sheet may be moved to another window
+/// while it is up.
 class SheetRun : public QObject
 {
 public:
@@ -36,12 +42,23 @@ public:
     /// Gives the focus to the next, or previous, widget of the sheet that takes it by Tab: never to one outside.
     void moveFocus(bool next);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    bool isUp() const;
+    SheetRun *otherInWindow() const;
+    void takeCloseButton();
     void giveCloseButtonBack();
+    void handWindowStateOn();
+    void takeFocusFrom(const SheetRun &ending);
+    void watchAncestors();
     void leave(const QObject *dyingAncestor);
 
     VelaSheet *const m_sheet;
     QPointer<QEventLoop> m_loop;
+    int m_waits = 0; // calls of wait() that have not returned
+    std::unique_ptr<QObject> m_ancestorConnections;
+    QPointer<QWidget> m_formerFocus; // the window's, before the sheet came up
     void *m_savedWindowState = nullptr;
     bool m_blocksWindowButton = true;
     bool m_isEnding = false;

@@ -73,7 +73,8 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
     resize();
 
     widget->installEventFilter(this);
-    connect(widget, &QObject::destroyed, d, [this] { hide(); }); // which hides nothing when it is destroyed
+    // A widget that is destroyed while it is shown sends no HideToParent.
+    connect(widget, &QObject::destroyed, d, [this] { hide(); });
     auto *parentFilter = new ParentEventFilterWidget(this, parent);
     parentFilter->setParent(this);
     parent->installEventFilter(parentFilter);

@@ -47,6 +47,8 @@ class VELA_EXPORT ParentEventFilterWidget : public QObject
     Q_OBJECT
 
 public:
+    /// Resizes @p mask with @p parent, which both have to outlive it. It has no QObject parent and is to be installed
+    /// on @p parent as event filter; a VelaMask does that itself.
     ParentEventFilterWidget(VelaMask *mask, QWidget *parent);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -60,7 +60,7 @@ QString captionOr(const QString &custom, const char *key)
 
 bool takesFocus(const QWidget *widget)
 {
-    return widget->focusPolicy() != Qt::NoFocus;
+    return widget && widget->focusPolicy() != Qt::NoFocus;
 }
 
 } // namespace
@@ -110,7 +110,7 @@ public:
     VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
     QDialogButtonBox *const buttonBox;
     SheetRun run;
-    QList<QWidget *> focusList;
+    QVector<QPointer<QWidget>> focusList; // some may be deleted before it is made again
     QPointer<QWidget> firstFocusWidget;
     QPointer<QWidget> lastFocusWidget;
 };
@@ -135,9 +135,11 @@ void VelaMessageSheetPrivate::initialize(const MsgBoxCustomBtnText &captions)
     const TypeLook look = lookOf(type);
     if (look.iconName) {
         iconLabel->setPixmap(getGlobalImage(look.iconName, ImageManager::IMAGE_NORMAL));
+    } else if (!iconLabel->movie()) {
+        iconLabel->clear();
     }
-    // The box keeps its styles: nothing else would delete them, and the box may still be asked for its look by the old
-    // one.
+    // The sheet owns the styles, since setStyle() does not take ownership, and keeps the former ones: the box's
+    // children may still refer to them.
     auto *style = new DialogButtonBoxStyle;
     style->setParent(q);
     buttonBox->setStyle(style);
@@ -251,10 +253,12 @@ void VelaMessageSheetPrivate::setupLayout()
     }
     row->addLayout(texts);
     column->addLayout(row);
-    if (!buttonBox->buttons().isEmpty()) {
+    const bool hasButtons = !buttonBox->buttons().isEmpty();
+    if (hasButtons) {
         column->addSpacing(scaled(ButtonSpacing));
         column->addWidget(buttonBox);
     }
+    buttonBox->setVisible(hasButtons); // or, empty, it would lie over the texts and take their clicks
 
     q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
     q->setFixedWidth(scaled(getPreferredWidth()));
@@ -413,7 +417,11 @@ void VelaMessageSheet::showEvent(QShowEvent *event)
             shown->setFocusPolicy(Qt::StrongFocus);
         }
     }
-    d->focusList = accessibleList(this, AccessibleFilter({this}, Qt::NoFocus));
+    d->focusList.clear();
+    const QList<QWidget *> visible = accessibleList(this, AccessibleFilter({this}, Qt::NoFocus));
+    for (QWidget *widget : visible) {
+        d->focusList.append(widget);
+    }
     markFirstFocusWidget();
     markLastFocusWidget();
     VelaSheet::showEvent(event);

@@ -49,6 +49,8 @@ public:
 /// for the button with the cancel caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own
 /// is computed, and is usually an object on the stack, put into a VelaMask before exec(); the functions of
 /// vela-msg-box.h do that.
+///
+/// Icons and style sheets that are missing are logged and left out; a caption without a text shows its key.
 class VELA_EXPORT VelaMessageSheet : public VelaSheet
 {
     Q_OBJECT
@@ -78,8 +80,10 @@ public:
     void setText(const QString &text);
     /// Sets the text below it, which may be rich; an empty one removes it.
     void setInformativeText(const QString &text);
+    /// Shows @p pixmap in place of the type's icon, or of the animation, until the type is set again. It is as large as
+    /// its pixels are by its device pixel ratio; a null one takes no place.
     void setIcon(const QPixmap &pixmap);
-    /// Sets the sheet up anew for @p type, with default captions.
+    /// Sets the sheet up anew for @p type, with default captions. The buttons are new ones.
     void setMessageType(MessageType type);
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
@@ -87,6 +91,8 @@ public:
 
     /// The button of that code, null if there is none.
     QPushButton *button(QMessageBox::StandardButton which) const;
+    /// Makes @p button the default one, if it is not null. That changes its look only: Return, Enter and Space in the
+    /// window answer Ok. In a QDialog the dialog's own button is the default no more, nor is it since Ok was made one.
     void setDefaultButton(QPushButton *button);
 
     /// Shows the sheet and returns at once; finished() brings the answer. The window's close button stays.
@@ -102,6 +108,8 @@ public:
 
     /// Moves the focus for a Tab or Backtab that has reached the window @p watched.
     void restrictedFocus(QObject *watched, QKeyEvent *event);
+    /// Notes the first and the last of the widgets that were visible when the sheet was shown, and that take the focus
+    /// now: where Tab and Backtab go. Called whenever the sheet is shown.
     void markFirstFocusWidget();
     void markLastFocusWidget();
 
@@ -110,6 +118,7 @@ public Q_SLOTS:
     void done(int ret);
     /// Answers with 0.
     void quit();
+    /// Answers with the code of @p which, 0 for a button that is not the sheet's.
     void buttonClick(QAbstractButton *which);
 
 protected:

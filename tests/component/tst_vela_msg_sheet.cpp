@@ -319,6 +319,7 @@ private Q_SLOTS:
     void anIconIsShownAndLaidOut();
     void aNullIconTakesNoPlace();
     void aNewTypeSetsEverythingUpAnew();
+    void aTextWithoutButtonsTakesAllClicksOnIt();
     void aNewTypeForgetsCustomCaptions();
     void aNewTypeKeepsTheTexts();
     void aClickAfterNewTypesAnswersOnce_data();
@@ -461,7 +462,10 @@ void VelaMessageSheetTest::theTypeDecidesIconButtonsAndSheet()
     const VelaMessageSheet made(type, &host);
     VelaMessageSheet changed(VelaMessageSheet::ProcessingMessage, &host);
     changed.setMessageType(type);
-    for (const VelaMessageSheet *message : {&made, const_cast<const VelaMessageSheet *>(&changed)}) {
+    VelaMessageSheet changedFromOther(VelaMessageSheet::UpgradeMessage, &host);
+    changedFromOther.setMessageType(type);
+    for (const VelaMessageSheet *message :
+         std::initializer_list<const VelaMessageSheet *> {&made, &changed, &changedFromOther}) {
         const QPixmap pixmap = iconOf(*message);
         QCOMPARE(pixmap.isNull(), icon.isEmpty());
         if (!icon.isEmpty()) {
@@ -485,11 +489,16 @@ void VelaMessageSheetTest::valuesOutsideHaveNeitherIconNorButtons()
 {
     QFETCH(int, value);
     Host host;
-    const VelaMessageSheet sheet(static_cast<Type>(value), QStringLiteral("text"), &host);
-    QVERIFY(iconOf(sheet).isNull());
-    QVERIFY(!Parts(sheet).icon->movie());
-    QCOMPARE(codesOf(sheet), QList<int>());
-    QCOMPARE(sheet.styleSheet().trimmed(), sheetOf("message_sheet_other"));
+    const VelaMessageSheet made(static_cast<Type>(value), QStringLiteral("text"), &host);
+    VelaMessageSheet changed(VelaMessageSheet::WarningQuestionMessage, QStringLiteral("text"), &host);
+    changed.setMessageType(static_cast<Type>(value));
+    for (const VelaMessageSheet *sheet : std::initializer_list<const VelaMessageSheet *> {&made, &changed}) {
+        QVERIFY(iconOf(*sheet).isNull());
+        QVERIFY(!Parts(*sheet).icon->movie());
+        QCOMPARE(codesOf(*sheet), QList<int>());
+        QCOMPARE(sheet->styleSheet().trimmed(), sheetOf("message_sheet_other"));
+        QCOMPARE(outline(sheet->layout(), Parts(*sheet)), QStringLiteral("column(row(column(text)))"));
+    }
 }
 
 void VelaMessageSheetTest::captionsComeFromTheCallerOrFromTheTexts_data()
@@ -1386,6 +1395,26 @@ void VelaMessageSheetTest::aNullIconTakesNoPlace()
     sheet.setIcon(QPixmap());
     QVERIFY(iconOf(sheet).isNull());
     QVERIFY(outline(sheet.layout(), Parts(sheet)).startsWith(QLatin1String("column(row(column(text)) ")));
+}
+
+// An empty box of buttons would lie over it.
+void VelaMessageSheetTest::aTextWithoutButtonsTakesAllClicksOnIt()
+{
+    Host host;
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &host);
+    host.show();
+    sheet.show();
+    sheet.setMessageType(VelaMessageSheet::AppMessage);
+    sheet.setText(QStringLiteral("a long text ").repeated(200));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const QRect text = Parts(sheet).text->geometry() & sheet.rect();
+    QVERIFY(text.height() > 2 * Parts(sheet).box->height());
+    for (int y = text.top(); y <= text.bottom(); ++y) {
+        QCOMPARE(sheet.childAt(text.center().x(), y), static_cast<QWidget *>(Parts(sheet).text));
+    }
+
+    sheet.setMessageType(VelaMessageSheet::QuestionMessage);
+    QVERIFY(Parts(sheet).box->isVisible());
 }
 
 void VelaMessageSheetTest::aNewTypeSetsEverythingUpAnew()

@@ -168,6 +168,8 @@ bool isOnX()
 
 } // namespace
 
+Q_DECLARE_METATYPE(std::function<void(VelaMessageSheet *, Window *)>)
+
 /// The modal run of the message sheet, from being shown to being answered, and what may happen meanwhile.
 class VelaMessageSheetRunTest : public QObject
 {
@@ -212,6 +214,7 @@ private Q_SLOTS:
     void aTabForTheWindowGoesToTheFirstAndABacktabToTheLast();
     void aTabForTheWindowTakesTheWidgetNextToItIfItIsTheSheets();
     void firstAndLastCanBeMarkedAgain();
+    void firstAndLastCanBeMarkedAfterButtonsAreGone();
     void whatIsNoWidgetGetsNoTab();
     void aTabForTheWindowDoesNothingWhereNothingTakesTheFocus();
     void aClickBelowTheMaskReachesNothing();
@@ -225,6 +228,8 @@ private Q_SLOTS:
     void theCloseButtonGoesAndComesBack_data();
     void theCloseButtonGoesAndComesBack();
     void theCloseButtonComesBackWhenBlockingEndsMeanwhile();
+    void theCloseButtonIsAwayUntilTheLastSheetIsAnswered_data();
+    void theCloseButtonIsAwayUntilTheLastSheetIsAnswered();
 
     void anAnswerEmitsFinishedOnce();
     void aKeyAfterAClickIsNoSecondAnswer();
@@ -241,6 +246,9 @@ private Q_SLOTS:
     void timersRunWhileItWaits();
     void aSecondSheetMayBeAnsweredFirst();
     void aFirstSheetMayBeAnsweredFirst();
+    void theFocusPassesToTheSheetBelow_data();
+    void theFocusPassesToTheSheetBelow();
+    void aSheetThatIsMovedWatchesItsNewWindow();
     void theWindowMayBeResizedHiddenAndShown();
     void quittingEndsTheWait();
     void quittingMayDestroyTheWindow();
@@ -250,11 +258,13 @@ private Q_SLOTS:
     void theWindowMayDieWhileASheetWaits();
     void theWindowMayDieWhileTwoSheetsWait();
     void theWindowMayDieWhileASheetWaitsAgain();
+    void theWindowThatASheetIsMovedToMayDieWhileItWaits();
     void theWindowMayDieAfterTheAnswerThatExecStillReturns();
     void aSheetOnTheHeapOutlivesItsWindow();
     void anAnsweredSheetOnTheHeapDiesWithItsWindow();
     void theWindowMayDieWhileAnInputSheetWaits();
     void theSheetMayBeDeletedWhileItWaits();
+    void theSheetMayBeDeletedInASlotOfFinished_data();
     void theSheetMayBeDeletedInASlotOfFinished();
     void aPanelInTheWindowMayDieWhileTheSheetWaits();
 
@@ -780,6 +790,21 @@ void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAgain()
     });
 }
 
+void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAfterButtonsAreGone()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.sheet->showSheet();
+    shown.sheet->setMessageType(VelaMessageSheet::ProcessingMessage);
+    shown.sheet->markFirstFocusWidget();
+    shown.sheet->markLastFocusWidget();
+    for (int key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        shown.window.above->setFocus();
+        shown.window.send(key);
+        QCOMPARE(QApplication::focusWidget(), shown.text());
+    }
+}
+
 void VelaMessageSheetRunTest::whatIsNoWidgetGetsNoTab()
 {
     ShownSheet shown;
@@ -953,6 +978,45 @@ void VelaMessageSheetRunTest::theCloseButtonComesBackWhenBlockingEndsMeanwhile()
     });
     shown.sheet.reset();
     QCOMPARE(hints(), before);
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered_data()
+{
+    QTest::addColumn<QVector<int>>("order"); // of the answers to the sheets, which come up as 0, 1, 2
+    QTest::newRow("last first") << QVector<int> {2, 1, 0};
+    QTest::newRow("first first") << QVector<int> {0, 1, 2};
+    QTest::newRow("middle first") << QVector<int> {1, 0, 2};
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered()
+{
+    if (!isOnX()) {
+        QSKIP("needs an X server");
+    }
+    QFETCH(QVector<int>, order);
+    Window window;
+    QVERIFY(window.showAndWait());
+    const XConnection x;
+    const auto hints = [&] { return x.property(static_cast<XWindow>(window.winId()), "_MOTIF_WM_HINTS").elements; };
+    x.setProperty(static_cast<XWindow>(window.winId()), "_MOTIF_WM_HINTS", {"_MOTIF_WM_HINTS", 32, {3, 62, 126, 0, 0}});
+    const QVector<quint32> before = hints();
+
+    QVector<VelaMessageSheet *> sheets;
+    const std::function<void()> step = [&] {
+        if (sheets.size() == order.size()) {
+            for (int index : order) {
+                QCOMPARE(hints(), ButtonAway);
+                sheets.at(index)->done(index);
+            }
+            return;
+        }
+        VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, Text, &window);
+        const int index = sheets.size();
+        sheets.append(&sheet);
+        QCOMPARE(execute(&sheet, step), index);
+    };
+    step();
+    QTRY_COMPARE(hints(), before);
 }
 
 void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnce()
@@ -1164,6 +1228,64 @@ void VelaMessageSheetRunTest::aFirstSheetMayBeAnsweredFirst()
     QCOMPARE(first, 11);
 }
 
+void VelaMessageSheetRunTest::theFocusPassesToTheSheetBelow_data()
+{
+    QTest::addColumn<bool>("isInACover"); // or on the button, which had the focus before
+    QTest::newRow("to the button that had it") << false;
+    QTest::newRow("to the first that takes it") << true;
+}
+
+// And not to what is below its mask, where Qt would move it.
+void VelaMessageSheetRunTest::theFocusPassesToTheSheetBelow()
+{
+    QFETCH(bool, isInACover);
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.window.below->setFocus();
+    shown.execute([&] {
+        QWidget *expected = isInACover ? static_cast<QWidget *>(shown.text()) : shown.cancel();
+        if (isInACover) {
+            shown.window.below->setFocus(); // as an application may do
+        } else {
+            shown.cancel()->setFocus();
+        }
+        VelaMessageSheet above(VelaMessageSheet::InfoMessage, Text, &shown.window);
+        VelaMask::createMask(&above, &shown.window, QColor(0, 0, 0, 20));
+        execute(&above, [&] { shown.window.press(Qt::Key_Return); });
+        QCOMPARE(QApplication::focusWidget(), expected);
+        shown.window.press(Qt::Key_Tab);
+        QVERIFY(shown.sheet->isAncestorOf(QApplication::focusWidget()));
+        shown.window.press(Qt::Key_A);
+        shown.sheet->quit();
+    });
+    QCOMPARE(shown.window.above->text() + shown.window.below->text(), QString());
+}
+
+void VelaMessageSheetRunTest::aSheetThatIsMovedWatchesItsNewWindow()
+{
+    Window former;
+    Window window;
+    QVERIFY(former.showAndWait());
+    QVERIFY(window.showAndWait());
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, &former);
+    QCOMPARE(execute(&sheet,
+                     [&] {
+                         VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+                         sheet.show();
+                         QCOMPARE(former.send(Qt::Key_A), true);
+                         QCOMPARE(former.keys, 1);
+                         former.close();
+                         QCOMPARE(former.closings, 1);
+                         window.close();
+                         QCOMPARE(window.closings, 0);
+                         window.send(Qt::Key_Escape);
+                     }),
+             CancelCode);
+    QCOMPARE(window.keys, 0);
+    window.send(Qt::Key_A);
+    QCOMPARE(window.keys, 1);
+}
+
 void VelaMessageSheetRunTest::theWindowMayBeResizedHiddenAndShown()
 {
     ShownSheet shown;
@@ -1279,6 +1401,22 @@ void VelaMessageSheetRunTest::theWindowMayDieWhileASheetWaitsAgain()
     QCOMPARE(answers, (QList<int> {0, 6}));
 }
 
+void VelaMessageSheetRunTest::theWindowThatASheetIsMovedToMayDieWhileItWaits()
+{
+    Window former;
+    auto *window = new Window;
+    QVERIFY(former.showAndWait());
+    QVERIFY(window->showAndWait());
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, &former);
+    QCOMPARE(execute(&sheet,
+                     [&] {
+                         VelaMask::createMask(&sheet, window, QColor(0, 0, 0, 20));
+                         delete window;
+                     }),
+             0);
+    QVERIFY(!sheet.parentWidget());
+}
+
 void VelaMessageSheetRunTest::theWindowMayDieAfterTheAnswerThatExecStillReturns()
 {
     auto *window = new Window;
@@ -1338,13 +1476,30 @@ void VelaMessageSheetRunTest::theSheetMayBeDeletedWhileItWaits()
     QCOMPARE(shown.window.keys, 1);
 }
 
+void VelaMessageSheetRunTest::theSheetMayBeDeletedInASlotOfFinished_data()
+{
+    using Answer = std::function<void(VelaMessageSheet *, Window *)>;
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("done()") << Answer([](VelaMessageSheet *sheet, Window *) { sheet->done(OkCode); });
+    QTest::newRow("Return") << Answer([](VelaMessageSheet *, Window *window) { window->press(Qt::Key_Return); });
+    QTest::newRow("Space on the button") << Answer([](VelaMessageSheet *sheet, Window *window) {
+        sheet->button(QMessageBox::Ok)->setFocus();
+        window->press(Qt::Key_Space);
+    });
+    QTest::newRow("click") << Answer(
+        [](VelaMessageSheet *sheet, Window *window) { window->clickOn(sheet->button(QMessageBox::Ok)); });
+}
+
 void VelaMessageSheetRunTest::theSheetMayBeDeletedInASlotOfFinished()
 {
+    QFETCH(std::function<void(VelaMessageSheet *, Window *)>, answer);
     ShownSheet shown;
-    auto *sheet = shown.sheet.release();
+    QVERIFY(shown.isActive);
+    const QPointer<VelaMessageSheet> sheet = shown.sheet.release();
     connect(sheet, &VelaSheet::finished, this, [sheet] { delete sheet; });
-    QTimer::singleShot(0, this, [sheet] { sheet->done(1); });
-    QCOMPARE(sheet->exec(), 1);
+    QTimer::singleShot(0, this, [&] { answer(sheet, &shown.window); });
+    QCOMPARE(sheet->exec(), OkCode);
+    QVERIFY(!sheet);
 }
 
 void VelaMessageSheetRunTest::aPanelInTheWindowMayDieWhileTheSheetWaits()
