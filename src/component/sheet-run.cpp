@@ -22,10 +22,7 @@ QVector<SheetRun *> &runs()
 
 } // namespace
 
-SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet)
-{
-    sheet->installEventFilter(this);
-}
+SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet) { }
 
 void SheetRun::setBlockWindowButton(bool block)
 {
@@ -35,19 +32,26 @@ void SheetRun::setBlockWindowButton(bool block)
 void SheetRun::begin()
 {
     m_sheet->show();
+    comeUp();
     takeCloseButton();
     watchWindow();
+}
+
+void SheetRun::comeUp()
+{
+    if (!isUp()) {
+        m_window = m_sheet->window();
+        m_formerFocus = m_window->focusWidget();
+        runs().append(this);
+    }
 }
 
 void SheetRun::watchWindow()
 {
     m_isEnding = false; // it may be shown again by a slot of finished()
-    if (!isUp()) {
-        m_formerFocus = m_sheet->window()->focusWidget();
-    }
-    runs().removeOne(this);
-    runs().append(this);
-    m_sheet->window()->installEventFilter(m_sheet);
+    comeUp();
+    m_window->installEventFilter(m_sheet);
+    watchAncestors();
 }
 
 bool SheetRun::isUp() const
@@ -65,34 +69,67 @@ int SheetRun::wait()
     // A sheet that is answered may wait again before this call has returned, from a slot or below another sheet's loop.
     QEventLoop loop(m_sheet);
     m_loop = &loop;
-    watchAncestors();
     ++m_waits;
 
     const QPointer<SheetRun> self(this);
     const int result = loop.exec();
-    if (self && --m_waits == 0) {
-        m_ancestorConnections.reset();
+    if (self) {
+        --m_waits;
     }
     return result;
 }
 
-/// A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
 void SheetRun::watchAncestors()
 {
-    m_ancestorConnections = std::make_unique<QObject>();
+    m_sheet->installEventFilter(this);
     for (QWidget *ancestor = m_sheet->parentWidget(); ancestor; ancestor = ancestor->parentWidget()) {
-        connect(ancestor, &QObject::destroyed, m_ancestorConnections.get(),
-                [this](const QObject *dying) { leave(dying); });
+        ancestor->installEventFilter(this);
+        connect(ancestor, &QObject::destroyed, this, &SheetRun::leave, Qt::UniqueConnection);
     }
 }
 
-void SheetRun::leave(const QObject *dyingAncestor)
+bool SheetRun::eventFilter(QObject *, QEvent *event)
 {
-    runs().removeOne(this);
-    if (m_sheet->window() != dyingAncestor) {
-        giveCloseButtonBack();
-        m_sheet->window()->removeEventFilter(m_sheet);
+    if (event->type() == QEvent::ParentChange && isUp()) {
+        followToWindow();
     }
+    return false;
+}
+
+void SheetRun::followToWindow()
+{
+    watchAncestors();
+    if (m_sheet->window() == m_window) {
+        return;
+    }
+    const bool takesButton = m_savedWindowState != nullptr;
+    if (m_window) {
+        giveCloseButtonBack();
+        m_window->removeEventFilter(m_sheet);
+    }
+    discardWindowState(&m_savedWindowState); // of a window that is gone
+    m_window = m_sheet->window();
+    m_window->installEventFilter(m_sheet);
+    if (takesButton) {
+        takeCloseButton();
+    }
+}
+
+/// A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
+void SheetRun::leave(QObject *dying)
+{
+    const QWidget *ancestor = m_sheet->parentWidget();
+    while (ancestor && ancestor != dying) {
+        ancestor = ancestor->parentWidget();
+    }
+    if (!ancestor || m_waits == 0) {
+        return;
+    }
+    if (m_window && m_window != dying) {
+        giveCloseButtonBack();
+        m_window->removeEventFilter(m_sheet);
+    }
+    runs().removeOne(this);
     discardWindowState(&m_savedWindowState);
     m_sheet->setParent(nullptr);
     if (isWaiting()) { // not when the answer is there already
@@ -100,33 +137,20 @@ void SheetRun::leave(const QObject *dyingAncestor)
     }
 }
 
-bool SheetRun::eventFilter(QObject *, QEvent *event)
-{
-    if (event->type() == QEvent::ParentAboutToChange && isUp()) {
-        giveCloseButtonBack();
-        m_sheet->window()->removeEventFilter(m_sheet);
-    } else if (event->type() == QEvent::ParentChange && isUp()) {
-        m_sheet->window()->installEventFilter(m_sheet);
-        if (m_waits > 0) {
-            takeCloseButton();
-            watchAncestors();
-        }
-    }
-    return false;
-}
-
 void SheetRun::takeCloseButton()
 {
     if (m_blocksWindowButton && !m_savedWindowState) { // which end() leaves when it is not told to block any more
-        SHAPISetCloseButtonOfWindowEnable(m_sheet, false, &m_savedWindowState);
+        SHAPISetCloseButtonOfWindowEnable(m_window, false, &m_savedWindowState);
+        runs().removeOne(this); // behind those whose state was taken before
+        runs().append(this);
     }
 }
 
 void SheetRun::giveCloseButtonBack()
 {
-    if (m_savedWindowState) {
+    if (m_savedWindowState && m_window) {
         handWindowStateOn();
-        SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
+        SHAPISetCloseButtonOfWindowEnable(m_window, true, &m_savedWindowState);
     }
 }
 
@@ -134,12 +158,13 @@ void SheetRun::giveCloseButtonBack()
 /// and leaves what that one found: without the close button until the last has gone, and with it then.
 void SheetRun::handWindowStateOn()
 {
-    if (!m_savedWindowState) {
+    const int own = runs().indexOf(this);
+    if (!m_savedWindowState || own < 0) {
         return;
     }
-    for (int i = runs().indexOf(this) + 1; i < runs().size(); ++i) {
+    for (int i = own + 1; i < runs().size(); ++i) {
         SheetRun *later = runs().at(i);
-        if (later->m_savedWindowState && later->m_sheet->window() == m_sheet->window()) {
+        if (later->m_savedWindowState && later->m_window == m_window) {
             std::swap(m_savedWindowState, later->m_savedWindowState);
             return;
         }
@@ -149,19 +174,24 @@ void SheetRun::handWindowStateOn()
 /// The last one that came up in the same window.
 SheetRun *SheetRun::otherInWindow() const
 {
-    const auto other = std::find_if(runs().crbegin(), runs().crend(), [this](const SheetRun *run) {
-        return run != this && run->m_sheet->window() == m_sheet->window();
-    });
+    const auto other = std::find_if(runs().crbegin(), runs().crend(),
+                                    [this](const SheetRun *run) { return run != this && run->m_window == m_window; });
     return other == runs().crend() ? nullptr : *other;
 }
 
-void SheetRun::takeFocusFrom(const SheetRun &ending)
+/// Before the sheet is hidden, or the focus would pass to whatever is next to it, below another sheet's mask perhaps.
+void SheetRun::giveFocusBack()
 {
-    QWidget *former = ending.m_formerFocus;
-    if (m_sheet->isAncestorOf(former) && former->isVisible() && former->isEnabled()) {
-        former->setFocus(Qt::OtherFocusReason);
-    } else {
-        moveFocus(true);
+    if (!m_sheet->isAncestorOf(m_window->focusWidget())) {
+        return;
+    }
+    SheetRun *other = otherInWindow();
+    const QWidget *scope = other ? other->m_sheet : m_window.data();
+    if (m_formerFocus && scope->isAncestorOf(m_formerFocus) && m_formerFocus->isVisible()
+        && m_formerFocus->isEnabled()) {
+        m_formerFocus->setFocus(Qt::OtherFocusReason);
+    } else if (other) {
+        other->moveFocus(true);
     }
 }
 
@@ -171,6 +201,7 @@ void SheetRun::end(int result)
         return;
     }
     m_isEnding = true;
+    m_window = m_sheet->window();
     if (m_blocksWindowButton) {
         handWindowStateOn();
         SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
@@ -178,15 +209,11 @@ void SheetRun::end(int result)
     if (m_loop) {
         m_loop->exit(result);
     }
-    QWidget *window = m_sheet->window();
-    window->removeEventFilter(m_sheet);
+    m_window->removeEventFilter(m_sheet);
     runs().removeOne(this);
-    SheetRun *other = otherInWindow();
-    if (other && m_sheet->isAncestorOf(window->focusWidget())) { // or the focus would pass to what is below its mask
-        other->takeFocusFrom(*this);
-    }
+    giveFocusBack();
     m_sheet->hide();
-    QWidget *focused = window->focusWidget();
+    QWidget *focused = m_sheet->window()->focusWidget();
     if (m_sheet->isAncestorOf(focused)) { // where nothing else takes it, and a key would press the hidden button
         focused->clearFocus();
     }

@@ -4,8 +4,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <memory>
-
 class QEvent;
 class QWidget;
 class VelaSheet;
@@ -13,7 +11,7 @@ class VelaSheet;
 /// The modal run of a sheet: what the kinds of sheets share from being shown to being answered.
 ///
 /// Several sheets may be up in one window and be answered in any order, and a sheet may be moved to another window
-/// while it is up.
+/// while it is up, alone or with what it is in.
 class SheetRun : public QObject
 {
 public:
@@ -46,18 +44,20 @@ public:
 
 private:
     bool isUp() const;
+    void comeUp();
     SheetRun *otherInWindow() const;
     void takeCloseButton();
     void giveCloseButtonBack();
     void handWindowStateOn();
-    void takeFocusFrom(const SheetRun &ending);
+    void giveFocusBack();
     void watchAncestors();
-    void leave(const QObject *dyingAncestor);
+    void followToWindow();
+    void leave(QObject *dying);
 
     VelaSheet *const m_sheet;
     QPointer<QEventLoop> m_loop;
     int m_waits = 0; // calls of wait() that have not returned
-    std::unique_ptr<QObject> m_ancestorConnections;
+    QPointer<QWidget> m_window; // that is watched
     QPointer<QWidget> m_formerFocus; // the window's, before the sheet came up
     void *m_savedWindowState = nullptr;
     bool m_blocksWindowButton = true;

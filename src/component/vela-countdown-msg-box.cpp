@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QPushButton>
+#include <QSignalBlocker>
 
 namespace {
 
@@ -22,7 +23,10 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
     QMessageBox(parent), m_remaining(seconds)
 {
     connect(&m_timer, &QTimer::timeout, this, &VelaCountdownMessageBox::slotTick);
-    connect(this, &QDialog::finished, this, [this] { m_isAnswered = true; });
+    connect(this, &QDialog::finished, this, [this] {
+        m_isAnswered = true;
+        m_isClickVoid = !m_clicked.isNull();
+    });
     m_timer.setInterval(Second);
     setStyleSheet(
         getStyleSheet("component.info_message_box", false)); // before its buttons, which would be polished again
@@ -59,8 +63,27 @@ void VelaCountdownMessageBox::slotTick()
     }
     m_timer.stop();
     if (QPushButton *answer = defaultButton(); answer && !m_isAnswered) {
+        m_clicked = answer;
+        m_isClickVoid = false;
+        answer->installEventFilter(this);
         answer->animateClick(VisibleClick);
     }
+}
+
+// The button's own timer ends the visible click. Nobody else can stop it, so a click that comes too late is not heard.
+bool VelaCountdownMessageBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Timer || watched != m_clicked) {
+        return QMessageBox::eventFilter(watched, event);
+    }
+    m_clicked.clear();
+    watched->removeEventFilter(this);
+    if (!m_isClickVoid) {
+        return false;
+    }
+    const QSignalBlocker blocker(watched);
+    watched->event(event);
+    return true;
 }
 
 bool MouseButtonFilter::eventFilter(QObject *watched, QEvent *event)

@@ -3,6 +3,7 @@
 #include "vela_export.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 /// Message box whose Ok button counts down seconds and clicks itself at the end.
@@ -21,6 +22,9 @@ public:
     /// Writes the count into the caption of Ok.
     void updateButtonText();
 
+    /// Lets the click that is seen take effect, unless the box was answered meanwhile.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 public Q_SLOTS:
     /// One step of the countdown.
     void slotTick();
@@ -32,6 +36,8 @@ private:
     QTimer m_timer;
     qint64 m_remaining; // seconds; counted down from any int
     bool m_isAnswered = false; // since it was last shown
+    QPointer<QPushButton> m_clicked; // by itself: it is seen pressed and its click is still to come
+    bool m_isClickVoid = false;
 };
 
 /// Event filter that lets no press, release or double-click of a mouse button through.

@@ -31,7 +31,8 @@ public:
 
     /// The button of that code, null if there is none.
     QPushButton *button(QMessageBox::StandardButton which) const;
-    /// Makes @p button a default button; null changes nothing.
+    /// Makes @p button the default one, if it is not null. That changes its look only: Return, Enter and Space in the
+    /// window answer Ok. In a QDialog the dialog's own button is the default no more, nor is it since Ok was made one.
     void setDefaultButton(QPushButton *button);
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
@@ -39,18 +40,23 @@ public:
 
     /// Shows the sheet with the focus in the line edit and returns at once; finished() brings the answer.
     void showSheet() override;
-    /// Shows the sheet and waits for the answer, in an event loop; 0 when the window is destroyed meanwhile.
+    /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the
+    /// button's value or what done() was called with, 0 at once while it already waits, and the application's exit code
+    /// when that is told to quit.
+    ///
+    /// When the window is destroyed meanwhile the result is 0, finished() is not emitted, and the sheet is not
+    /// destroyed with the window: it has no parent then, and one on the heap is its caller's to delete.
     int exec();
 
     /// Keeps the keys of the window for the sheet, and the window open while setBlockWindowButton() asks for it.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    /// Answers with @p ret and hides the sheet.
+    /// Answers with @p ret and hides the sheet; the focus goes back to where it was.
     void done(int ret);
     /// Answers with 0.
     void quit();
-    /// Answers with the code of @p which, a button of the sheet.
+    /// Answers with the code of @p which, 0 for a button that is not the sheet's.
     void buttonClick(QAbstractButton *which);
 
 protected:

@@ -98,7 +98,8 @@ public:
     /// Shows the sheet and returns at once; finished() brings the answer. The window's close button stays.
     void showSheet() override;
     /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the
-    /// button's value or what done() was called with, 0 at once while it already waits.
+    /// button's value or what done() was called with, 0 at once while it already waits, and the application's exit code
+    /// when that is told to quit.
     ///
     /// When the window is destroyed meanwhile the result is 0, finished() is not emitted, and the sheet is not
     /// destroyed with the window: it has no parent then, and one on the heap is its caller's to delete.
@@ -114,7 +115,7 @@ public:
     void markLastFocusWidget();
 
 public Q_SLOTS:
-    /// Answers with @p ret and hides the sheet.
+    /// Answers with @p ret and hides the sheet; the focus goes back to where it was.
     void done(int ret);
     /// Answers with 0.
     void quit();

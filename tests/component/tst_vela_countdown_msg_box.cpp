@@ -123,6 +123,8 @@ private Q_SLOTS:
     void anyCountIsSurvived();
 
     void discardEndsItWithoutAnAutomaticClick();
+    void anAnswerDuringTheVisibleClickStands_data();
+    void anAnswerDuringTheVisibleClickStands();
     void discardIsWhatExecReturns();
     void okMayBeClickedBefore();
     void showingAgainContinues();
@@ -378,6 +380,33 @@ void VelaCountdownMessageBoxTest::discardEndsItWithoutAnAutomaticClick()
     QCOMPARE(finished.count(), 1);
     QCOMPARE(clicked.count(), 0);
     QCOMPARE(box.result(), DiscardResult);
+}
+
+void VelaCountdownMessageBoxTest::anAnswerDuringTheVisibleClickStands_data()
+{
+    QTest::addColumn<int>("result");
+    QTest::newRow("Discard") << DiscardResult;
+    QTest::newRow("Ok itself") << OkResult;
+}
+
+void VelaCountdownMessageBoxTest::anAnswerDuringTheVisibleClickStands()
+{
+    QFETCH(int, result);
+    VelaCountdownMessageBox box(0);
+    const QSignalSpy finished(&box, &QDialog::finished);
+    QAbstractButton *ok = box.button(QMessageBox::Ok);
+    box.show();
+    QVERIFY(ok->isDown());
+    box.button(static_cast<QMessageBox::StandardButton>(result))->click();
+    QCOMPARE(finished.count(), 1);
+    QTest::qWait(3 * VisibleClick);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(box.result(), result);
+    QVERIFY(!ok->isDown());
+
+    box.show(); // the next click is heard
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, Patience);
+    QCOMPARE(finished.at(1).at(0).toInt(), OkResult);
 }
 
 void VelaCountdownMessageBoxTest::discardIsWhatExecReturns()

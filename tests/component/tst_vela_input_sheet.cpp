@@ -181,6 +181,7 @@ private Q_SLOTS:
     void theContentStaysAfterCancel();
     void theLineEditIsTheCallersToSetUp();
     void otherKeysOfTheWindowAreSwallowed();
+    void tabKeysThatReachTheWindowMoveNothing();
     void keyReleasesOfTheWindowAreNot();
     void keysAreSwallowedWhileItIsHiddenToo();
     void tabStaysInTheSheet();
@@ -650,6 +651,21 @@ void VelaInputSheetTest::otherKeysOfTheWindowAreSwallowed()
     QCOMPARE(result, 1);
     QCOMPARE(presses.take(), 0);
     QVERIFY(sheet.getContent().isEmpty());
+}
+
+void VelaInputSheetTest::tabKeysThatReachTheWindowMoveNothing()
+{
+    SheetWindow window;
+    VelaInputSheet sheet(Prompt, &window);
+    QVERIFY(window.showAndWait());
+    EventCounter presses(&window, QEvent::KeyPress);
+    sheet.showSheet();
+    for (Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QVERIFY(QCoreApplication::sendEvent(&window, &press));
+        QVERIFY(sheet.getLineEdit()->hasFocus());
+    }
+    QCOMPARE(presses.take(), 0);
 }
 
 void VelaInputSheetTest::keyReleasesOfTheWindowAreNot()

@@ -166,9 +166,32 @@ bool isOnX()
     return QGuiApplication::platformName() == QStringLiteral("xcb");
 }
 
+/// What tells the window manager of the buttons of a window, which is given some that every program gives.
+class Hints
+{
+public:
+    explicit Hints(const QWidget &window) : m_window(static_cast<XWindow>(window.winId()))
+    {
+        if (isOnX()) {
+            m_x = std::make_unique<XConnection>();
+            m_x->setProperty(m_window, "_MOTIF_WM_HINTS", {"_MOTIF_WM_HINTS", 32, {3, 62, 126, 0, 0}});
+            before = now();
+        }
+    }
+
+    QVector<quint32> now() const { return m_x->property(m_window, "_MOTIF_WM_HINTS").elements; }
+
+    QVector<quint32> before;
+
+private:
+    const XWindow m_window;
+    std::unique_ptr<XConnection> m_x;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(std::function<void(VelaMessageSheet *, Window *)>)
+Q_DECLARE_METATYPE(std::function<void(VelaMessageSheet *, VelaMessageSheet *, QWidget *)>)
 
 /// The modal run of the message sheet, from being shown to being answered, and what may happen meanwhile.
 class VelaMessageSheetRunTest : public QObject
@@ -187,8 +210,8 @@ private Q_SLOTS:
     void aButtonOfNoCodeReturnsNone();
     void theMaskComesAndGoesWithTheSheet();
     void theMessageHasTheFocusAtFirst();
-    void theFocusLeavesAnAnsweredSheet_data();
-    void theFocusLeavesAnAnsweredSheet();
+    void theFocusGoesBackFromAnAnsweredSheet_data();
+    void theFocusGoesBackFromAnAnsweredSheet();
     void aSheetThatDoesNotBlockLeavesTheFocus();
     void theButtonsTakeTheFocusButNotTheirBox();
     void processingIsAnimated();
@@ -230,6 +253,8 @@ private Q_SLOTS:
     void theCloseButtonComesBackWhenBlockingEndsMeanwhile();
     void theCloseButtonIsAwayUntilTheLastSheetIsAnswered_data();
     void theCloseButtonIsAwayUntilTheLastSheetIsAnswered();
+    void theCloseButtonIsAwayWhateverBecomesOfTheSheets_data();
+    void theCloseButtonIsAwayWhateverBecomesOfTheSheets();
 
     void anAnswerEmitsFinishedOnce();
     void aKeyAfterAClickIsNoSecondAnswer();
@@ -246,8 +271,10 @@ private Q_SLOTS:
     void timersRunWhileItWaits();
     void aSecondSheetMayBeAnsweredFirst();
     void aFirstSheetMayBeAnsweredFirst();
+    void aSecondSheetMayBeAnInputSheet();
     void theFocusPassesToTheSheetBelow_data();
     void theFocusPassesToTheSheetBelow();
+    void aSheetThatIsMovedWatchesItsNewWindow_data();
     void aSheetThatIsMovedWatchesItsNewWindow();
     void theWindowMayBeResizedHiddenAndShown();
     void quittingEndsTheWait();
@@ -378,14 +405,14 @@ void VelaMessageSheetRunTest::theMessageHasTheFocusAtFirst()
     QCOMPARE(focus.reasons, QList<Qt::FocusReason> {Qt::TabFocusReason});
 }
 
-void VelaMessageSheetRunTest::theFocusLeavesAnAnsweredSheet_data()
+void VelaMessageSheetRunTest::theFocusGoesBackFromAnAnsweredSheet_data()
 {
     QTest::addColumn<bool>("hasMask");
     QTest::newRow("mask") << true;
     QTest::newRow("no mask") << false;
 }
 
-void VelaMessageSheetRunTest::theFocusLeavesAnAnsweredSheet()
+void VelaMessageSheetRunTest::theFocusGoesBackFromAnAnsweredSheet()
 {
     QFETCH(bool, hasMask);
     Window window;
@@ -395,8 +422,16 @@ void VelaMessageSheetRunTest::theFocusLeavesAnAnsweredSheet()
     if (hasMask) {
         VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
     }
+    window.below->setFocus();
     execute(&sheet, [&] {
         QVERIFY(sheet.isAncestorOf(QApplication::focusWidget()));
+        window.press(Qt::Key_Return);
+    });
+    QCOMPARE(QApplication::focusWidget(), window.below);
+
+    // Where that is gone any other will do.
+    execute(&sheet, [&] {
+        window.below->hide();
         window.press(Qt::Key_Return);
     });
     QCOMPARE(QApplication::focusWidget(), window.above);
@@ -996,16 +1031,13 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered()
     QFETCH(QVector<int>, order);
     Window window;
     QVERIFY(window.showAndWait());
-    const XConnection x;
-    const auto hints = [&] { return x.property(static_cast<XWindow>(window.winId()), "_MOTIF_WM_HINTS").elements; };
-    x.setProperty(static_cast<XWindow>(window.winId()), "_MOTIF_WM_HINTS", {"_MOTIF_WM_HINTS", 32, {3, 62, 126, 0, 0}});
-    const QVector<quint32> before = hints();
+    const Hints hints(window);
 
     QVector<VelaMessageSheet *> sheets;
     const std::function<void()> step = [&] {
         if (sheets.size() == order.size()) {
             for (int index : order) {
-                QCOMPARE(hints(), ButtonAway);
+                QCOMPARE(hints.now(), ButtonAway);
                 sheets.at(index)->done(index);
             }
             return;
@@ -1016,7 +1048,57 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered()
         QCOMPARE(execute(&sheet, step), index);
     };
     step();
-    QTRY_COMPARE(hints(), before);
+    QTRY_COMPARE(hints.now(), hints.before);
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets_data()
+{
+    using Change = std::function<void(VelaMessageSheet *, VelaMessageSheet *, QWidget *)>;
+    QTest::addColumn<Change>("change"); // of two sheets that wait, the second one in a panel
+    QTest::newRow("first is shown again")
+        << Change([](VelaMessageSheet *first, VelaMessageSheet *, QWidget *) { first->showSheet(); });
+    QTest::newRow("the second one's panel dies")
+        << Change([](VelaMessageSheet *, VelaMessageSheet *, QWidget *panel) { delete panel; });
+    QTest::newRow("first leaves and comes back") << Change([](VelaMessageSheet *first, VelaMessageSheet *, QWidget *) {
+        QWidget *window = first->parentWidget();
+        Window other;
+        first->setParent(&other);
+        first->setParent(window);
+    });
+    QTest::newRow("the panel leaves and comes back")
+        << Change([](VelaMessageSheet *first, VelaMessageSheet *, QWidget *panel) {
+               Window other;
+               panel->setParent(&other);
+               panel->setParent(first->parentWidget());
+           });
+    QTest::newRow("second is answered and waits again")
+        << Change([](VelaMessageSheet *, VelaMessageSheet *second, QWidget *) {
+               second->done(2);
+               execute(second, [second] { second->done(3); });
+           });
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets()
+{
+    if (!isOnX()) {
+        QSKIP("needs an X server");
+    }
+    QFETCH(std::function<void(VelaMessageSheet *, VelaMessageSheet *, QWidget *)>, change);
+    Window window;
+    QVERIFY(window.showAndWait());
+    const Hints hints(window);
+    auto *panel = new QWidget(&window);
+    VelaMessageSheet first(VelaMessageSheet::InfoMessage, Text, &window);
+    VelaMessageSheet second(VelaMessageSheet::InfoMessage, Text, panel);
+    execute(&first, [&] {
+        execute(&second, [&] {
+            change(&first, &second, panel);
+            QCOMPARE(hints.now(), ButtonAway);
+            first.done(1);
+            QTimer::singleShot(0, &second, &VelaMessageSheet::quit);
+        });
+    });
+    QTRY_COMPARE(hints.now(), hints.before);
 }
 
 void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnce()
@@ -1228,6 +1310,38 @@ void VelaMessageSheetRunTest::aFirstSheetMayBeAnsweredFirst()
     QCOMPARE(first, 11);
 }
 
+void VelaMessageSheetRunTest::aSecondSheetMayBeAnInputSheet()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    shown.sheet->setBlockWindowButton(true);
+    const Hints hints(shown.window);
+    QString typed;
+    const int first = shown.execute([&] {
+        shown.cancel()->setFocus();
+        VelaInputSheet above(Text, &shown.window);
+        VelaMask::createMask(&above, &shown.window, QColor(0, 0, 0, 20));
+        const int second = execute(&above, [&] {
+            shown.window.press(Qt::Key_A);
+            shown.window.close();
+            shown.window.press(Qt::Key_Return);
+        });
+        QCOMPARE(second, OkCode);
+        typed = above.getContent();
+        QCOMPARE(shown.window.closings, 0);
+        QCOMPARE(QApplication::focusWidget(), shown.cancel());
+        if (isOnX()) {
+            QCOMPARE(hints.now(), ButtonAway);
+        }
+        shown.window.press(Qt::Key_Return);
+    });
+    QCOMPARE(first, OkCode);
+    QCOMPARE(typed, QStringLiteral("a"));
+    if (isOnX()) {
+        QTRY_COMPARE(hints.now(), hints.before);
+    }
+}
+
 void VelaMessageSheetRunTest::theFocusPassesToTheSheetBelow_data()
 {
     QTest::addColumn<bool>("isInACover"); // or on the button, which had the focus before
@@ -1261,18 +1375,36 @@ void VelaMessageSheetRunTest::theFocusPassesToTheSheetBelow()
     QCOMPARE(shown.window.above->text() + shown.window.below->text(), QString());
 }
 
+void VelaMessageSheetRunTest::aSheetThatIsMovedWatchesItsNewWindow_data()
+{
+    QTest::addColumn<bool>("isInAPanel"); // that moves with it
+    QTest::newRow("the sheet") << false;
+    QTest::newRow("a panel with it") << true;
+}
+
 void VelaMessageSheetRunTest::aSheetThatIsMovedWatchesItsNewWindow()
 {
+    QFETCH(bool, isInAPanel);
     Window former;
     Window window;
     QVERIFY(former.showAndWait());
     QVERIFY(window.showAndWait());
-    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, &former);
+    auto *panel = new QWidget(&former);
+    panel->resize(600, 300);
+    panel->show();
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, Text, panel);
+    QWidget *moved = isInAPanel ? panel : &sheet;
+    const Hints hintsOfFormer(former);
+    const Hints hints(window);
     QCOMPARE(execute(&sheet,
                      [&] {
-                         VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
-                         sheet.show();
-                         QCOMPARE(former.send(Qt::Key_A), true);
+                         moved->setParent(&window);
+                         moved->show();
+                         if (isOnX()) {
+                             QCOMPARE(hintsOfFormer.now(), hintsOfFormer.before);
+                             QCOMPARE(hints.now(), ButtonAway);
+                         }
+                         former.send(Qt::Key_A);
                          QCOMPARE(former.keys, 1);
                          former.close();
                          QCOMPARE(former.closings, 1);
@@ -1284,6 +1416,9 @@ void VelaMessageSheetRunTest::aSheetThatIsMovedWatchesItsNewWindow()
     QCOMPARE(window.keys, 0);
     window.send(Qt::Key_A);
     QCOMPARE(window.keys, 1);
+    if (isOnX()) {
+        QCOMPARE(hints.now(), hints.before);
+    }
 }
 
 void VelaMessageSheetRunTest::theWindowMayBeResizedHiddenAndShown()
