@@ -255,6 +255,8 @@ private Q_SLOTS:
     void theCloseButtonIsAwayUntilTheLastSheetIsAnswered();
     void theCloseButtonIsAwayWhateverBecomesOfTheSheets_data();
     void theCloseButtonIsAwayWhateverBecomesOfTheSheets();
+    void theCloseButtonIsAwayWhenAPanelBelowAnotherSheetDies();
+    void theCloseButtonIsAwayWhenAShownSheetWaits();
 
     void anAnswerEmitsFinishedOnce();
     void aKeyAfterAClickIsNoSecondAnswer();
@@ -1096,6 +1098,48 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets()
             QCOMPARE(hints.now(), ButtonAway);
             first.done(1);
             QTimer::singleShot(0, &second, &VelaMessageSheet::quit);
+        });
+    });
+    QTRY_COMPARE(hints.now(), hints.before);
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayWhenAPanelBelowAnotherSheetDies()
+{
+    if (!isOnX()) {
+        QSKIP("needs an X server");
+    }
+    Window window;
+    QVERIFY(window.showAndWait());
+    const Hints hints(window);
+    auto *panel = new QWidget(&window);
+    VelaMessageSheet first(VelaMessageSheet::InfoMessage, Text, panel);
+    VelaMessageSheet second(VelaMessageSheet::InfoMessage, Text, &window);
+    execute(&first, [&] {
+        execute(&second, [&] {
+            delete panel;
+            QCOMPARE(hints.now(), ButtonAway);
+            second.quit();
+        });
+    });
+    QTRY_COMPARE(hints.now(), hints.before);
+}
+
+void VelaMessageSheetRunTest::theCloseButtonIsAwayWhenAShownSheetWaits()
+{
+    if (!isOnX()) {
+        QSKIP("needs an X server");
+    }
+    Window window;
+    QVERIFY(window.showAndWait());
+    const Hints hints(window);
+    VelaMessageSheet first(VelaMessageSheet::InfoMessage, Text, &window);
+    VelaMessageSheet second(VelaMessageSheet::InfoMessage, Text, &window);
+    first.showSheet();
+    execute(&second, [&] {
+        execute(&first, [&] {
+            second.quit();
+            QCOMPARE(hints.now(), ButtonAway);
+            first.quit();
         });
     });
     QTRY_COMPARE(hints.now(), hints.before);
