@@ -85,7 +85,7 @@ void addCorners(GalleryPage *page)
 
 GalleryPage *createMenusPage(const QString &title)
 {
-    auto *page = new GalleryPage(title, QStringLiteral("VelaMenu stays on its screen."));
+    auto *page = new GalleryPage(title, QStringLiteral("VelaMenu moves when it would stick out of its screen."));
     page->addSection(QStringLiteral("VelaMenu"),
                      QStringLiteral("Its style is the client's choice: component.menu here."));
     page->addExample(QStringLiteral("Menu"), QStringLiteral("component.menu"), {createPicture(page)});

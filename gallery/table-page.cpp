@@ -78,8 +78,8 @@ private:
     int m_sortColumn = Name;
     Qt::SortOrder m_order = Qt::DescendingOrder;
     VelaPagingModel m_model {RowsPerPage};
+    VelaPagingBar m_bar {&m_model}; // a member as well, so that it goes before its model
     VelaTableWidget *m_table = new VelaTableWidget(createColumns());
-    VelaPagingBar *m_bar = new VelaPagingBar(&m_model);
 };
 
 FileList::FileList(GalleryPage *page)
@@ -88,20 +88,20 @@ FileList::FileList(GalleryPage *page)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(scaled(Spacing));
     column->addWidget(m_table);
-    column->addWidget(m_bar);
+    column->addWidget(&m_bar);
     m_table->setFixedHeight(scaled(TableHeight));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
-    m_bar->setItemCount(FileCount);
+    m_bar.setItemCount(FileCount);
     QHeaderView *header = m_table->getHeader();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
     connect(header, &QHeaderView::sectionClicked, this, &FileList::sortBy);
-    connect(m_bar, &VelaPagingBar::sigPageChanged, this, &FileList::showPage);
-    connect(m_bar, &VelaPagingBar::sigRefresh, this, &FileList::showPage);
+    connect(&m_bar, &VelaPagingBar::sigPageChanged, this, &FileList::showPage);
+    connect(&m_bar, &VelaPagingBar::sigRefresh, this, &FileList::showPage);
     page->logSignal(QStringLiteral("Header"), header, &QHeaderView::sectionClicked);
-    page->logSignal(QStringLiteral("Paging bar"), m_bar, &VelaPagingBar::sigPageChanged);
-    page->logSignal(QStringLiteral("Paging bar"), m_bar, &VelaPagingBar::sigRefresh);
+    page->logSignal(QStringLiteral("Paging bar"), &m_bar, &VelaPagingBar::sigPageChanged);
+    page->logSignal(QStringLiteral("Paging bar"), &m_bar, &VelaPagingBar::sigRefresh);
     sortBy(Name);
 }
 
@@ -113,7 +113,8 @@ void FileList::sortBy(int column)
         [](const File &left, const File &right) { return left.date < right.date; },
         [](const File &left, const File &right) { return left.owner < right.owner; },
     };
-    if (column >= ColumnCount) { // the section above the scroll bar
+    if (column >= ColumnCount) { // the section above the scroll bar, which the click has given the indicator
+        m_table->getHeader()->setSortIndicator(m_sortColumn, m_order);
         return;
     }
     const bool isSame = column == m_sortColumn;
@@ -124,7 +125,7 @@ void FileList::sortBy(int column)
         return m_order == Qt::AscendingOrder ? isLess(left, right) : isLess(right, left);
     });
     m_table->getHeader()->setSortIndicator(column, m_order);
-    m_bar->reset();
+    m_bar.reset();
 }
 
 void FileList::showPage()
@@ -143,8 +144,8 @@ void FileList::showPage()
         }
     }
     table->scrollToTop();
-    m_bar->setFooterInfos({{QStringLiteral("%1\u2013%2").arg(first + 1).arg(first + count), RangeWidth},
-                           {QStringLiteral("%1 files").arg(locale.toString(FileCount)), TotalWidth}});
+    m_bar.setFooterInfos({{QStringLiteral("%1\u2013%2").arg(first + 1).arg(first + count), RangeWidth},
+                          {QStringLiteral("%1 files").arg(locale.toString(FileCount)), TotalWidth}});
 }
 
 } // namespace
@@ -152,8 +153,9 @@ void FileList::showPage()
 GalleryPage *createTablePage(const QString &title)
 {
     auto *page = new GalleryPage(title,
-                                 QStringLiteral("A long list, a page at a time. A click on a heading sorts it; the "
-                                                "edges of headings can be dragged, but for that of Size."));
+                                 QStringLiteral("A long list, a page at a time. A click on a heading sorts it. The "
+                                                "edge of Changed can be dragged; Name and Owner stretch with the "
+                                                "window."));
     page->addSection(
         QStringLiteral("VelaTableWidget and VelaPagingBar"),
         QStringLiteral("component.table, component.table_header, component.scrollbar, component.paging_bar_\u2026"));

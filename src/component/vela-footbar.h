@@ -23,7 +23,8 @@ public:
     void pushLeftWidget(QWidget *widget);
     /// Adds a widget at the right end of the right group.
     void pushRightWidget(QWidget *widget);
-    /// Lays the widgets out, with margins and spacing of its own: set others afterwards.
+    /// Lays the widgets out with margins of 20, 8, 20 and 8 and a spacing of 10 logical pixels: set others afterwards.
+    /// A second call adds the widgets and the space between the groups again.
     void init();
 
     /// Margins around the row in logical pixels.

@@ -7,7 +7,7 @@
 /// Label in the look of "component.label".
 ///
 /// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that
-/// the text needs at the label's width.
+/// the text needs at the label's width. It is computed at each resize, and only then: a new text counts at the next.
 class VELA_EXPORT VelaLabel : public QLabel
 {
     Q_OBJECT

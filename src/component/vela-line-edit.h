@@ -34,10 +34,11 @@ public:
     /// Sets the field's dynamic property "error", on which style sheets select, and brings its look up to date.
     void setError(bool error);
 
-    /// The text in front of the field, empty at first.
+    /// The text in front of the field, empty at first. It belongs to this widget.
     QLabel *getPreLabel();
-    /// The text behind the field, empty at first.
+    /// The text behind the field, empty at first. It belongs to this widget.
     QLabel *getPostLabel();
+    /// The field, which belongs to this widget.
     QLineEdit *getLineEdit();
     QString getEditText() const;
 

@@ -4,8 +4,12 @@
 
 #include <QMenu>
 
-/// Menu that moves back into the available area of its screen each time it is shown. It has no style sheet of its own;
-/// set "component.menu" or another.
+/// Menu that moves away from the edges of its screen's available area each time it is shown. It has no style sheet of
+/// its own; set "component.menu" or another.
+///
+/// One that reaches the area's last pixel at the right or at the bottom moves to end one pixel short of it. One that
+/// begins left of the area or above it moves to the coordinate 0 of the whole desktop, which may lie outside the area
+/// or on another screen.
 class VELA_EXPORT VelaMenu : public QMenu
 {
     Q_OBJECT

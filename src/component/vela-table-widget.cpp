@@ -43,7 +43,8 @@ private:
     int m_resized = -1; // by the current move of the mouse
 };
 
-/// Clips the header, and follows the rows alone: no wheel turned over it scrolls it.
+/// Clips the header, and follows the rows alone: no wheel, no key and no widget in the header that takes the focus
+/// scrolls it.
 class HeaderArea : public QScrollArea
 {
 public:
@@ -51,6 +52,11 @@ public:
 
 protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override { event->ignore(); }
+    bool focusNextPrevChild(bool next) override
+    {
+        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): the area's own one scrolls
+    }
 };
 
 bool isStretching(const VelaTableColumnsInfo::ColumnInfo &column)
@@ -211,9 +217,14 @@ void VelaTableWidget::initailze()
     connect(d->header, &QHeaderView::sectionResized, this, &VelaTableWidget::slotSectionResized);
     connect(d->body->verticalScrollBar(), &QScrollBar::rangeChanged, this,
             &VelaTableWidget::slotVerticalScrollRangeChanged);
-    connect(d->body->horizontalScrollBar(), &QScrollBar::valueChanged, d->headerArea->horizontalScrollBar(),
-            &QScrollBar::setValue);
     connect(d->body, &ResizeSignalTableWidget::sigResized, this, &VelaTableWidget::slotTableResized);
+
+    // Not the value that is told: scrolling may do the pending layout, which scrolls again, and then the older value is
+    // the last to be told.
+    QScrollBar *const bodyBar = d->body->horizontalScrollBar();
+    QScrollBar *const headerBar = d->headerArea->horizontalScrollBar();
+    connect(bodyBar, &QScrollBar::valueChanged, headerBar,
+            [bodyBar, headerBar] { headerBar->setValue(bodyBar->value()); });
 }
 
 QTableWidget *VelaTableWidget::getTable()

@@ -22,8 +22,8 @@ public:
         double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
     };
 
-    /// Appends a column and returns its index. Nothing is checked. Let the ratios of all columns sum to 1 to fill the
-    /// table.
+    /// Appends a column and returns its index. Nothing is checked. Let the ratios of the columns that stretch sum to 1
+    /// to fill the table.
     int addColumn(const QString &title, int width, bool resizable, double stretchRatio);
 
     int columnCount() const;
@@ -34,7 +34,7 @@ private:
     std::vector<ColumnInfo> m_columns;
 };
 
-/// Table that reports its resizing before it acts on it, with the size that is left for the rows.
+/// Table that reports its resizing before it acts on it.
 class VELA_EXPORT ResizeSignalTableWidget : public QTableWidget
 {
     Q_OBJECT
@@ -43,6 +43,7 @@ public:
     ResizeSignalTableWidget(int rows, int columns);
 
 Q_SIGNALS:
+    /// The room for the rows is @p size now: that of the viewport, without the vertical scroll bar.
     void sigResized(QSize size);
 
 protected:
@@ -64,15 +65,19 @@ public:
 
     /// The rows; its own headers are hidden.
     QTableWidget *getTable();
-    /// The visible header. Its last section, above the vertical scroll bar, belongs to no column.
+    /// The visible header. Its last section, above the vertical scroll bar, belongs to no column. What lies further to
+    /// the right than 20000 logical pixels has no header.
     QHeaderView *getHeader();
 
     /// Builds everything; the constructor has called it.
     void initailze();
 
 public Q_SLOTS:
+    /// Gives the column at @p index the width @p new_size, in pixels; the header has told it.
     void slotSectionResized(int index, int old_size, int new_size);
+    /// Hides the vertical scroll bar when @p max is 0 and shows it otherwise.
     void slotVerticalScrollRangeChanged(int min, int max);
+    /// Stretches the columns to a room of @p size for the rows. Those that do not stretch keep their widths.
     void slotTableResized(QSize size);
 
 private:

@@ -49,8 +49,8 @@ VELA_EXPORT void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widg
 VELA_EXPORT QString getHtmlEscapedStringForToolTip(const QString &text);
 
 /// Takes the close button and the other functions of the window of @p widget away, or gives them back, through the
-/// property that window managers on X11 read ("_MOTIF_WM_HINTS"). Does nothing on another platform and for a window
-/// that has not been shown yet.
+/// property that window managers on X11 read ("_MOTIF_WM_HINTS"). Does nothing on another platform and for a widget
+/// without a native window yet, as before it is first shown.
 ///
 /// @p savedState points to a pointer that is null at first. Disabling keeps the window's hints there and enabling puts
 /// them back, frees them and sets the pointer to null; enabling without them does nothing. Disabling twice loses what

@@ -29,7 +29,7 @@ private Q_SLOTS:
     void aMenuTellsItsItems();
     void aFootbarHoldsItsControlsInTheirOrder();
     void theButtonOfAFilterBarTellsThatItHasAMenu();
-    void anIconButtonIsNamedByItsClientOrItsToolTip();
+    void anIconButtonIsNamedByItsClientAndDescribedByItsToolTip();
     void aFieldIsNamedByItsClientAndTellsItsText();
     void aComboBoxTellsItsCurrentText();
     void aDisabledControlSaysSo();
@@ -86,6 +86,12 @@ QWidget *AccessibleControlsTest::create(const QString &control)
     } else if (control == QLatin1String("VelaFilterBar")) {
         widget = new VelaFilterBar(m_window.data());
         widget->setAccessibleName(text);
+    } else if (control == QLatin1String("VelaLineEdit")) {
+        widget = new VelaLineEdit(m_window.data());
+        widget->setAccessibleName(text);
+    } else if (control == QLatin1String("VelaFootbar")) {
+        widget = new VelaFootbar(m_window.data());
+        widget->setAccessibleName(text);
     }
     return widget;
 }
@@ -101,6 +107,8 @@ void AccessibleControlsTest::rolesAndNames_data()
     QTest::newRow("VelaMenu") << int(QAccessible::PopupMenu);
     QTest::newRow("VelaComboBox") << int(QAccessible::ComboBox);
     QTest::newRow("VelaFilterBar") << int(QAccessible::EditableText);
+    QTest::newRow("VelaLineEdit") << int(QAccessible::Client); // what holds others
+    QTest::newRow("VelaFootbar") << int(QAccessible::Client);
 }
 
 void AccessibleControlsTest::rolesAndNames()
@@ -172,13 +180,14 @@ void AccessibleControlsTest::theButtonOfAFilterBarTellsThatItHasAMenu()
     QVERIFY(interface->state().hasPopup);
 }
 
-void AccessibleControlsTest::anIconButtonIsNamedByItsClientOrItsToolTip()
+void AccessibleControlsTest::anIconButtonIsNamedByItsClientAndDescribedByItsToolTip()
 {
     VelaIconButton button(QStringLiteral("icon"));
     QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&button);
     QCOMPARE(interface->text(QAccessible::Name), QString());
     button.setToolTip(QStringLiteral("Next page"));
     QCOMPARE(interface->text(QAccessible::Description), QStringLiteral("Next page"));
+    QCOMPARE(interface->text(QAccessible::Name), QString());
     button.setAccessibleName(QStringLiteral("Next"));
     QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Next"));
 }

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
+#include <QProcess>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
@@ -16,6 +17,9 @@ namespace {
 
 const QString Border = QStringLiteral("border: 1px solid #C8D2DC;");
 const QString ScrollBarSheet = QStringLiteral("\nQScrollBar:vertical { width: %1px }");
+
+constexpr double OddScale = 100.0 / 96.0; // of OddDpi
+const QString OddDpi = QStringLiteral("100");
 
 const char FullTemplate[] = "QComboBox { min-width: 111px; background: yellow; combobox-popup: 0; %1\n%2 }\n"
                             "QComboBox QAbstractItemView::item { min-height: 41px; background: cyan }";
@@ -92,6 +96,7 @@ private Q_SLOTS:
     void theSheetIsAssembledToTheLetter_data();
     void theSheetIsAssembledToTheLetter();
     void thePaddingIsNotTruncated();
+    void thePaddingKeepsItsDigitsAtAnOddScale();
     void allElseIsAsInItsBase();
     void theParentMayBeLeftOut();
     void itAddsNoSignalsSlotsOrProperties();
@@ -201,12 +206,26 @@ void VelaComboBoxTest::thePaddingIsNotTruncated()
 {
     const QMap<double, QString> known {
         {1.0, QStringLiteral("padding-left: 6px; \npadding-right: 6px;")},
+        {OddScale, QStringLiteral("padding-left: 6.25px; \npadding-right: 6.25px;")},
         {1.25, QStringLiteral("padding-left: 7.5px; \npadding-right: 7.5px;")},
         {1.5, QStringLiteral("padding-left: 9px; \npadding-right: 9px;")},
     };
     QVERIFY(known.contains(expectedScale()));
     const VelaComboBox box;
     QVERIFY2(box.styleSheet().contains(known.value(expectedScale())), qPrintable(box.styleSheet()));
+}
+
+void VelaComboBoxTest::thePaddingKeepsItsDigitsAtAnOddScale()
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_FONT_DPI"), OddDpi);
+    QProcess test; // the scale stays the same as long as a process runs
+    test.setProcessEnvironment(environment);
+    test.start(QCoreApplication::applicationFilePath(), {QStringLiteral("thePaddingIsNotTruncated")});
+    QVERIFY(test.waitForFinished());
+    const QByteArray output = test.readAllStandardOutput();
+    QVERIFY2(test.exitStatus() == QProcess::NormalExit && test.exitCode() == 0, output.constData());
+    QVERIFY2(output.contains("PASS   : VelaComboBoxTest::thePaddingIsNotTruncated()"), output.constData());
 }
 
 void VelaComboBoxTest::allElseIsAsInItsBase()

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void theSlotReportsTheText();
     void downWithoutAMenuDoesNothing();
     void downWithAMenuThatIsGoneDoesNothing();
+    void downOpensTheMenu_data();
     void downOpensTheMenu();
     void otherKeysReachTheField();
     void theButtonStaysInPlaceWhenTheFieldIsResized();
@@ -264,8 +265,17 @@ void VelaFilterBarTest::downWithAMenuThatIsGoneDoesNothing()
     QVERIFY(!closer.wasOpen());
 }
 
+void VelaFilterBarTest::downOpensTheMenu_data()
+{
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::newRow("alone") << Qt::KeyboardModifiers();
+    QTest::newRow("on the keypad") << Qt::KeyboardModifiers(Qt::KeypadModifier);
+    QTest::newRow("with Shift") << Qt::KeyboardModifiers(Qt::ShiftModifier);
+}
+
 void VelaFilterBarTest::downOpensTheMenu()
 {
+    QFETCH(Qt::KeyboardModifiers, modifiers);
     auto *bar = new VelaFilterBar;
     ControlWindow window(bar);
     QMenu menu;
@@ -275,11 +285,15 @@ void VelaFilterBarTest::downOpensTheMenu()
     bar->setText(QStringLiteral("abc"));
     bar->setFocus();
     bar->setCursorPosition(1);
+    EventCounter passedOn(&window, QEvent::KeyPress);
     const MenuCloser closer(&menu);
-    window.key(Qt::Key_Down); // returns when the menu is closed
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, modifiers); // without the press of the modifier's own key
+    QCoreApplication::sendEvent(bar, &press); // returns when the menu is closed
     QVERIFY(closer.wasOpen());
     QVERIFY(bar->hasFocus());
     QCOMPARE(bar->cursorPosition(), 1);
+    QVERIFY(!bar->hasSelectedText());
+    QCOMPARE(passedOn.take(), 0); // consumed
 }
 
 void VelaFilterBarTest::otherKeysReachTheField()

@@ -73,6 +73,8 @@ private Q_SLOTS:
     void theHorizontalPolicyDoesNotMatter();
     void aMinimumHeightOfTheCallersIsReplaced();
     void aNewTextCountsAtTheNextResize();
+    void aLabelWithoutATextNeedsNoHeight_data();
+    void aLabelWithoutATextNeedsNoHeight();
     void whatIsSwitchedOffLaterLeavesTheLastMinimum();
 
 private:
@@ -305,6 +307,34 @@ void VelaLabelTest::aNewTextCountsAtTheNextResize()
     window.label.resize(151, 10);
     QVERIFY(window.label.minimumHeight() < before);
     QCOMPARE(window.label.minimumHeight(), neededHeight(window.label, 151));
+}
+
+void VelaLabelTest::aLabelWithoutATextNeedsNoHeight_data()
+{
+    QTest::addColumn<QSize>("pictureSize");
+    QTest::newRow("empty") << QSize();
+    QTest::newRow("with a picture") << QSize(20, 300);
+}
+
+void VelaLabelTest::aLabelWithoutATextNeedsNoHeight()
+{
+    QFETCH(QSize, pictureSize);
+    QWidget window;
+    VelaLabel label(&window);
+    label.setWordWrap(true);
+    label.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    if (pictureSize.isValid()) {
+        QPixmap picture(pictureSize);
+        picture.fill(Qt::red);
+        label.setPixmap(picture);
+    }
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    label.setMinimumHeight(7);
+    LogCapture log;
+    label.resize(150, 30);
+    QCOMPARE(label.minimumHeight(), 0);
+    QCOMPARE(log.takeTexts(), QStringList()); // the toolkit complains of negative sizes
 }
 
 void VelaLabelTest::whatIsSwitchedOffLaterLeavesTheLastMinimum()

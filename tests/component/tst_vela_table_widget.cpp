@@ -6,6 +6,7 @@
 #include "support/resource-folder.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollArea>
@@ -211,6 +212,7 @@ private Q_SLOTS:
     void columnsStretch();
     void columnsStretchToWhatTheSlotIsGiven();
     void anyDeclarationIsSurvived();
+    void fixedColumnsMayBeWiderThanAnIntCanSay();
     void columnsThatStretchByOneFillTheRows();
     void tablesNarrowerThanTheFixedColumnsHaveBaseWidths();
     void aDeclarationWithoutStretchingKeepsAllWidths();
@@ -232,8 +234,12 @@ private Q_SLOTS:
     void wheelsOverTheHeaderDoNotScrollIt_data();
     void wheelsOverTheHeaderDoNotScrollIt();
     void fingersOnTheHeaderDoNotScrollIt();
+    void keysForTheHeaderDoNotScrollIt_data();
+    void keysForTheHeaderDoNotScrollIt();
+    void focusMovingAlongTheHeaderDoesNotScrollIt();
     void theHeaderTakesNoFocus();
     void draggingAcrossTheHeaderDoesNotScrollIt();
+    void theHeaderFollowsBeforeTheTableIsShown();
     void theHeaderFollowsAWheelOverTheRows();
     void theHeaderFollowsTheScrollBar();
     void theHeaderFollowsTheKeyboard();
@@ -322,6 +328,9 @@ void VelaTableWidgetTest::aColumnIsEmptyByDefault()
 {
     const VelaTableColumnsInfo::ColumnInfo column;
     QVERIFY(column.title.isEmpty());
+    QCOMPARE(column.width, 0);
+    QVERIFY(!column.resizable);
+    QCOMPARE(column.stretchRatio, 0.0);
 }
 
 void VelaTableWidgetTest::copiesOfTheDeclarationAreIndependent()
@@ -601,6 +610,16 @@ void VelaTableWidgetTest::anyDeclarationIsSurvived()
         QCOMPARE(window.header->sectionSize(10), expectedPixels(FillerWidth));
         QCOMPARE(window.bodyWidths(), window.headerWidths());
     }
+}
+
+void VelaTableWidgetTest::fixedColumnsMayBeWiderThanAnIntCanSay()
+{
+    // Of too small a sum this share would still be a width that the header takes.
+    VelaTableWidget table(
+        declared({{"A", 2000000000, false, 0.0}, {"B", 2000000000, false, 0.0}, {"C", 50, true, 0.001}}));
+    table.slotTableResized(QSize(700, 200));
+    QCOMPARE(table.getHeader()->sectionSize(2), expectedPixels(50));
+    QCOMPARE(table.getTable()->columnWidth(2), expectedPixels(50));
 }
 
 void VelaTableWidgetTest::columnsThatStretchByOneFillTheRows()
@@ -884,6 +903,50 @@ void VelaTableWidgetTest::fingersOnTheHeaderDoNotScrollIt()
     QCOMPARE(window.headerLeft(0), window.bodyLeft(0));
 }
 
+void VelaTableWidgetTest::keysForTheHeaderDoNotScrollIt_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("left") << Qt::Key_Left;
+    QTest::newRow("right") << Qt::Key_Right;
+    QTest::newRow("up") << Qt::Key_Up;
+    QTest::newRow("down") << Qt::Key_Down;
+    QTest::newRow("page up") << Qt::Key_PageUp;
+    QTest::newRow("page down") << Qt::Key_PageDown;
+}
+
+void VelaTableWidgetTest::keysForTheHeaderDoNotScrollIt()
+{
+    QFETCH(Qt::Key, key);
+    TableWindow window(Wide);
+    QVERIFY(window.showAndWait());
+    window.body->horizontalScrollBar()->setValue(100);
+    EventCounter passedOn(&window, QEvent::KeyPress);
+    QTest::keyClick(window.header, key);
+    QCOMPARE(passedOn.take(), 1);
+    QCOMPARE(window.area->horizontalScrollBar()->value(), 100);
+    QCOMPARE(window.area->verticalScrollBar()->value(), 0);
+}
+
+void VelaTableWidgetTest::focusMovingAlongTheHeaderDoesNotScrollIt()
+{
+    TableWindow window(Wide);
+    const auto addCheckBox = [&window](int section) {
+        auto *box = new QCheckBox(window.header->viewport());
+        box->move(window.header->sectionViewportPosition(section), 0);
+        return box;
+    };
+    QCheckBox *const first = addCheckBox(0);
+    QCheckBox *const last = addCheckBox(3);
+    QVERIFY(window.showAndWait());
+    first->setFocus();
+    for (QCheckBox *next : {last, first}) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab, next == last ? Qt::NoModifier : Qt::ShiftModifier);
+        QVERIFY(next->hasFocus());
+        QCOMPARE(window.area->horizontalScrollBar()->value(), 0);
+        QCOMPARE(window.headerLeft(3), window.bodyLeft(3));
+    }
+}
+
 void VelaTableWidgetTest::theHeaderTakesNoFocus()
 {
     TableWindow window(Wide);
@@ -916,6 +979,18 @@ void VelaTableWidgetTest::draggingAcrossTheHeaderDoesNotScrollIt()
     QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, start);
     QCOMPARE(window.area->horizontalScrollBar()->value(), 100);
     QCOMPARE(window.headerWidths(), baseWidths(Wide));
+}
+
+void VelaTableWidgetTest::theHeaderFollowsBeforeTheTableIsShown()
+{
+    TableWindow window(Wide);
+    window.addRows(3);
+    window.body->scrollToItem(window.body->item(0, 3));
+    QVERIFY(window.showAndWait());
+    QVERIFY(window.body->horizontalScrollBar()->value() > 0);
+    for (int i = 0; i < Wide.size(); ++i) {
+        QCOMPARE(window.headerLeft(i), window.bodyLeft(i));
+    }
 }
 
 void VelaTableWidgetTest::theHeaderFollowsAWheelOverTheRows()

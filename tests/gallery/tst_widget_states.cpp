@@ -1,9 +1,15 @@
+#include "gallery-page.h"
+#include "pages.h"
 #include "support/resource-folder.h"
 #include "widget-states.h"
 
 #include <VelaButton>
+#include <VelaComboBox>
+#include <VelaTableWidget>
 
 #include <QAbstractButton>
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -73,7 +79,11 @@ private Q_SLOTS:
     void aFrozenWidgetStaysSoWhenItIsShownAgain();
     void aFrozenWidgetHeedsNeitherPointerNorKeyboard();
     void focusIsNotKnownWithoutAStyleSheet();
+    void focusMovesNoTextOfAComboBox();
     void eachStateHasAColumn();
+
+    void sectionsAreAboveTheirColumnsAndTheLastAboveTheScrollBar();
+    void aClickBesideTheHeadingsLeavesTheSortIndicator();
 };
 
 void WidgetStatesTest::initTestCase()
@@ -168,12 +178,73 @@ void WidgetStatesTest::focusIsNotKnownWithoutAStyleSheet()
     QVERIFY(!freeze(&unstyled, WidgetState::Focused));
 }
 
+void WidgetStatesTest::focusMovesNoTextOfAComboBox()
+{
+    VelaComboBox combo;
+    combo.addItem(QStringLiteral("Every day"));
+    combo.resize(combo.sizeHint());
+    const auto textArea = [&combo](QStyle::State state) {
+        QStyleOptionComboBox option;
+        option.initFrom(&combo);
+        option.state |= state;
+        return combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &combo);
+    };
+    QVERIFY(textArea(QStyle::State_None).isValid());
+    QCOMPARE(textArea(QStyle::State_HasFocus), textArea(QStyle::State_None));
+    QCOMPARE(textArea(QStyle::State_On), textArea(QStyle::State_None)); // with its list open
+}
+
 void WidgetStatesTest::eachStateHasAColumn()
 {
     const QList<QWidget *> widgets = inAllStates([] { return new VelaButton(QStringLiteral("Apply")); });
     QCOMPARE(widgets.size(), stateColumns().size());
     QVERIFY(!widgets.contains(nullptr));
     qDeleteAll(widgets);
+}
+
+void WidgetStatesTest::sectionsAreAboveTheirColumnsAndTheLastAboveTheScrollBar()
+{
+    VelaTableColumnsInfo columns;
+    columns.addColumn(QStringLiteral("Name"), 100, true, 1.0);
+    columns.addColumn(QStringLiteral("Size"), 60, false, 0.0);
+    VelaTableWidget table(columns);
+    const QTableWidget *rows = table.getTable();
+    const QHeaderView *header = table.getHeader();
+    table.getTable()->setRowCount(100);
+    table.resize(500, 300);
+    table.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&table));
+
+    const auto sectionLeft = [&](int section) {
+        return header->viewport()->mapTo(&table, QPoint(header->sectionViewportPosition(section), 0)).x();
+    };
+    for (int i = 0; i < columns.columnCount(); ++i) {
+        QCOMPARE(sectionLeft(i), rows->viewport()->mapTo(&table, QPoint(rows->columnViewportPosition(i), 0)).x());
+        QCOMPARE(header->sectionSize(i), rows->columnWidth(i));
+    }
+    const QScrollBar *bar = rows->verticalScrollBar();
+    QTRY_VERIFY(bar->isVisible());
+    const int last = columns.columnCount();
+    QCOMPARE(sectionLeft(last), bar->mapTo(&table, QPoint(0, 0)).x());
+    QCOMPARE(header->sectionSize(last), bar->width());
+}
+
+void WidgetStatesTest::aClickBesideTheHeadingsLeavesTheSortIndicator()
+{
+    const QScopedPointer<GalleryPage> page(createTablePage(QStringLiteral("Table")));
+    QHeaderView *header = page->findChild<VelaTableWidget *>()->getHeader();
+    page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(page.data()));
+    const auto click = [&](int section) {
+        const int x = header->sectionViewportPosition(section) + header->sectionSize(section) / 2;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    };
+    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        click(1);
+        click(header->count() - 1);
+        QCOMPARE(header->sortIndicatorSection(), 1);
+        QCOMPARE(header->sortIndicatorOrder(), order);
+    }
 }
 
 QTEST_MAIN(WidgetStatesTest)

@@ -18,7 +18,7 @@ public:
     explicit VelaPagingModel(int rowLimit, QObject *parent = nullptr);
     ~VelaPagingModel() override;
 
-    /// Items on a page.
+    /// Items on a page. A bar shows another limit once its setItemCount() or setPage() is called.
     int rowLimit() const;
     void setRowLimit(int rowLimit);
     /// Items in all.
@@ -31,7 +31,7 @@ public:
     /// Number of pages, at least 1; 1 when the row limit is 0 or less.
     int pageCount() const;
     /// Index of the current page's first item, counted from 0. Beyond the range of an int, which only a page beyond the
-    /// last can reach, it wraps around.
+    /// last or far below the first can reach, it wraps around.
     int startItem() const;
 
 private:
@@ -62,12 +62,14 @@ public:
 
     /// Sets the number of items and keeps the page, even if it is beyond the last one now.
     void setItemCount(int count);
-    /// Turns to @p page without emitting anything.
+    /// Turns to @p page, even if there is no such page, without emitting anything.
     void setPage(int page);
     /// Turns to the first page and emits sigPageChanged().
     void reset();
 
+    /// Shows @p text in one label and drops any other. It is as wide as the text, unless it has been given a width.
     void setFooterText(const QString &text);
+    /// Shows @p info in one label and drops any other.
     void setFooterInfo(const PagingFooterInfo &info);
     /// Shows one label for each of @p infos, the first next to the refresh button. A width of 0 leaves a label that is
     /// there already the width that it has.
@@ -84,9 +86,13 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// Turns to the page of the numbered button at index @p page, 0 to 4.
     void pageClick(int page);
+    /// Turns five pages on, or to the last page if there are fewer.
     void next_5_page();
+    /// Turns five pages back, or to the first page if there are fewer.
     void prev_5_page();
+    /// Turns to the first page.
     void first_page();
+    /// Turns to the last page.
     void last_page();
 
 private:

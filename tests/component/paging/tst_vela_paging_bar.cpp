@@ -94,6 +94,7 @@ public:
         bar->resize(expectedPixels(BarWidth), expectedPixels(29));
         resize(bar->size());
     }
+    ~BarWindow() override { delete bar; } // before its model
 
     bool showAndWait()
     {
@@ -176,7 +177,7 @@ public:
     }
 
     VelaPagingModel model;
-    VelaPagingBar *const bar;
+    const QPointer<VelaPagingBar> bar;
     QSignalSpy pageChanged;
     QSignalSpy refreshed;
 };
@@ -210,6 +211,7 @@ private Q_SLOTS:
     void aPageButtonGrowsWithItsNumber();
     void theMiddleButtonIsTheSelectedOne();
     void navigationButtonsHaveToolTipsAndImages();
+    void theRefreshButtonAsksForItsImagesByTheirNames();
     void theRefreshButtonHasItsOwnImagesAndAnAccessibleName();
     void theBorderIsStyledByItsName();
 
@@ -221,6 +223,7 @@ private Q_SLOTS:
     void jumpsAtTheEndsOfIntegersDoNotOverflow();
     void setPageAndSetItemCountEmitNothing();
     void setItemCountKeepsThePageBeyondTheLast();
+    void setItemCountShowsTheModelsPage();
     void resetEmitsEvenOnPageOne();
     void navigationSlotsClampAndEmitOnce_data();
     void navigationSlotsClampAndEmitOnce();
@@ -228,6 +231,7 @@ private Q_SLOTS:
     void clicksOnTheNavigationButtonsReachTheirSlots();
     void aClickOnANumberTurnsToItsPage();
     void pageClickOfABlankOrUnknownButtonTurnsToPageZero();
+    void pageClickTurnsToTheNumberEvenBeyondTheLastPage();
     void theNewPageIsInTheModelWhenItIsTold();
     void aClickOnRefreshEmitsAndLeavesThePage();
 
@@ -247,6 +251,7 @@ private Q_SLOTS:
 private:
     ResourceFolder m_folder;
     QStringList m_loggedWithoutSheets;
+    QStringList m_loggedWithoutImages;
 };
 
 void VelaPagingBarTest::initTestCase()
@@ -255,7 +260,9 @@ void VelaPagingBarTest::initTestCase()
     VelaPagingModel model(50);
     VelaPagingBar bar(&model);
     bar.setFooterText(QStringLiteral("x"));
-    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
+    const QStringList logged = log.takeTexts();
+    m_loggedWithoutSheets = logged.filter(QStringLiteral("stylesheet"));
+    m_loggedWithoutImages = logged.filter(QStringLiteral("pixmap"));
 
     int size = 40;
     for (const QString &name : BarImages) {
@@ -384,6 +391,7 @@ void VelaPagingBarTest::theFirstItemOfAPageIsCountedFromZero_data()
     QTest::newRow("last of many") << 40000000 << 50 << 1999999950;
     QTest::newRow("at the end") << INT_MAX << 1 << INT_MAX - 1;
     QTest::newRow("wraps around") << 3 << 1073741824 << INT_MIN;
+    QTest::newRow("far below the first wraps around") << -50000000 << 50 << 1794967246;
     QTest::newRow("lowest page wraps around") << INT_MIN << 1 << INT_MAX;
 }
 
@@ -566,6 +574,16 @@ void VelaPagingBarTest::navigationButtonsHaveToolTipsAndImages()
     }
 }
 
+/// Where there is an image, the state of "bt_pagebar_refresh" and the name of its own lead to the same file.
+void VelaPagingBarTest::theRefreshButtonAsksForItsImagesByTheirNames()
+{
+    for (const char *state : {"hover", "disable"}) {
+        const QString warning =
+            QStringLiteral("Cannot load pixmap \"bt_pagebar_refresh_%1\"").arg(QLatin1String(state));
+        QCOMPARE(m_loggedWithoutImages.count(warning), 1);
+    }
+}
+
 void VelaPagingBarTest::theRefreshButtonHasItsOwnImagesAndAnAccessibleName()
 {
     BarWindow window;
@@ -726,6 +744,16 @@ void VelaPagingBarTest::setItemCountKeepsThePageBeyondTheLast()
     QVERIFY(window.pageChanged.isEmpty());
 }
 
+void VelaPagingBarTest::setItemCountShowsTheModelsPage()
+{
+    BarWindow window(50, 1000);
+    QVERIFY(window.showAndWait());
+    window.model.setNowPage(3); // past the bar
+    window.bar->setItemCount(500);
+    QCOMPARE(window.model.nowPage(), 3);
+    QCOMPARE(window.numbers(), QStringLiteral("1|2|3|4|5"));
+}
+
 void VelaPagingBarTest::resetEmitsEvenOnPageOne()
 {
     BarWindow window(50, 230);
@@ -832,6 +860,15 @@ void VelaPagingBarTest::pageClickOfABlankOrUnknownButtonTurnsToPageZero()
         QCOMPARE(window.model.nowPage(), 0);
         QCOMPARE(window.pageChanged.count(), 1);
     }
+}
+
+void VelaPagingBarTest::pageClickTurnsToTheNumberEvenBeyondTheLastPage()
+{
+    BarWindow window(50, 1000);
+    window.bar->setPage(10);
+    window.model.setItemCount(50); // past the bar, whose buttons keep their numbers
+    window.bar->pageClick(3);
+    QCOMPARE(window.model.nowPage(), 11);
 }
 
 void VelaPagingBarTest::theNewPageIsInTheModelWhenItIsTold()
