@@ -48,7 +48,7 @@ GalleryPage *createDatesPage(const QString &title)
     disabled->setEnabled(false);
     page->addExample(QStringLiteral("Disabled"), {}, {disabled});
 
-    page->addSection(QStringLiteral("VelaCalanderView"), QStringLiteral("Tab goes round all that can be used in it."));
+    page->addSection(QStringLiteral("VelaCalanderView"), QStringLiteral("Tab visits all that can be used, in turn."));
     auto *calendar = new VelaCalanderView;
     calendar->setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
     calendar->setFixedSize(scaled(CalendarSize.width()), scaled(CalendarSize.height()));

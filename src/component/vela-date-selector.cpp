@@ -246,7 +246,11 @@ VelaCalanderView::VelaCalanderView(QWidget *parent) :
     d->connectSignals();
 }
 
-VelaCalanderView::~VelaCalanderView() = default;
+VelaCalanderView::~VelaCalanderView()
+{
+    // A window that is closed ends the editing of its year, which turns the page.
+    d->calendar->disconnect(this);
+}
 
 void VelaCalanderView::setCurrentPage(int year, int month)
 {
@@ -363,7 +367,6 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     view()->setFixedWidth(scaled(PopupWidth));
     view()->setFixedHeight(scaled(PopupHeight));
     setFixedHeight(scaled(SelectorHeight));
-    // Last: a popup made for a styled combo box is given a frame by the platform's style.
     const QString sheet = getStyleSheet("component.date_selector", false);
     setStyleSheet(sheet + getStyleSheet("component.menu", false));
 }

@@ -26,8 +26,12 @@ public:
 
     /// Shows a month, 1 to 12, without selecting a day.
     void setCurrentPage(int year, int month);
+    /// \name The days that can be chosen here
+    /// They limit neither the date that selectToday() emits nor VelaDateSelector::dateSelect().
+    /// @{
     void setMinimumDate(const QDate &date);
     void setMaximumDate(const QDate &date);
+    /// @}
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -45,9 +49,9 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// Selects today and emits sigDateSelect().
     void selectToday();
-    /// Writes the name of @p month, 1 to 12, on the month button.
+    /// Writes the name of @p month, 1 to 12, on the month button; any other number clears it.
     void pageChanged(int year, int month);
-    /// Writes the name of the month that is the data of @p action, 1 to 12, on the month button.
+    /// Writes the name of the month that is the data of @p action, 1 to 12, on the month button; other data clear it.
     void slotMonthTriggered(QAction *action);
 
 protected:
@@ -75,9 +79,9 @@ public:
     explicit VelaDateSelector(QString emptyText, QWidget *parent = nullptr);
     ~VelaDateSelector() override;
 
-    /// Goes back to having no date; the calendar shows today's month.
+    /// Goes back to having no date; the calendar shows today's month. Its selected day stays, and an open popup.
     void clearDate();
-    /// The calendar that pops up, to set its limits for instance.
+    /// The calendar that pops up, to set its limits for instance; the selector owns it.
     VelaCalanderView *getCalendarView();
 
 public Q_SLOTS:

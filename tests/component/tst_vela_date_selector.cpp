@@ -10,7 +10,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QDir>
 #include <QHeaderView>
+#include <QJsonDocument>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QSignalSpy>
@@ -23,6 +26,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <memory>
 
 Q_DECLARE_METATYPE(Qt::Key)
 Q_DECLARE_METATYPE(Qt::KeyboardModifier)
@@ -53,11 +57,11 @@ const QStringList JapaneseWeekdays {QStringLiteral("日曜日"), QStringLiteral(
 
 // No two sheets give the same colour.
 const char *const Sheets =
-    "== component.table ==\nQTableView { background: #10e0e0; border: none }\n"
+    "== component.table ==\nQTableView { background: #10e0e0; border: none; min-width: 9px }\n"
     "== component.table_header ==\nQHeaderView { max-height: 91px }\n"
     "== component.cancel_button ==\nQPushButton { background: #e0e010; padding: 0px 9px }\n"
     "== component.date_selector ==\nQComboBox { background: #f0d0d0; border: 3px solid #a01010 }\n"
-    "== component.menu ==\nQComboBox { background: #d0f0d0 }\n";
+    "== component.menu ==\nQComboBox { background: #d0f0d0; padding: 0px 9px }\n";
 
 // In year 2024: Monday the 1st of April, Sunday the 1st of September.
 const QDate SomeDay(2024, 4, 17);
@@ -86,6 +90,19 @@ void installTexts(const QStringList &months, const QStringList &weekdays)
     }
     for (int i = 0; i < weekdays.size(); ++i) {
         texts.insert(WeekdayKeys[i], weekdays[i]);
+    }
+    ComponentStrings::getInstance()->installStrings(texts);
+}
+
+/// Installs the texts of one of the reference theme's languages.
+void installTextsOf(const QString &fileName)
+{
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QMap<QString, QString> texts;
+    const QVariantMap entries = QJsonDocument::fromJson(file.readAll()).toVariant().toMap();
+    for (auto it = entries.begin(); it != entries.end(); ++it) {
+        texts.insert(it.key(), it.value().toString());
     }
     ComponentStrings::getInstance()->installStrings(texts);
 }
@@ -205,6 +222,11 @@ class ShownSelector : public Calendar
 public:
     ShownSelector() : ShownSelector(new VelaDateSelector(EmptyText)) { }
 
+    void showPopup()
+    {
+        selector->showPopup();
+        QVERIFY(QTest::qWaitForWindowExposed(view->window()));
+    }
     void open()
     {
         QTest::mouseClick(host.windowHandle(), Qt::LeftButton, {}, middleIn(selector));
@@ -310,6 +332,7 @@ private Q_SLOTS:
     void turningThePageSelectsNothing();
 
     void tabVisitsEveryStopAndComesBack();
+    void betweenOthersTabVisitsTheViewAfterItsParts();
     void fromTheYearEditTabGoesOnToTheGridAndRound();
     void tabInTheYearEditIsNotSeenByTheSpinBox();
     void theFilterSwallowsTabAndBacktabOnly();
@@ -337,11 +360,18 @@ private Q_SLOTS:
     void escapeClosesThePopupAndChangesNothing();
     void aClickElsewhereClosesThePopupAndChangesNothing();
     void tabVisitsEveryStopOfThePopupAndComesBack();
+    void aMonthIsChosenInThePopupWhichStaysOpen();
+    void theYearIsEditedInThePopup_data();
     void theYearIsEditedInThePopup();
     void theLimitsHoldInThePopup();
     void thePopupShowsItsCalendarWithoutCuttingAnything();
     void clearingWhileThePopupIsOpenLeavesItOpen();
     void theCalendarGoesWithTheSelector();
+    void aViewCanBeDeletedWhileItsYearIsEdited();
+
+    // The last: the reference theme's texts and sheets stay.
+    void thePopupFitsItsCalendarInTheReferenceTheme_data();
+    void thePopupFitsItsCalendarInTheReferenceTheme();
 
 private:
     ResourceFolder m_folder;
@@ -357,7 +387,10 @@ void VelaDateSelectorTest::initTestCase()
 
 void VelaDateSelectorTest::init()
 {
-    if (QTest::currentTestFunction() != QByteArray("missingTextsShowTheirKeysAndMissingSheetsAreLogged")) {
+    const QByteArray function = QTest::currentTestFunction();
+    if (function.endsWith("InTheReferenceTheme")) {
+        installReferenceTheme();
+    } else if (function != "missingTextsShowTheirKeysAndMissingSheetsAreLogged") {
         installSheets(m_folder, Sheets);
         installTexts(EnglishMonths, EnglishWeekdays);
     }
@@ -495,6 +528,7 @@ void VelaDateSelectorTest::theTodayButtonStandsCentredBelowTheCalendar()
 
 void VelaDateSelectorTest::theWeekStartsOnSundayWithoutHeadersOfQt()
 {
+    QLocale::setDefault(QLocale(QLocale::German)); // whose week starts on Monday
     VelaCalanderView view;
     const Calendar calendar(&view);
     QCOMPARE(calendar.widget()->parentWidget(), &view);
@@ -639,9 +673,11 @@ void VelaDateSelectorTest::shortAndForeignMonthNamesAreCutAfterThreeCharacters()
 
 void VelaDateSelectorTest::theMonthButtonStartsWithThisMonth()
 {
+    const QStringList months = numbered(QStringLiteral("month %1"), MonthsPerYear); // as no locale names any
+    installTexts(months, EnglishWeekdays);
     VelaCalanderView view;
     const QDate today = QDate::currentDate();
-    QCOMPARE(Calendar(&view).month()->text(), EnglishMonths[today.month() - 1]);
+    QCOMPARE(Calendar(&view).month()->text(), months[today.month() - 1]);
     QCOMPARE(Calendar(&view).page(), QDate(today.year(), today.month(), 1));
 }
 
@@ -767,6 +803,7 @@ void VelaDateSelectorTest::theWeekdayRowHasTheSheetsOfTheTable()
 {
     const ShownCalendar calendar;
     QCOMPARE(calendar.weekdays()->styleSheet(), getStyleSheet("component.table", false));
+    QVERIFY(calendar.weekdays()->styleSheet().contains(QStringLiteral("min-width: %1px").arg(expectedPixels(9))));
     QCOMPARE(calendar.weekdays()->horizontalHeader()->styleSheet(), getStyleSheet("component.table_header", false));
     QVERIFY(calendar.weekdays()->horizontalHeader()->styleSheet().contains(
         QStringLiteral("max-height: %1px").arg(expectedPixels(91))));
@@ -859,13 +896,22 @@ void VelaDateSelectorTest::todaySelectsTodayAndSaysSoOnce()
     calendar.view->setCurrentPage(2024, 4);
     calendar.click(17);
     const QSignalSpy chosen(calendar.view, &VelaCalanderView::sigDateSelect);
+    QDate selectedWhenSaid;
+    connect(calendar.view, &VelaCalanderView::sigDateSelect, calendar.view,
+            [&] { selectedWhenSaid = calendar.widget()->selectedDate(); });
+    const QPoint middle = Calendar::middleIn(calendar.today());
     if (key == 0) {
-        calendar.click(calendar.today());
+        QTest::mousePress(calendar.window(), Qt::LeftButton, {}, middle);
+        QCOMPARE(chosen.count(), 0);
+        QTest::mouseRelease(calendar.window(), Qt::LeftButton, {}, middle);
     } else {
         calendar.today()->setFocus();
-        calendar.key(key);
+        QTest::keyPress(calendar.window(), key);
+        QCOMPARE(chosen.count(), 0);
+        QTest::keyRelease(calendar.window(), key);
     }
     QCOMPARE(dates(chosen), QList<QDate> {today});
+    QCOMPARE(selectedWhenSaid, today);
     QCOMPARE(calendar.widget()->selectedDate(), today);
     QCOMPARE(calendar.page(), QDate(today.year(), today.month(), 1));
     QCOMPARE(calendar.month()->text(), EnglishMonths[today.month() - 1]);
@@ -887,6 +933,12 @@ void VelaDateSelectorTest::daysOutsideOfTheLimitsCannotBeChosen()
     calendar.click(calendar.next());
     calendar.click(calendar.previous());
     QCOMPARE(calendar.page(), QDate(2024, 4, 1));
+
+    const QDate today = QDate::currentDate(); // which is said, though it cannot be selected
+    calendar.click(10);
+    calendar.view->selectToday();
+    QCOMPARE(dates(chosen).last(), today);
+    QCOMPARE(calendar.widget()->selectedDate(), QDate(2024, 4, 20));
 }
 
 void VelaDateSelectorTest::turningThePageSelectsNothing()
@@ -910,6 +962,28 @@ void VelaDateSelectorTest::tabVisitsEveryStopAndComesBack()
     QVERIFY(calendar.view->hasFocus());
     QCOMPARE(calendar.visit(Qt::Key_Backtab, stops.size()), reversed(stops));
     QVERIFY(calendar.view->hasFocus());
+}
+
+void VelaDateSelectorTest::betweenOthersTabVisitsTheViewAfterItsParts()
+{
+    QWidget host;
+    auto *column = new QVBoxLayout(&host);
+    auto *before = new QLineEdit(&host);
+    auto *view = new VelaCalanderView(&host);
+    auto *after = new QLineEdit(&host);
+    for (QWidget *widget :
+         {static_cast<QWidget *>(before), static_cast<QWidget *>(view), static_cast<QWidget *>(after)}) {
+        column->addWidget(widget);
+    }
+    before->setObjectName(QStringLiteral("before"));
+    after->setObjectName(QStringLiteral("after"));
+    host.show();
+    QVERIFY(QTest::qWaitForWindowActive(&host));
+    before->setFocus();
+
+    const Calendar calendar(view);
+    const QStringList order = rotated(calendar.stops(), 1) + QStringList {after->objectName(), before->objectName()};
+    QCOMPARE(calendar.visit(Qt::Key_Tab, order.size()), order);
 }
 
 void VelaDateSelectorTest::fromTheYearEditTabGoesOnToTheGridAndRound()
@@ -948,25 +1022,19 @@ void VelaDateSelectorTest::tabInTheYearEditIsNotSeenByTheSpinBox()
     calendar.click(calendar.year());
     QVERIFY(calendar.yearEdit()->hasFocus());
 
-    // Filters that are installed later are asked first: this one sees what arrives, and only a derived class would see
-    // what is let through; that the key is swallowed shows where it would go next.
-    EventCounter arrived(calendar.yearEdit(), QEvent::KeyPress);
-    EventCounter passedOn(calendar.bar(), QEvent::KeyPress);
-    calendar.key(Qt::Key_Tab);
-    QCOMPARE(arrived.take(), 1);
-    QCOMPARE(passedOn.take(), 0);
+    // With Ctrl no widget takes a Tab of its own accord: let through, it would leave the focus where it is.
+    calendar.key(Qt::Key_Tab, Qt::ControlModifier);
     QVERIFY(calendar.grid()->hasFocus());
-
     calendar.click(calendar.year());
     QVERIFY(calendar.yearEdit()->hasFocus());
-    calendar.key(Qt::Key_Backtab);
-    QCOMPARE(passedOn.take(), 0);
+    calendar.key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     QVERIFY(calendar.month()->hasFocus());
 }
 
 void VelaDateSelectorTest::theFilterSwallowsTabAndBacktabOnly()
 {
     const ShownCalendar calendar;
+    QVERIFY(calendar.isActive);
     for (QWidget *watched : {static_cast<QWidget *>(calendar.year()), static_cast<QWidget *>(calendar.yearEdit()),
                              static_cast<QWidget *>(calendar.grid()), static_cast<QWidget *>(calendar.today())}) {
         for (Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_A, Qt::Key_Escape, Qt::Key_Return}) {
@@ -980,6 +1048,18 @@ void VelaDateSelectorTest::theFilterSwallowsTabAndBacktabOnly()
         }
         QFocusEvent focus(QEvent::FocusIn);
         QVERIFY(!calendar.view->eventFilter(watched, &focus));
+    }
+
+    // With Ctrl only the filter makes a Tab go on, and it watches neither the arrows nor the month.
+    const QPair<QWidget *, QWidget *> steps[] = {
+        {calendar.year(), calendar.grid()}, {calendar.grid(), calendar.today()},
+        {calendar.today(), calendar.view},  {calendar.previous(), calendar.previous()},
+        {calendar.next(), calendar.next()}, {calendar.month(), calendar.month()},
+    };
+    for (const auto &step : steps) {
+        step.first->setFocus();
+        calendar.key(Qt::Key_Tab, Qt::ControlModifier);
+        QVERIFY2(step.second->hasFocus(), qPrintable(step.first->objectName()));
     }
 }
 
@@ -1050,6 +1130,7 @@ void VelaDateSelectorTest::theMenusRulesWinOverTheSelectors()
     ShownSelector shown;
     QCOMPARE(shown.selector->styleSheet(),
              QString(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false)));
+    QVERIFY(shown.selector->styleSheet().contains(QStringLiteral("padding: 0px %1px").arg(expectedPixels(9))));
     const QPoint inside(expectedPixels(3) + 2, expectedPixels(3) + 2);
     QCOMPARE(paintedColor(shown.selector, inside), QColor("#d0f0d0"));
     QCOMPARE(paintedColor(shown.selector, QPoint(1, shown.selector->height() / 2)), QColor("#a01010"));
@@ -1088,10 +1169,13 @@ void VelaDateSelectorTest::aDateFromCodeTurnsThePageButSelectsNothing()
     const Calendar calendar(selector.getCalendarView());
     const QDate selected = calendar.widget()->selectedDate();
     const QSignalSpy chosen(calendar.view, &VelaCalanderView::sigDateSelect);
-    selector.dateSelect(QDate(2021, 11, 30));
-    QCOMPARE(calendar.page(), QDate(2021, 11, 1));
-    QCOMPARE(calendar.month()->text(), QStringLiteral("November"));
-    QCOMPARE(calendar.widget()->selectedDate(), selected);
+    const QDate inThisYear(selected.year(), selected.month() % MonthsPerYear + 1, 5);
+    for (const QDate &date : {inThisYear, QDate(2021, 11, 30), QDate(2021, 2, 28), inThisYear}) {
+        selector.dateSelect(date);
+        QCOMPARE(calendar.page(), QDate(date.year(), date.month(), 1));
+        QCOMPARE(calendar.month()->text(), EnglishMonths[date.month() - 1]);
+        QCOMPARE(calendar.widget()->selectedDate(), selected);
+    }
     QCOMPARE(chosen.count(), 0);
 }
 
@@ -1119,7 +1203,9 @@ void VelaDateSelectorTest::clearingGoesBackToThisMonth()
     shown.open();
     shown.click(17);
     QCOMPARE(shown.date(), SomeDay);
+    const QSignalSpy chosen(shown.view, &VelaCalanderView::sigDateSelect);
     shown.selector->clearDate();
+    QCOMPARE(chosen.count(), 0);
     QCOMPARE(shown.selector->currentText(), EmptyText);
     QCOMPARE(shown.selector->currentIndex(), 0);
     QCOMPARE(shown.selector->currentData(), QVariant(QDate()));
@@ -1276,7 +1362,7 @@ void VelaDateSelectorTest::anInvalidDateLeavesThePopupOpen()
 {
     ShownSelector shown;
     shown.selector->dateSelect(SomeDay);
-    shown.open();
+    shown.showPopup();
     shown.selector->dateSelect(QDate());
     QVERIFY(shown.isOpen());
     QCOMPARE(shown.selector->currentText(), EmptyText);
@@ -1291,7 +1377,7 @@ void VelaDateSelectorTest::escapeClosesThePopupAndChangesNothing()
     QVERIFY(shown.isActive);
     shown.selector->dateSelect(SomeDay);
     for (int tabs = 0; tabs < shown.stops().size(); ++tabs) {
-        shown.open();
+        shown.showPopup();
         for (int i = 0; i < tabs; ++i) {
             shown.key(Qt::Key_Tab);
         }
@@ -1315,7 +1401,7 @@ void VelaDateSelectorTest::tabVisitsEveryStopOfThePopupAndComesBack()
 {
     ShownSelector shown;
     QVERIFY(shown.isActive);
-    shown.open();
+    shown.showPopup();
     const QStringList stops = shown.stops();
     QVERIFY(shown.view->hasFocus());
     QCOMPARE(shown.visit(Qt::Key_Tab, stops.size()), rotated(stops, 1));
@@ -1331,16 +1417,52 @@ void VelaDateSelectorTest::tabVisitsEveryStopOfThePopupAndComesBack()
     shown.key(Qt::Key_Escape);
 }
 
-void VelaDateSelectorTest::theYearIsEditedInThePopup()
+void VelaDateSelectorTest::aMonthIsChosenInThePopupWhichStaysOpen()
 {
     ShownSelector shown;
     QVERIFY(shown.isActive);
     shown.view->setCurrentPage(2024, 4);
-    shown.open();
+    shown.showPopup();
+    QMenu *menu = shown.month()->menu();
+    bool isShown = false;
+    QTimer::singleShot(0, menu, [menu, &isShown] {
+        isShown = menu->isVisible();
+        const QPoint september = menu->actionGeometry(menu->actions().at(8)).center();
+        QTest::mouseMove(menu->windowHandle(), september);
+        QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, september);
+        menu->close();
+    });
+    // The press opens the menu, and the release belongs to the menu.
+    QTest::mousePress(shown.window(), Qt::LeftButton, {}, Calendar::middleIn(shown.month()));
+    QVERIFY(isShown);
+    QTRY_VERIFY(!menu->isVisible());
+    QCOMPARE(shown.page(), QDate(2024, 9, 1));
+    QCOMPARE(shown.month()->text(), QStringLiteral("September"));
+    QVERIFY(shown.isOpen());
+    QCOMPARE(shown.selector->currentText(), EmptyText);
+    shown.click(17);
+    QVERIFY(!shown.isOpen());
+    QCOMPARE(shown.date(), QDate(2024, 9, 17));
+}
+
+void VelaDateSelectorTest::theYearIsEditedInThePopup_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void VelaDateSelectorTest::theYearIsEditedInThePopup()
+{
+    QFETCH(Qt::Key, key);
+    ShownSelector shown;
+    QVERIFY(shown.isActive);
+    shown.view->setCurrentPage(2024, 4);
+    shown.showPopup();
     shown.click(shown.year());
     QVERIFY(shown.yearEdit()->hasFocus());
     shown.key(Qt::Key_Up);
-    shown.key(Qt::Key_Return);
+    shown.key(key);
     QVERIFY(!shown.yearEdit()->isVisible());
     QVERIFY(shown.isOpen());
     QCOMPARE(shown.page(), QDate(2025, 4, 1));
@@ -1406,7 +1528,7 @@ void VelaDateSelectorTest::clearingWhileThePopupIsOpenLeavesItOpen()
 {
     ShownSelector shown;
     shown.selector->dateSelect(SomeDay);
-    shown.open();
+    shown.showPopup();
     shown.selector->clearDate();
     QVERIFY(shown.isOpen());
     QCOMPARE(shown.selector->currentText(), EmptyText);
@@ -1427,6 +1549,77 @@ void VelaDateSelectorTest::theCalendarGoesWithTheSelector()
         shown = open.view;
     }
     QVERIFY(!shown);
+}
+
+void VelaDateSelectorTest::aViewCanBeDeletedWhileItsYearIsEdited()
+{
+    auto calendar = std::make_unique<ShownCalendar>();
+    QVERIFY(calendar->isActive);
+    calendar->click(calendar->year());
+    QVERIFY(calendar->yearEdit()->hasFocus());
+    calendar->key(Qt::Key_Up);
+    QVERIFY(calendar->yearEdit()->value() != calendar->page().year());
+    const QSignalSpy turned(calendar->widget(), &QCalendarWidget::currentPageChanged);
+    calendar.reset();
+    QCOMPARE(turned.count(), 1); // by the end of the editing, when there is no view any longer
+}
+
+void VelaDateSelectorTest::thePopupFitsItsCalendarInTheReferenceTheme_data()
+{
+    QTest::addColumn<QString>("file");
+    const QDir folder(QStringLiteral(VELA_THEME_DIR "/strings"));
+    const QFileInfoList files = folder.entryInfoList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+    for (const QFileInfo &file : files) {
+        QTest::newRow(qPrintable(file.baseName())) << file.filePath();
+    }
+}
+
+void VelaDateSelectorTest::thePopupFitsItsCalendarInTheReferenceTheme()
+{
+    QFETCH(QString, file);
+    installTextsOf(file);
+    ShownSelector shown;
+    QVERIFY(shown.isActive);
+    shown.showPopup();
+    QCOMPARE(shown.view->size(), QSize(expectedPixels(280), expectedPixels(260)));
+
+    for (int month = 1; month <= MonthsPerYear; ++month) {
+        shown.view->setCurrentPage(2024, month);
+        QCoreApplication::processEvents(); // which lays the bar out
+        int end = 0;
+        for (const QToolButton *button : {shown.previous(), shown.month(), shown.year(), shown.next()}) {
+            const QByteArray place = QString(button->objectName() + QLatin1Char(' ') + button->text()).toUtf8();
+            QVERIFY2(button->size().expandedTo(button->sizeHint()) == button->size(), place.constData());
+            QVERIFY2(shown.bar()->rect().contains(button->geometry()), place.constData());
+            QVERIFY2(button->x() >= end, place.constData());
+            end = button->geometry().right() + 1;
+        }
+    }
+    const QSize today = shown.today()->size();
+    QVERIFY(today.width() >= shown.today()->sizeHint().width());
+    QVERIFY(today.height() >= shown.today()->minimumSizeHint().height());
+
+    const QFontMetrics metrics = shown.grid()->fontMetrics();
+    const QSize day(metrics.horizontalAdvance(QStringLiteral("30")), metrics.height());
+    const auto contains = [&](const QTableView *table, int i, const QSize &text) {
+        const QRect cell = table->visualRect(table->model()->index(i / DaysPerWeek, i % DaysPerWeek));
+        return table->viewport()->rect().contains(cell) && cell.size().expandedTo(text) == cell.size();
+    };
+    for (int i = 0; i < shown.grid()->model()->rowCount() * DaysPerWeek; ++i) {
+        QVERIFY2(contains(shown.grid(), i, day), qPrintable(QString::number(i)));
+    }
+    for (int i = 0; i < DaysPerWeek; ++i) {
+        const QString name = shown.weekdays()->item(0, i)->text();
+        const QFontMetrics nameMetrics = shown.weekdays()->fontMetrics();
+        const QSize size(nameMetrics.horizontalAdvance(name), nameMetrics.height());
+        QVERIFY2(contains(shown.weekdays(), i, size), qPrintable(name));
+    }
+
+    shown.click(shown.year());
+    QVERIFY(shown.yearEdit()->isVisible());
+    QVERIFY(shown.yearEdit()->width() >= shown.yearEdit()->minimumSizeHint().width());
+    QVERIFY(shown.bar()->rect().contains(shown.yearEdit()->geometry()));
+    shown.key(Qt::Key_Escape);
 }
 
 QTEST_MAIN(VelaDateSelectorTest)
