@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QLoggingCategory>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableWidget>

@@ -5,6 +5,7 @@
 #include "style-manager/style-manager.h"
 
 #include <QHeaderView>
+#include <QList>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
@@ -70,8 +71,8 @@ public:
     void setUpTable();
     void setUpMenuButton();
     void clear();
-    template<typename Source>
-    void discard(Source *source);
+    void discard(QAction *action);
+    void discard(QPushButton *button);
     void setButton(int column, QPushButton *button);
 
     VelaButtonPath *const q;
@@ -116,7 +117,6 @@ void VelaButtonPathPrivate::clear()
 {
     const QList<QAction *> actions = menu->actions();
     for (QAction *action : actions) {
-        menu->removeAction(action);
         discard(action);
     }
     for (QPushButton *button : qAsConst(buttons)) {
@@ -127,16 +127,27 @@ void VelaButtonPathPrivate::clear()
     q->setColumnCount(0);
 }
 
-template<typename Source>
-void VelaButtonPathPrivate::discard(Source *source)
+// A menu closes before it triggers the chosen action, and whoever gets the focus then may refresh the bar: the action
+// is needed until that event is over, and still stands for its column.
+void VelaButtonPathPrivate::discard(QAction *action)
 {
-    if (!sources.contains(source)) {
-        delete source;
-        return;
+    menu->removeAction(action);
+    action->setParent(nullptr);
+    if (sources.contains(action)) {
+        menuMapper->removeMappings(action); // deleted once the choice is told
+    } else {
+        action->deleteLater();
     }
-    nameMapper->removeMappings(source);
-    menuMapper->removeMappings(source);
-    source->setParent(nullptr); // deleted once the click is told; the table may be quicker with a button
+}
+
+void VelaButtonPathPrivate::discard(QPushButton *button)
+{
+    if (sources.contains(button)) {
+        nameMapper->removeMappings(button);
+        button->setParent(nullptr); // deleted once the click is told; the table may be quicker
+    } else {
+        delete button;
+    }
 }
 
 void VelaButtonPathPrivate::setButton(int column, QPushButton *button)

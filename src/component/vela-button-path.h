@@ -2,7 +2,6 @@
 
 #include "vela_export.h"
 
-#include <QList>
 #include <QTableWidget>
 
 #include <memory>
@@ -23,14 +22,16 @@ public:
     explicit VelaButtonPath(QWidget *parent = nullptr);
     ~VelaButtonPath() override;
 
-    /// Rebuilds the row for @p path, whose parts are separated by "/"; empty parts are skipped.
+    /// Rebuilds the row for @p path, whose parts are separated by "/"; empty parts are skipped. The row is cut to the
+    /// width that the bar has now: when the bar is shown first or resized, call it again.
     void refresh(QString path);
-    /// The path up to the button at @p index, an even number; without a "/" in front. An invalid index gives the whole
-    /// path.
+    /// The path up to the button at @p index, an even number; without a "/" in front. An odd number gives a path that
+    /// ends with "/", one beyond the last button the whole path, and a negative one an empty path.
     QString getPath(int index);
-    /// Sets the widths of the arrows, and shows the menu's button if the row is too wide.
+    /// Sets the widths of the arrows, and calls setChangeFolderBtn() if the row was too wide at the last refresh().
     void updateColumnSize();
-    /// Shows the menu's button for a row of @p totalWidth pixels, fills the menu and scrolls to the end.
+    /// Shows the menu's button for a row of @p totalWidth pixels, fills the menu and scrolls to the end. Only refresh()
+    /// empties the menu: what it lists already is listed again.
     void setChangeFolderBtn(int totalWidth);
 
 Q_SIGNALS:

@@ -3,6 +3,7 @@
 #include "style-manager/scaled.h"
 #include "style-manager/style-manager.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegExpValidator>
@@ -65,15 +66,20 @@ void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
 
 // Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance;
 // the tree's own handling of the focus would be in the way.
-void VelaTreeWidget::focusInEvent(QFocusEvent *)
+void VelaTreeWidget::focusInEvent(QFocusEvent *event)
 {
-    if (!currentItem()) {
-        setCurrentItem(itemAt(0, 0));
-        return;
+    const bool isScrolling = hasAutoScroll();
+    if (event->reason() == Qt::MouseFocusReason) {
+        setAutoScroll(false); // or the click, which is still to come, would hit another row
     }
-    const QPersistentModelIndex current = indexFromItem(currentItem()); // who is told may remove items
-    setCurrentItem(nullptr);
-    setCurrentItem(itemFromIndex(current));
+    if (currentItem()) {
+        const QPersistentModelIndex current = indexFromItem(currentItem()); // who is told may remove items
+        setCurrentItem(nullptr);
+        setCurrentItem(itemFromIndex(current));
+    } else {
+        setCurrentItem(itemAt(0, 0));
+    }
+    setAutoScroll(isScrolling);
 }
 
 bool VelaTreeWidget::viewportEvent(QEvent *event)
@@ -85,22 +91,38 @@ bool VelaTreeWidget::viewportEvent(QEvent *event)
     return QTreeWidget::viewportEvent(event);
 }
 
+// The pointer is looked up once for all rows, as asking an X server takes longer than painting a row.
+void VelaTreeWidget::paintEvent(QPaintEvent *event)
+{
+    paintPointer = pointer();
+    QTreeWidget::paintEvent(event);
+    updateHoveredRow(); // rows move under a pointer at rest, too
+    paintPointer.reset();
+}
+
 void VelaTreeWidget::scrollContentsBy(int dx, int dy)
 {
     QTreeWidget::scrollContentsBy(dx, dy);
     if (dx != 0) {
         viewport()->update(); // the ends of highlights stay where they are
     }
-    updateHoveredRow();
+    if (viewport()->underMouse() || hoveredRow.isValid()) {
+        updateHoveredRow(); // the next paint would do so too late for itself
+    }
+}
+
+QPoint VelaTreeWidget::pointer() const
+{
+    return paintPointer ? *paintPointer : mapFromGlobal(QCursor::pos());
 }
 
 // The base paints the row under the pointer again, which is not always the one that is highlighted, and nothing of what
 // the outline covers of its neighbours.
 void VelaTreeWidget::updateHoveredRow()
 {
-    const QPoint pointer = mapFromGlobal(QCursor::pos());
-    const bool isWithin = pointer.x() >= 0 && pointer.x() < viewport()->width();
-    const QModelIndex row = isWithin ? indexAt(QPoint(0, pointer.y() - FrameWidth)) : QModelIndex();
+    const QPoint position = pointer();
+    const bool isWithin = position.x() >= 0 && position.x() < viewport()->width();
+    const QModelIndex row = isWithin ? indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
     if (row == hoveredRow) {
         return;
     }
@@ -115,10 +137,7 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
     const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
-    const auto isHovered = [&] {
-        return option.rect.translated(0, FrameWidth).contains(mapFromGlobal(QCursor::pos()));
-    };
-    if (item && (isSelected || isHovered())) {
+    if (item && (isSelected || option.rect.translated(0, FrameWidth).contains(pointer()))) {
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
         highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));

@@ -4,16 +4,27 @@
 
 #include <QColor>
 #include <QItemDelegate>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPersistentModelIndex>
+#include <QPoint>
 #include <QTreeWidget>
 
+#include <optional>
+
+class QKeyEvent;
+class QMouseEvent;
+
 /// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide
-/// whether a click fell on it.
+/// whether a click fell on it. Null until the first is drawn; after a paint it is that of the last row painted.
 extern VELA_EXPORT QRect g_check_rect;
 
 /// Tree that paints a rounded highlight of its own and draws rows that cannot be checked as disabled.
+///
+/// It comes with Qt's delegate; setItemDelegate() installs an ItemDelegate, which stays the caller's.
+///
+/// Whenever the tree gets the focus, be it back from a popup that closes, the current item is told of anew:
+/// currentItemChanged() is emitted with no current item and then with the same one again, and a selection of several
+/// rows shrinks to its row, or with MultiSelection loses or regains that row. A tree without a current item makes the
+/// topmost visible one current.
 class VELA_EXPORT VelaTreeWidget : public QTreeWidget
 {
     Q_OBJECT
@@ -27,9 +38,9 @@ public:
     void updateScrollArea(QTreeWidgetItem *item);
 
 Q_SIGNALS:
-    /// The right button was pressed; emitted before the tree acts on it.
+    /// The right button was pressed; emitted before the tree acts on it. @p event lives as long as the emission.
     void sigMouseRightClickEvent(QMouseEvent *event);
-    /// A key was pressed; emitted before the tree acts on it.
+    /// A key was pressed; emitted before the tree acts on it. @p event lives as long as the emission.
     void sigKeyPressEvent(QKeyEvent *event);
 
 protected:
@@ -37,15 +48,18 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
+    QPoint pointer() const;
     void updateHoveredRow();
 
     QColor selectedColor;
     QColor hoverColor;
-    QPersistentModelIndex hoveredRow; // as it was painted last
+    QPersistentModelIndex hoveredRow; // as it is painted, or will be by the updates that are due
+    std::optional<QPoint> paintPointer; // during a paint
 };
 
 /// Delegate for a VelaTreeWidget: tall rows, and an editor that accepts valid names of folders only.
@@ -60,7 +74,7 @@ public:
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /// Escape was pressed in an editor, which it closes.
+    /// Escape was pressed in an editor, which it closes. @p event lives as long as the emission.
     void sigKeyPressed(QKeyEvent *event);
 
 protected:

@@ -175,6 +175,43 @@ public:
     QSignalSpy chosen;
 };
 
+/// Has the focus, and refreshes a bar with its own path whenever it gets it, as a list in step with the bar would.
+class Follower : public QWidget
+{
+public:
+    explicit Follower(PathWindow *window) : QWidget(window), m_bar(window->bar)
+    {
+        move(0, m_bar->maximumHeight());
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+    bool takeFocus()
+    {
+        window()->activateWindow();
+        if (!QTest::qWaitForWindowActive(window())) {
+            return false;
+        }
+        setFocus();
+        m_popupClosings = 0;
+        return hasFocus();
+    }
+
+    /// How many there were since the focus was taken.
+    int popupClosings() const { return m_popupClosings; }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        m_popupClosings += event->reason() == Qt::PopupFocusReason;
+        m_bar->refresh(QString());
+        m_bar->refresh(LongPath);
+    }
+
+private:
+    VelaButtonPath *const m_bar;
+    int m_popupClosings = 0;
+};
+
 Q_DECLARE_METATYPE(Reaction)
 
 class VelaButtonPathTest : public QObject
@@ -221,6 +258,9 @@ private Q_SLOTS:
     void theWholeRowCanBeHidden();
     void choosingInTheMenuEmitsWhatItsButtonDoes();
     void theMenuIsUsedByKeys();
+    void aRefreshAsTheMenuClosesLosesNoChoice_data();
+    void aRefreshAsTheMenuClosesLosesNoChoice();
+    void onlyARefreshEmptiesTheMenu();
 
     void aSlotMayRefreshAndSoDeleteTheClickedButton_data();
     void aSlotMayRefreshAndSoDeleteTheClickedButton();
@@ -458,20 +498,29 @@ void VelaButtonPathTest::everyButtonIsMadeAnew()
     QVERIFY(window.showAndWait());
     const QString path = QStringLiteral("first/second/third/fourth");
     window.refresh(path);
-    QVector<QPointer<QObject>> old;
+    QVector<QPointer<QPushButton>> buttons;
     for (QPushButton *button : window.allButtons()) {
-        old.append(button);
+        buttons.append(button);
     }
+    QCOMPARE(buttons.size(), 7);
+    QVector<QPointer<QAction>> actions;
     for (QAction *action : window.menuButton()->menu()->actions()) {
-        old.append(action);
+        actions.append(action);
     }
-    QVERIFY(old.size() > 7);
+    QVERIFY(!actions.isEmpty());
     const QStringList texts = window.buttonTexts();
-    window.refresh(path);
-    for (const QPointer<QObject> &object : qAsConst(old)) {
-        QVERIFY(!object);
+    const QStringList menuTexts = window.menuTexts();
+
+    window.bar->refresh(path);
+    for (const QPointer<QPushButton> &button : qAsConst(buttons)) {
+        QVERIFY(!button);
+    }
+    for (const QPointer<QAction> &action : qAsConst(actions)) {
+        QVERIFY(!window.menuButton()->menu()->findChildren<QAction *>().contains(action));
+        QTRY_VERIFY(!action);
     }
     QCOMPARE(window.buttonTexts(), texts);
+    QCOMPARE(window.menuTexts(), menuTexts);
     QCOMPARE(window.allButtons().size(), 7);
 }
 
@@ -751,6 +800,59 @@ void VelaButtonPathTest::theMenuIsUsedByKeys()
     QCOMPARE(window.chosen.count(), 1);
 }
 
+void VelaButtonPathTest::aRefreshAsTheMenuClosesLosesNoChoice_data()
+{
+    QTest::addColumn<bool>("isByKey");
+    QTest::newRow("by the mouse") << false;
+    QTest::newRow("by the keyboard") << true;
+}
+
+void VelaButtonPathTest::aRefreshAsTheMenuClosesLosesNoChoice()
+{
+    QFETCH(bool, isByKey);
+    PathWindow window(expectedPixels(60));
+    Follower follower(&window);
+    QVERIFY(window.showAndWait());
+    window.refresh(LongPath);
+    QVERIFY(follower.takeFocus());
+    QTRY_VERIFY(window.menuButton()->isVisible());
+    const QStringList menuTexts = window.menuTexts();
+    QPointer<QAction> action;
+    window.useMenu([&](QMenu *menu) {
+        action = menu->actions().at(1);
+        if (isByKey) {
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return);
+        } else {
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+    });
+    QCOMPARE(follower.popupClosings(), 1);
+    QCOMPARE(window.chosen.count(), 1);
+    QCOMPARE(window.chosen.at(0).at(0).toString(), QStringLiteral("first/second"));
+    QTRY_VERIFY(!action);
+    QCOMPARE(window.menuTexts(), menuTexts);
+    window.clickInMenu(0); // those made meanwhile are chosen from as well
+    QCOMPARE(follower.popupClosings(), 2);
+    QCOMPARE(window.chosen.count(), 2);
+    QCOMPARE(window.chosen.at(1).at(0).toString(), QStringLiteral("first"));
+}
+
+void VelaButtonPathTest::onlyARefreshEmptiesTheMenu()
+{
+    PathWindow window(expectedPixels(60));
+    QVERIFY(window.showAndWait());
+    window.refresh(LongPath);
+    const QStringList once = window.menuTexts();
+    QVERIFY(!once.isEmpty());
+    window.bar->updateColumnSize();
+    QCOMPARE(window.menuTexts(), once + once);
+    window.bar->setChangeFolderBtn(window.totalWidth());
+    QCOMPARE(window.menuTexts(), once + once + once);
+    window.bar->refresh(LongPath);
+    QCOMPARE(window.menuTexts(), once);
+}
+
 /// What a client's slot may do to the bar while it hears of a click.
 void VelaButtonPathTest::addReactions()
 {
@@ -851,26 +953,34 @@ void VelaButtonPathTest::aSlotMayRefreshAndSoDeleteTheChosenAction()
 {
     QFETCH(Reaction, react);
     QFETCH(QString, path);
-    for (bool isByKey : {false, true}) {
-        PathWindow window(expectedPixels(60));
-        QVERIFY(window.showAndWait());
-        window.refresh(LongPath);
-        const QPointer<QAction> action(window.menuButton()->menu()->actions().at(1));
-        const QSignalSpy told(action, &QAction::triggered); // after the bar
-        connect(window.bar, &VelaButtonPath::sigUpdatePath, this, [&](const QString &chosen) {
-            react(window.bar, chosen);
-            QVERIFY(!window.menuButton()->menu()->actions().contains(action));
-        });
-        if (isByKey) {
-            window.useMenu([&](QMenu *menu) {
-                menu->setActiveAction(action);
-                QTest::keyClick(menu, Qt::Key_Return);
+    for (bool isFollowed : {false, true}) { // if it is, the action is no longer the menu's when it is triggered
+        for (bool isByKey : {false, true}) {
+            PathWindow window(expectedPixels(60));
+            QVERIFY(window.showAndWait());
+            window.refresh(LongPath);
+            std::unique_ptr<Follower> follower;
+            if (isFollowed) {
+                follower = std::make_unique<Follower>(&window);
+                follower->show();
+                QVERIFY(follower->takeFocus());
+            }
+            const QPointer<QAction> action(window.menuButton()->menu()->actions().at(1));
+            const QSignalSpy told(action, &QAction::triggered); // after the bar
+            connect(window.bar, &VelaButtonPath::sigUpdatePath, this, [&](const QString &chosen) {
+                react(window.bar, chosen);
+                QVERIFY(!window.menuButton()->menu()->actions().contains(action));
             });
-        } else {
-            window.clickInMenu(1);
+            if (isByKey) {
+                window.useMenu([&](QMenu *menu) {
+                    menu->setActiveAction(action);
+                    QTest::keyClick(menu, Qt::Key_Return);
+                });
+            } else {
+                window.clickInMenu(1);
+            }
+            QCOMPARE(told.count(), 1);
+            checkAfterReaction(&window, action.data(), path);
         }
-        QCOMPARE(told.count(), 1);
-        checkAfterReaction(&window, action.data(), path);
     }
 }
 

@@ -276,7 +276,12 @@ private Q_SLOTS:
     void theWindowFollowsThePointer();
     void theWindowFollowsTheSelection();
     void theWindowFollowsTheWheelUnderAPointerAtRest();
+    void theWindowFollowsRowsThatMoveUnderAPointerAtRest_data();
+    void theWindowFollowsRowsThatMoveUnderAPointerAtRest();
+    void theWindowFollowsAPointerThatIsAheadOfItsEvents();
     void theWindowFollowsScrollingSideways();
+    void allRowsOfAPaintSeeThePointerAtOnePlace();
+    void aRowDrawnOutsideOfAPaintLooksForThePointer();
     void aRowOfWhichOnlySomeCellsAreSelectedIsNot();
     void childrenAreHighlightedByThemselves();
     void theContentIsPaintedOnTheHighlight();
@@ -302,6 +307,9 @@ private Q_SLOTS:
     void focusInAnEmptyTreeLeavesNoItemCurrent();
     void focusTellsOfTheCurrentItemAnew_data();
     void focusTellsOfTheCurrentItemAnew();
+    void focusShrinksASelectionOfSeveralRows();
+    void aClickThatGivesTheFocusHitsItsRow_data();
+    void aClickThatGivesTheFocusHitsItsRow();
     void aCurrentItemThatIsRemovedMeanwhileStaysRemoved();
 
     void rowsAreOfAFixedHeight_data();
@@ -570,6 +578,119 @@ void VelaTreeWidgetTest::theWindowFollowsTheWheelUnderAPointerAtRest()
         QVERIFY(tree.verticalScrollBar()->value() != before);
         QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
     }
+}
+
+void VelaTreeWidgetTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest_data()
+{
+    QTest::addColumn<bool>("isExpanded"); // or else rows are inserted
+    QTest::newRow("expanding") << true;
+    QTest::newRow("inserting") << false;
+}
+
+void VelaTreeWidgetTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest()
+{
+    QFETCH(const bool, isExpanded);
+    PlainTree tree;
+    tree.setBackgroundColor(Selected, Hovered);
+    tree.setAnimated(false);
+    for (int i = 0; i < 3; ++i) {
+        tree.topLevelItem(0)->addChild(new FileSystemTreeWidgetItem);
+    }
+    QVERIFY(tree.showAndWait());
+    QTreeWidgetItem *item = tree.topLevelItem(2);
+    const QPoint pointer = tree.rowRect(2).center();
+    tree.moveTo(pointer);
+    QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{2, Hovered}})), QString());
+
+    if (isExpanded) {
+        tree.topLevelItem(0)->setExpanded(true);
+    } else {
+        tree.insertTopLevelItems(0, {new FileSystemTreeWidgetItem, new FileSystemTreeWidgetItem});
+    }
+    const int row = tree.indexOfTopLevelItem(item);
+    QVERIFY(!tree.rowRect(row).contains(pointer));
+    QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
+    QCOMPARE(paintedColor(tree.viewport(), pointer), Hovered);
+    for (const int next : {row, row + 1, row}) {
+        tree.moveTo(tree.rowRect(next).center());
+        QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{next, Hovered}})), QString());
+    }
+}
+
+// A part of the rows may be painted after the pointer has moved and before the tree has heard of it.
+void VelaTreeWidgetTest::theWindowFollowsAPointerThatIsAheadOfItsEvents()
+{
+    PlainTree tree;
+    tree.setBackgroundColor(Selected, Hovered);
+    QVERIFY(tree.showAndWait());
+    tree.moveTo(tree.rowRect(1).center());
+    QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{1, Hovered}})), QString());
+    for (const int row : {4, 2}) {
+        QCursor::setPos(tree.mapToGlobal(tree.rowRect(row).center()));
+        tree.viewport()->repaint(tree.rowRect(row));
+        tree.moveTo(tree.rowRect(row).center());
+        QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{row, Hovered}})), QString());
+    }
+}
+
+void VelaTreeWidgetTest::allRowsOfAPaintSeeThePointerAtOnePlace()
+{
+    class Mover : public ItemDelegate
+    {
+    public:
+        void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+        {
+            QCursor::setPos(positions.value(index.row(), QCursor::pos()));
+            ItemDelegate::paint(painter, option, index);
+        }
+
+        QMap<int, QPoint> positions; // where the pointer goes when a row is painted
+    };
+    PlainTree tree;
+    Mover mover;
+    tree.setItemDelegate(&mover);
+    tree.setBackgroundColor(Selected, Hovered);
+    QVERIFY(tree.showAndWait());
+    for (const int row : {0, 3}) {
+        tree.pointAt(tree.rowRect(row).center());
+        mover.positions = {{0, tree.mapToGlobal(tree.rowRect(5).center())}};
+        const QImage painted = tree.painted();
+        mover.positions.clear();
+        QCOMPARE(difference(painted, expectedPicture(tree, {{row, Hovered}})), QString());
+        QCOMPARE(difference(tree.painted(), expectedPicture(tree, {{5, Hovered}})), QString());
+    }
+    tree.setItemDelegate(nullptr);
+}
+
+void VelaTreeWidgetTest::aRowDrawnOutsideOfAPaintLooksForThePointer()
+{
+    class OpenTree : public PlainTree
+    {
+    public:
+        QColor drawnColor(int row) const
+        {
+            QImage image(viewport()->size(), QImage::Format_RGB32);
+            image.fill(Ground);
+            QPainter painter(&image);
+            QStyleOptionViewItem option = viewOptions();
+            option.rect = rowRect(row);
+            drawRow(&painter, option, indexFromItem(topLevelItem(row)));
+            return image.pixelColor(option.rect.center());
+        }
+    };
+    OpenTree tree;
+    tree.setBackgroundColor(Selected, Hovered);
+    QVERIFY(tree.showAndWait());
+    tree.leaveBehind();
+    tree.painted();
+    QCOMPARE(tree.drawnColor(2), Ground);
+    for (const int row : {2, 4}) {
+        tree.pointAt(tree.rowRect(row).center());
+        QCOMPARE(tree.drawnColor(row), Hovered);
+        tree.painted();
+        QCOMPARE(tree.drawnColor(row), Hovered);
+    }
+    QCOMPARE(tree.drawnColor(2), Ground);
 }
 
 void VelaTreeWidgetTest::theWindowFollowsScrollingSideways()
@@ -933,6 +1054,61 @@ void VelaTreeWidgetTest::focusTellsOfTheCurrentItemAnew()
         QCOMPARE(tree->currentItem(), item);
         QVERIFY(item->isSelected());
     }
+}
+
+void VelaTreeWidgetTest::focusShrinksASelectionOfSeveralRows()
+{
+    FolderWindow window;
+    window.add(QStringLiteral("Videos"));
+    window.tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    QVERIFY(window.showAndWait());
+    window.tree->setCurrentItem(window.tree->topLevelItem(1));
+    window.tree->selectAll();
+    QCOMPARE(window.tree->selectedItems().size(), 3);
+    window.tree->setFocus();
+    QVERIFY(window.tree->hasFocus());
+    QCOMPARE(window.tree->selectedItems(), QList<QTreeWidgetItem *> {window.tree->topLevelItem(1)});
+}
+
+void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow_data()
+{
+    QTest::addColumn<bool>("hasCurrentItem");
+    QTest::addColumn<bool>("isAutoScrolling");
+    QTest::newRow("the current row is out of view") << true << true;
+    QTest::newRow("no row is current, and the topmost is cut") << false << true;
+    QTest::newRow("the tree is not to scroll") << true << false;
+}
+
+void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow()
+{
+    QFETCH(const bool, hasCurrentItem);
+    QFETCH(const bool, isAutoScrolling);
+    FolderWindow window;
+    for (int i = 0; i < 60; ++i) {
+        window.add(QString::number(i));
+    }
+    VelaTreeWidget *tree = window.tree;
+    tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    tree->setAutoScroll(isAutoScrolling);
+    QVERIFY(window.showAndWait());
+    if (hasCurrentItem) {
+        tree->setCurrentItem(tree->topLevelItem(0));
+    }
+    const int rowHeight = tree->visualItemRect(tree->topLevelItem(0)).height();
+    const int scrolled = 31 * rowHeight - 2; // two pixels of the row above are in view
+    tree->verticalScrollBar()->setValue(scrolled);
+    QCOMPARE(tree->verticalScrollBar()->value(), scrolled);
+    QVERIFY(window.neighbour->hasFocus());
+
+    // In the uppermost pixels of a row: any scrolling would put another one there.
+    const QRect clicked = tree->visualItemRect(tree->topLevelItem(32));
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      tree->viewport()->mapTo(&window, QPoint(clicked.center().x(), clicked.top())));
+    QVERIFY(tree->hasFocus());
+    QCOMPARE(tree->indexOfTopLevelItem(tree->currentItem()), 32);
+    QVERIFY(tree->topLevelItem(32)->isSelected());
+    QCOMPARE(tree->verticalScrollBar()->value(), scrolled);
+    QCOMPARE(tree->hasAutoScroll(), isAutoScrolling);
 }
 
 void VelaTreeWidgetTest::aCurrentItemThatIsRemovedMeanwhileStaysRemoved()
