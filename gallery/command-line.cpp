@@ -12,6 +12,23 @@ QCommandLineOption option(const char *name, const QString &description, const ch
     return {QString::fromLatin1(name), description, QString::fromLatin1(value)};
 }
 
+/// The display that the toolkit is told by @p arguments to take, or else does by itself. The option is not the
+/// parser's, which would accept it as well where the toolkit knows none.
+QString displayOf(const QStringList &arguments)
+{
+    const int option =
+        qMax(arguments.lastIndexOf(QStringLiteral("-display")), arguments.lastIndexOf(QStringLiteral("--display")));
+    const QString display = option == -1 ? QString() : arguments.value(option + 1);
+    return display.isEmpty() ? qEnvironmentVariable("DISPLAY") : display;
+}
+
+/// The same for all names of a folder. One that is missing has no canonical path.
+QString identityOf(const QString &folder)
+{
+    const QDir dir(folder);
+    return dir.exists() ? dir.canonicalPath() : QDir::cleanPath(dir.absolutePath());
+}
+
 } // namespace
 
 CommandLine::CommandLine() :
@@ -42,6 +59,7 @@ CommandLine::CommandLine() :
 
 bool CommandLine::parse(const QStringList &arguments)
 {
+    m_display = displayOf(arguments);
     m_errorText = m_parser.parse(arguments) ? findError() : m_parser.errorText();
     return m_errorText.isEmpty();
 }
@@ -112,10 +130,10 @@ ImageManager::InitializeType CommandLine::imageLoading() const
 
 QString CommandLine::instanceId() const
 {
-    const QString theme = resources().isEmpty() ? QString() : QDir(resources()).canonicalPath();
+    const QString theme = resources().isEmpty() ? QString() : identityOf(resources());
     return QStringList {QCoreApplication::applicationName(),
                         QCoreApplication::applicationFilePath(),
-                        qEnvironmentVariable("DISPLAY"),
+                        m_display,
                         qEnvironmentVariable("WAYLAND_DISPLAY"),
                         theme,
                         language(),

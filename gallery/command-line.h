@@ -31,7 +31,8 @@ public:
     QString screenshots() const;
     ImageManager::InitializeType imageLoading() const;
 
-    /// The same for starts that one window can serve: of the same program on the same display, with the same theme.
+    /// The same for starts that one window can serve: of the same program on the same display, with the same theme. Of
+    /// the arguments that the program was started with, before the toolkit takes its options out.
     QString instanceId() const;
 
 private:
@@ -47,5 +48,6 @@ private:
     QCommandLineOption m_lazy;
     QCommandLineOption m_preload;
     QCommandLineOption m_screenshots;
+    QString m_display;
     QString m_errorText;
 };

@@ -41,10 +41,11 @@ int run(const CommandLine &commandLine, QtSingleApplication *application)
         return fail(QStringLiteral("There is no display. '--screenshots DIR' renders the pages without one."));
     }
 
+    if (!wantsScreenshots && application->sendMessage(commandLine.page())) {
+        return EXIT_SUCCESS;
+    }
     if (!wantsScreenshots && application->isRunning()) {
-        return application->sendMessage(commandLine.page())
-            ? EXIT_SUCCESS
-            : fail(QStringLiteral("It runs already, but does not answer."));
+        return fail(QStringLiteral("It runs already, but does not answer."));
     }
 
     Resources resources(commandLine.resources().isEmpty() ? Resources::referenceFolder() : commandLine.resources());

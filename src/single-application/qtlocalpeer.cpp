@@ -6,16 +6,21 @@
 #include <QDataStream>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QLocalServer>
 #include <QLocalSocket>
 #include <QRegularExpression>
+#include <QSocketNotifier>
 #include <QThread>
 #include <QTimer>
 #include <QtEndian>
 
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -26,7 +31,9 @@ constexpr int AcknowledgementSize = sizeof(Acknowledgement) - 1;
 constexpr int NameLetters = 6;
 
 constexpr quint32 MaximalMessageSize = 64 * 1024 * 1024; // bytes
-constexpr int ConnectionTimeout = 30000; // milliseconds for a whole message, as QLocalSocket waits by default
+constexpr int MaximalConnections = 100; // open at once
+constexpr int ConnectionTimeout = 10000; // milliseconds without anything of a message that is not complete
+constexpr int AcceptDelay = 100; // milliseconds until a process that is out of descriptors tries again
 constexpr unsigned long RetryDelay = 20; // milliseconds until a process that is just starting is tried again
 
 /// @p label is what a person recognises the name by.
@@ -38,6 +45,36 @@ QString socketNameOf(const QString &id, QString label)
     return QStringLiteral("qtsingleapp-%1-%2-%3")
         .arg(label.remove(notLetters).left(NameLetters), QString::number(checksum, 16),
              QString::number(::getuid(), 16));
+}
+
+/// A socket that only processes of this user can connect to; -1, with errno, if there can be none at @p path.
+int listenAt(const QByteArray &path)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= static_cast<int>(sizeof(address.sun_path))) {
+        errno = ENAMETOOLONG;
+        return -1;
+    }
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    // Nobody can connect before listen(), so the permissions are in time.
+    if (descriptor == -1
+        || (::bind(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0
+            && ::chmod(path.constData(), S_IRUSR | S_IWUSR) == 0 && ::listen(descriptor, SOMAXCONN) == 0)) {
+        return descriptor;
+    }
+    const int error = errno;
+    ::close(descriptor);
+    errno = error;
+    return -1;
+}
+
+/// Whether something has come that the event loop has not got round to.
+bool hasUnreadData(const QLocalSocket &socket)
+{
+    char byte = 0;
+    return ::recv(static_cast<int>(socket.socketDescriptor()), &byte, sizeof(byte), MSG_PEEK | MSG_DONTWAIT) > 0;
 }
 
 /// Whether a process of this user is at the other end.
@@ -52,22 +89,6 @@ bool isOwnUsers(const QLocalSocket &socket)
 int remainingTime(const QDeadlineTimer &deadline)
 {
     return static_cast<int>(deadline.remainingTime());
-}
-
-/// Connects as soon as there is a server: a first process that is just starting holds the lock before it listens.
-bool connectTo(QLocalSocket *socket, const QString &name, const QDeadlineTimer &deadline)
-{
-    while (true) {
-        socket->connectToServer(name);
-        if (socket->waitForConnected(remainingTime(deadline))) {
-            return true;
-        }
-        if (deadline.hasExpired() || socket->error() == QLocalSocket::SocketAccessError) {
-            return false;
-        }
-        socket->abort();
-        QThread::msleep(RetryDelay);
-    }
 }
 
 bool writeTo(QLocalSocket *socket, const QByteArray &message, const QDeadlineTimer &deadline)
@@ -97,24 +118,34 @@ bool awaitAcknowledgement(QLocalSocket *socket, const QDeadlineTimer &deadline)
 QtLocalPeer::QtLocalPeer(QObject *parent, const QString &appId) :
     QObject(parent),
     m_id(appId.isEmpty() ? QCoreApplication::applicationFilePath() : appId),
-    m_socketName(socketNameOf(m_id, appId.isEmpty() ? QFileInfo(m_id).fileName() : m_id)),
-    m_server(new QLocalServer(this))
+    m_socketPath(QDir(QDir::tempPath())
+                     .absoluteFilePath(socketNameOf(m_id, appId.isEmpty() ? QFileInfo(m_id).fileName() : m_id)))
 {
-    m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    connect(m_server, &QLocalServer::newConnection, this, &QtLocalPeer::receiveConnection);
     openLockFile();
 }
 
+// The socket goes while the lock is held, which is released with the members: otherwise a successor that gets the lock
+// in between would have its new socket removed.
+QtLocalPeer::~QtLocalPeer()
+{
+    if (m_listener) {
+        QFile::remove(m_socketPath);
+        const int descriptor = static_cast<int>(m_listener->socket());
+        delete m_listener;
+        ::close(descriptor);
+    }
+}
+
 // Nobody else may open the file, from its first moment on: who can open it can lock it, and no process would be the
-// first.
+// first. Neither a symbolic nor a hard link that lies in its place may lead to another file of the user.
 void QtLocalPeer::openLockFile()
 {
-    m_lockFile.setFileName(QDir(QDir::tempPath()).absoluteFilePath(m_socketName + QLatin1String("-lockfile")));
+    m_lockFile.setFileName(m_socketPath + QLatin1String("-lockfile"));
     const int descriptor = ::open(QFile::encodeName(m_lockFile.fileName()).constData(),
                                   O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
     struct stat status = {};
     const bool isOwn = descriptor != -1 && ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)
-        && status.st_uid == ::geteuid() && ::fchmod(descriptor, S_IRUSR | S_IWUSR) == 0;
+        && status.st_nlink == 1 && status.st_uid == ::geteuid() && ::fchmod(descriptor, S_IRUSR | S_IWUSR) == 0;
     if (isOwn) {
         m_lockFile.QFile::open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle);
         return;
@@ -133,12 +164,24 @@ bool QtLocalPeer::isClient()
     if (!m_lockFile.lock(QtLockedFile::WriteLock, false)) {
         return true;
     }
-    // A socket that is still there belongs to nobody any more, since this process has got the lock.
-    QLocalServer::removeServer(m_socketName);
-    if (!m_server->listen(m_socketName)) {
-        qCWarning(debug_message, "Cannot receive messages of other instances: %s", qPrintable(m_server->errorString()));
-    }
+    listen();
     return false;
+}
+
+// Not by QLocalServer: when a connection cannot be accepted for want of descriptors, it removes its socket and stops
+// listening for good, without telling.
+void QtLocalPeer::listen()
+{
+    // A socket that is still there belongs to nobody any more, since this process has got the lock.
+    QFile::remove(m_socketPath);
+    const int descriptor = listenAt(QFile::encodeName(m_socketPath));
+    if (descriptor == -1) {
+        const int error = errno; // before logging changes it
+        qCWarning(debug_message, "Cannot receive messages of other instances: %s", std::strerror(error));
+        return;
+    }
+    m_listener = new QSocketNotifier(descriptor, QSocketNotifier::Read, this);
+    connect(m_listener, &QSocketNotifier::activated, this, &QtLocalPeer::acceptConnection);
 }
 
 bool QtLocalPeer::sendMessage(const QString &message, int timeout)
@@ -151,9 +194,9 @@ bool QtLocalPeer::sendMessage(const QString &message, int timeout)
         qCWarning(debug_message, "A message of %d bytes is too long", bytes.size());
         return false;
     }
-    const QDeadlineTimer deadline(timeout);
+    const QDeadlineTimer deadline = timeout < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeout);
     QLocalSocket socket;
-    if (!connectTo(&socket, m_socketName, deadline)) {
+    if (!connectToFirst(&socket, deadline)) {
         return false;
     }
     if (!isOwnUsers(socket)) {
@@ -163,20 +206,83 @@ bool QtLocalPeer::sendMessage(const QString &message, int timeout)
     return writeTo(&socket, bytes, deadline) && awaitAcknowledgement(&socket, deadline);
 }
 
+/// Tries as long as there is a first process: one that is just starting holds the lock before it listens.
+bool QtLocalPeer::connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline)
+{
+    while (isClient()) {
+        socket->connectToServer(m_socketPath);
+        if (socket->waitForConnected(remainingTime(deadline))) {
+            return true;
+        }
+        if (deadline.hasExpired() || socket->error() == QLocalSocket::SocketAccessError) {
+            return false;
+        }
+        socket->abort();
+        QThread::msleep(RetryDelay);
+    }
+    return false;
+}
+
 QString QtLocalPeer::applicationId() const
 {
     return m_id;
 }
 
-void QtLocalPeer::receiveConnection()
+void QtLocalPeer::acceptConnection()
 {
-    QLocalSocket *socket = m_server->nextPendingConnection();
-    if (!socket) {
+    const int descriptor =
+        ::accept4(static_cast<int>(m_listener->socket()), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (descriptor != -1) {
+        auto *socket = new QLocalSocket(this);
+        socket->setSocketDescriptor(descriptor);
+        addConnection(socket);
+    } else if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED) {
+        makeRoomForConnections();
+    }
+}
+
+/// The peer that could not be accepted keeps waiting, and is tried again.
+void QtLocalPeer::makeRoomForConnections()
+{
+    if (!m_connections.isEmpty()) {
+        m_connections.constFirst()->abort();
         return;
     }
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket] { receiveMessage(socket); });
-    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    QTimer::singleShot(ConnectionTimeout, socket, &QLocalSocket::abort);
+    m_listener->setEnabled(false);
+    QTimer::singleShot(AcceptDelay, m_listener, [this] { m_listener->setEnabled(true); });
+}
+
+void QtLocalPeer::addConnection(QLocalSocket *socket)
+{
+    auto *timer = new QTimer(socket);
+    timer->setSingleShot(true);
+    // A process that has been busy for long may get to its timers before it reads.
+    connect(timer, &QTimer::timeout, socket, [socket, timer] {
+        if (hasUnreadData(*socket)) {
+            timer->start();
+        } else {
+            socket->abort();
+        }
+    });
+    timer->start(ConnectionTimeout);
+
+    socket->setReadBufferSize(MaximalMessageSize + sizeof(quint32));
+    connect(socket, &QLocalSocket::readyRead, this, [this, socket, timer] {
+        timer->start();
+        m_connections.removeOne(socket);
+        m_connections.append(socket);
+        receiveMessage(socket);
+    });
+    connect(socket, &QLocalSocket::disconnected, this, [this, socket, timer] {
+        timer->stop();
+        m_connections.removeOne(socket);
+        socket->deleteLater();
+    });
+
+    m_connections.append(socket);
+    if (m_connections.size() > MaximalConnections) {
+        m_connections.constFirst()->abort();
+    }
 }
 
 void QtLocalPeer::receiveMessage(QLocalSocket *socket)
@@ -200,5 +306,6 @@ void QtLocalPeer::receiveMessage(QLocalSocket *socket)
     // Before the signal, since its slots may take longer than the sender waits.
     socket->write(Acknowledgement, AcknowledgementSize);
     socket->flush();
+    socket->disconnectFromServer(); // or it would go on reading what nobody wants
     Q_EMIT messageReceived(message);
 }

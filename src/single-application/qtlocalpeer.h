@@ -4,14 +4,19 @@
 #include "vela_export.h"
 
 #include <QObject>
+#include <QVector>
 
-class QLocalServer;
+class QDeadlineTimer;
 class QLocalSocket;
+class QSocketNotifier;
 
 /// One of the processes of an application that a user runs: the first of them gets the messages of the others.
 ///
 /// They find each other by the application's id through a lock file and a local socket in QDir::tempPath(), which
 /// other users can neither open nor take over. Processes built with another edition of this class take part.
+///
+/// A process has one such object for an id. Locks belong to processes: a second object would count as the first process
+/// too, take over the socket, and release the lock of both when it is deleted.
 class VELA_EXPORT QtLocalPeer : public QObject
 {
     Q_OBJECT
@@ -20,12 +25,15 @@ public:
     /// An empty @p appId stands for the program's file path. What keeps the process from taking part, a lock file that
     /// belongs to another user for instance, is logged; it is a first one then that nobody finds.
     explicit QtLocalPeer(QObject *parent = nullptr, const QString &appId = QString());
+    /// Gives up the first place if this process has it.
+    ~QtLocalPeer() override;
 
     /// Whether another process is the first. Otherwise this one is from now on.
     bool isClient();
 
     /// Hands @p message, of up to 64 MiB in UTF-8, to the first process and waits up to @p timeout milliseconds until
-    /// it has got it, without limit if that is negative. False when it has not, and always in the first process.
+    /// it has got it, without limit if that is negative. False when it has not. Where there is no first process, or it
+    /// ends before it has been reached, this one becomes the first, and gets false.
     bool sendMessage(const QString &message, int timeout);
 
     /// The id as given, or the program's file path.
@@ -37,11 +45,16 @@ Q_SIGNALS:
 
 private:
     void openLockFile();
-    void receiveConnection();
+    void listen();
+    void acceptConnection();
+    void makeRoomForConnections();
+    void addConnection(QLocalSocket *socket);
     void receiveMessage(QLocalSocket *socket);
+    bool connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline);
 
     const QString m_id;
-    const QString m_socketName;
-    QLocalServer *m_server;
+    const QString m_socketPath;
+    QSocketNotifier *m_listener = nullptr;
+    QVector<QLocalSocket *> m_connections; // the one that has been silent longest first
     QtLockedFile m_lockFile;
 };

@@ -25,7 +25,11 @@ bool QtLockedFile::open(OpenMode mode)
         qCWarning(debug_message, "A locked file cannot be opened with Truncate.");
         return false;
     }
-    return QFile::open(mode);
+    if (!QFile::open(mode)) {
+        return false;
+    }
+    m_lockMode = NoLock; // that of an earlier descriptor has gone with it
+    return true;
 }
 
 bool QtLockedFile::lock(LockMode mode, bool block)
@@ -37,10 +41,11 @@ bool QtLockedFile::lock(LockMode mode, bool block)
     if (mode == NoLock) {
         return unlock();
     }
-    if (mode == m_lockMode) {
+    if (mode == lockMode()) {
         return true;
     }
-    // Two processes that each waited for the other's read lock while they keep their own would wait for ever.
+    // Were a read lock kept until the write lock is there, of two processes that do so at once each would be in the
+    // other's way, and the system would refuse one (EDEADLK).
     if (!unlock() || !setLock(mode == ReadLock ? F_RDLCK : F_WRLCK, block ? F_SETLKW : F_SETLK)) {
         return false;
     }
@@ -57,7 +62,8 @@ bool QtLockedFile::unlock()
     if (!isLocked()) {
         return true;
     }
-    if (!setLock(F_UNLCK, F_SETLK)) {
+    // Who locks the file next is to find what has been written under this lock.
+    if (!flush() || !setLock(F_UNLCK, F_SETLK)) {
         return false;
     }
     m_lockMode = NoLock;
@@ -66,12 +72,12 @@ bool QtLockedFile::unlock()
 
 bool QtLockedFile::isLocked() const
 {
-    return m_lockMode != NoLock;
+    return lockMode() != NoLock;
 }
 
 QtLockedFile::LockMode QtLockedFile::lockMode() const
 {
-    return m_lockMode;
+    return isOpen() ? m_lockMode : NoLock;
 }
 
 bool QtLockedFile::setLock(short type, int command)
@@ -83,9 +89,10 @@ bool QtLockedFile::setLock(short type, int command)
     do {
         result = ::fcntl(handle(), command, &lock);
     } while (result == -1 && errno == EINTR);
-    const bool isHeldByAnother = errno == EAGAIN || errno == EACCES;
+    const int error = errno; // before logging changes it
+    const bool isHeldByAnother = error == EAGAIN || error == EACCES;
     if (result == -1 && !isHeldByAnother) {
-        qCWarning(debug_message, "Cannot lock \"%s\": %s", qPrintable(fileName()), std::strerror(errno));
+        qCWarning(debug_message, "Cannot lock \"%s\": %s", qPrintable(fileName()), std::strerror(error));
     }
     return result != -1;
 }

@@ -16,7 +16,7 @@ public:
 
     QtLockedFile();
     explicit QtLockedFile(const QString &name);
-    /// Releases the lock.
+    /// Writes what is buffered, and releases the lock.
     ~QtLockedFile() override;
 
     /// Opens the file, but not with Truncate, which would empty it before anybody can have locked it: that is logged
@@ -26,11 +26,13 @@ public:
     /// Takes a lock in place of the one that is held; NoLock releases it. A write lock excludes all other locks, a read
     /// lock excludes write locks; they take a file that is open for writing and for reading. @p block waits until no
     /// other process is in the way. Returns whether the lock is held, and logs what fails other than because of another
-    /// process.
+    /// process. The old lock is released first, so it is gone when a change of mode fails.
     bool lock(LockMode mode, bool block = true);
-    /// Returns whether no lock is held any more.
+    /// Writes what is buffered, and then releases the lock; keeps it when that cannot be written. Returns whether no
+    /// lock is held any more.
     bool unlock();
 
+    /// A file that is closed has no lock.
     bool isLocked() const;
     LockMode lockMode() const;
 

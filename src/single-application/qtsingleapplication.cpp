@@ -4,10 +4,12 @@
 
 #include <QWidget>
 
-QtSingleApplication::QtSingleApplication(int &argc, char **argv, bool GUIenabled) :
-    QtSingleApplication(QString(), argc, argv) {Q_UNUSED(GUIenabled)}
+QtSingleApplication::QtSingleApplication(int &argc, char **argv, bool /*GUIenabled*/) :
+    QtSingleApplication(QString(), argc, argv)
+{
+}
 
-    QtSingleApplication::QtSingleApplication(const QString &id, int &argc, char **argv) :
+QtSingleApplication::QtSingleApplication(const QString &id, int &argc, char **argv) :
     QApplication(argc, argv), m_peer(new QtLocalPeer(this, id))
 {
     connect(m_peer, &QtLocalPeer::messageReceived, this, &QtSingleApplication::messageReceived);

@@ -14,10 +14,15 @@ class QtLocalPeer;
 ///     if (application.sendMessage(QStringLiteral("wake up"))) {
 ///         return EXIT_SUCCESS;
 ///     }
+///     if (application.isRunning()) {
+///         return EXIT_FAILURE; // it does not answer
+///     }
 ///     MainWindow window;
 ///     window.show();
 ///     application.setActivationWindow(&window);
 ///     return application.exec();
+///
+/// A process has no further QtLocalPeer of the same id beside it.
 class VELA_EXPORT QtSingleApplication : public QApplication
 {
     Q_OBJECT
@@ -32,6 +37,7 @@ public:
     /// Whether another process of this user and this id is the first. Otherwise this one is from now on.
     bool isRunning();
 
+    /// The id as given, or the program's file path.
     QString id() const;
 
     /// The window that activateWindow() brings to the front; null for none. It stays the caller's, and may be deleted.
@@ -41,8 +47,9 @@ public:
     QWidget *activationWindow() const;
 
 public Q_SLOTS:
-    /// Hands @p message to the first process and waits up to @p timeout milliseconds until it has got it, without limit
-    /// if that is negative. False when it has not, and always in the first process.
+    /// Hands @p message, of up to 64 MiB in UTF-8, to the first process and waits up to @p timeout milliseconds until
+    /// it has got it, without limit if that is negative. False when it has not. Where there is no first process, or it
+    /// ends before it has been reached, this one becomes the first, and gets false; isRunning() tells which.
     bool sendMessage(const QString &message, int timeout = 5000);
     /// Un-minimises the activation window, raises it and gives it the focus.
     void activateWindow();

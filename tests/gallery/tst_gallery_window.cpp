@@ -1,3 +1,4 @@
+#include "command-line.h"
 #include "gallery-page.h"
 #include "gallery-window.h"
 #include "log-view.h"
@@ -10,6 +11,18 @@
 #include <QPlainTextEdit>
 #include <QScopedPointer>
 #include <QtTest>
+
+namespace {
+
+/// Of a start with @p arguments behind the program's name.
+QString instanceId(const QStringList &arguments)
+{
+    CommandLine commandLine;
+    commandLine.parse(QStringList(QStringLiteral("vela-gallery")) + arguments);
+    return commandLine.instanceId();
+}
+
+} // namespace
 
 class GalleryWindowTest : public QObject
 {
@@ -28,6 +41,8 @@ private Q_SLOTS:
     void framesAroundWidgetsHaveNoStyleSheet();
     void warningsOfTheLibraryAreListed();
     void theListOfSignalsCanBeCleared();
+    void eachThemeFolderHasAnInstance();
+    void eachDisplayHasAnInstance();
 
 private:
     QAbstractButton *button(const QString &text) const;
@@ -151,6 +166,38 @@ void GalleryWindowTest::theListOfSignalsCanBeCleared()
     QVERIFY(!loggedLines().isEmpty());
     button(QStringLiteral("Clear"))->click();
     QCOMPARE(loggedLines(), QStringList());
+}
+
+void GalleryWindowTest::eachThemeFolderHasAnInstance()
+{
+    const auto idOf = [](const QString &folder) { return instanceId({QStringLiteral("--resources"), folder}); };
+    const QString none = instanceId({});
+    QCOMPARE(instanceId({QStringLiteral("--page"), pageNames().constLast()}), none);
+    QVERIFY(idOf(QStringLiteral("/")) != none);
+    QCOMPARE(idOf(QStringLiteral("/.")), idOf(QStringLiteral("/")));
+    // A folder that is missing is no default either.
+    QVERIFY(idOf(QStringLiteral("/missing/one")) != none);
+    QVERIFY(idOf(QStringLiteral("/missing/one")) != idOf(QStringLiteral("/missing/other")));
+    QCOMPARE(idOf(QStringLiteral("/missing/other/../one/")), idOf(QStringLiteral("/missing/one")));
+}
+
+void GalleryWindowTest::eachDisplayHasAnInstance()
+{
+    const auto idOn = [](const QString &option, const QString &display) { return instanceId({option, display}); };
+    const QString option = QStringLiteral("-display");
+    const QString display = QStringLiteral(":77");
+    const QString own = instanceId({});
+    QVERIFY(idOn(option, display) != own);
+    QVERIFY(idOn(option, display) != idOn(option, QStringLiteral(":78")));
+    QCOMPARE(idOn(QStringLiteral("-") + option, display), idOn(option, display));
+    QCOMPARE(instanceId({option}), own); // without the value
+
+    const QByteArray outer = qgetenv("DISPLAY");
+    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY");
+    qputenv("DISPLAY", display.toLatin1());
+    const QString onDisplay = instanceId({});
+    hasDisplay ? qputenv("DISPLAY", outer) : qunsetenv("DISPLAY");
+    QCOMPARE(onDisplay, idOn(option, display));
 }
 
 QTEST_MAIN(GalleryWindowTest)

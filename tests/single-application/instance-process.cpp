@@ -9,7 +9,12 @@ constexpr int Patience = 60000; // milliseconds, for a machine that runs other t
 InstanceProcess::InstanceProcess(const QString &id, const QString &task, const QString &argument)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(VELA_INSTANCE_PROGRAM), {id, task, argument});
+    m_process.start(program(), {id, task, argument});
+}
+
+QString InstanceProcess::program()
+{
+    return QStringLiteral(VELA_INSTANCE_PROGRAM);
 }
 
 bool InstanceProcess::awaitLine()

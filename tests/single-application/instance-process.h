@@ -10,6 +10,8 @@ class InstanceProcess
 {
 public:
     InstanceProcess(const QString &id, const QString &task, const QString &argument = QString());
+    /// The program's file.
+    static QString program();
 
     /// Whether there is a line already.
     bool hasLine();

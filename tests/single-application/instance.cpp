@@ -1,4 +1,5 @@
-// A process of a single-instance application, driven by its arguments: an id, and then what to do.
+// A process of a single-instance application, driven by its arguments: an id, or nothing to have that of the program,
+// and then what to do.
 
 #include "single-application/qtlockedfile.h"
 #include "single-application/qtsingleapplication.h"
@@ -6,16 +7,24 @@
 #include <QCryptographicHash>
 #include <QSocketNotifier>
 #include <QTextStream>
+#include <QThread>
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
+#include <sys/resource.h>
 #include <sys/types.h>
 #include <unistd.h>
 
 namespace {
+
+constexpr rlim_t FewDescriptors = 60;
+constexpr int WithoutDescriptors = 500; // milliseconds
+constexpr unsigned long BusyTime = 12000; // milliseconds for each message, longer than an idle connection lives
 
 void say(const QString &line)
 {
@@ -28,15 +37,43 @@ QString digest(const QString &message)
     return QString::fromLatin1(QCryptographicHash::hash(message.toUtf8(), QCryptographicHash::Md5).toHex());
 }
 
+void limitDescriptors(rlim_t count)
+{
+    rlimit limit = {};
+    ::getrlimit(RLIMIT_NOFILE, &limit);
+    limit.rlim_cur = count;
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+/// Opens as many files as it can, and closes them a while after.
+void useUpDescriptors()
+{
+    auto descriptors = std::make_shared<std::vector<int>>();
+    for (int descriptor = ::dup(STDIN_FILENO); descriptor != -1; descriptor = ::dup(STDIN_FILENO)) {
+        descriptors->push_back(descriptor);
+    }
+    QTimer::singleShot(WithoutDescriptors,
+                       [descriptors] { std::for_each(descriptors->begin(), descriptors->end(), ::close); });
+}
+
 /// Tells whether it is the first. If so, reports the messages until its standard input is closed; otherwise ends.
-int serve(QtSingleApplication *application)
+int serve(QtSingleApplication *application, const QString &manner)
 {
     if (application->isRunning()) {
         say(QStringLiteral("client"));
         return EXIT_SUCCESS;
     }
-    QObject::connect(application, &QtSingleApplication::messageReceived,
-                     [](const QString &message) { say(digest(message)); });
+    const bool isBusy = manner == QLatin1String("busy");
+    QObject::connect(application, &QtSingleApplication::messageReceived, [isBusy](const QString &message) {
+        say(digest(message));
+        QThread::msleep(isBusy ? BusyTime : 0);
+    });
+    if (manner.endsWith(QLatin1String("descriptors"))) {
+        limitDescriptors(FewDescriptors);
+    }
+    if (manner == QLatin1String("no descriptors")) {
+        useUpDescriptors();
+    }
     say(QStringLiteral("first"));
     return QtSingleApplication::exec();
 }
@@ -53,17 +90,21 @@ int send(QtSingleApplication *application, int count)
     return EXIT_SUCCESS;
 }
 
-/// Shows a window, minimised, that messages bring back; a second one covers its place.
-int showMinimised(QtSingleApplication *application, bool activateOnMessage)
+/// Shows a window, minimised or else covered by a second one, that messages bring to the front unless it is "passive".
+int showWindow(QtSingleApplication *application, const QString &manner)
 {
     QWidget window;
     window.setWindowTitle(QStringLiteral("activation window"));
-    window.resize(300, 200);
-    window.showMinimized();
+    window.setGeometry(100, 100, 300, 200);
+    if (manner == QLatin1String("covered")) {
+        window.show();
+    } else {
+        window.showMinimized();
+    }
     QWidget other;
-    other.resize(300, 200);
+    other.setGeometry(100, 100, 300, 200);
     other.show();
-    application->setActivationWindow(&window, activateOnMessage);
+    application->setActivationWindow(&window, manner != QLatin1String("passive"));
     QObject::connect(application, &QtSingleApplication::messageReceived, [&window](const QString &) {
         // Window managers take their time; tell it as soon as it is so, or that it has not come about.
         auto *poll = new QTimer(&window);
@@ -79,6 +120,8 @@ int showMinimised(QtSingleApplication *application, bool activateOnMessage)
         poll->start(50);
     });
     say(application->isRunning() ? QStringLiteral("client") : QStringLiteral("first"));
+    say(QString::number(window.winId()));
+    say(QString::number(other.winId()));
     return QtSingleApplication::exec();
 }
 
@@ -116,16 +159,22 @@ int main(int argc, char **argv)
         endWithStandardInput();
         return lockFile(id, argument);
     }
-    QtSingleApplication application(id, argc, argv);
+    const std::unique_ptr<QtSingleApplication> application(
+        id.isEmpty() ? new QtSingleApplication(argc, argv, argument != QLatin1String("without GUI"))
+                     : new QtSingleApplication(id, argc, argv));
     endWithStandardInput();
+    if (task == QLatin1String("id")) {
+        say(application->id());
+        return EXIT_SUCCESS;
+    }
     if (task == QLatin1String("serve")) {
-        return serve(&application);
+        return serve(application.get(), argument);
     }
     if (task == QLatin1String("send")) {
-        return send(&application, argument.toInt());
+        return send(application.get(), argument.toInt());
     }
-    if (task == QLatin1String("minimised")) {
-        return showMinimised(&application, argument != QLatin1String("passive"));
+    if (task == QLatin1String("show")) {
+        return showWindow(application.get(), argument);
     }
     say(QStringLiteral("unknown task"));
     return EXIT_FAILURE;

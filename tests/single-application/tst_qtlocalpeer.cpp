@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QScopeGuard>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -14,7 +15,10 @@
 #include <QtEndian>
 #include <QtTest>
 
+#include <algorithm>
+#include <cerrno>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -29,10 +33,18 @@ namespace {
 
 constexpr int Timeout = 20000; // milliseconds
 constexpr int ShortTimeout = 300;
-constexpr int ConnectionTimeout = 30000; // that an idle connection lives
+constexpr int ConnectionTimeout = 10000; // that an idle connection lives
+constexpr int MaximalConnections = 100;
 constexpr int MaximalMessageSize = 64 * 1024 * 1024; // bytes
 
 constexpr uid_t AnotherUser = 65534;
+
+// They open a pipe to look at an object.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool HasSanitizers = true;
+#else
+constexpr bool HasSanitizers = false;
+#endif
 
 /// The ISO 3309 checksum, bit by bit.
 quint16 checksum(const QByteArray &bytes)
@@ -142,11 +154,22 @@ sockaddr_un address(const QByteArray &path)
     return address;
 }
 
-bool canConnect(const QByteArray &path)
+/// A socket, or -1.
+int connectedTo(const QByteArray &path)
 {
     const sockaddr_un name = address(path);
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    return ::connect(socket, reinterpret_cast<const sockaddr *>(&name), sizeof(name)) == 0;
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (::connect(socket, reinterpret_cast<const sockaddr *>(&name), sizeof(name)) == 0) {
+        return socket;
+    }
+    ::close(socket);
+    return -1;
+}
+
+bool canConnect(const QByteArray &path)
+{
+    const int socket = connectedTo(path);
+    return socket != -1 && ::close(socket) == 0;
 }
 
 int listenAt(const QByteArray &path)
@@ -182,6 +205,9 @@ private Q_SLOTS:
     void theNamesAreThoseOfAllEditions_data();
     void theNamesAreThoseOfAllEditions();
     void filesLeftBehindAreTakenOver();
+    void aSuccessorOfAFirstThatIsEndingKeepsItsSocket();
+    void aSocketThatCannotBeMadeIsLogged_data();
+    void aSocketThatCannotBeMadeIsLogged();
 
     void aMessageIsReceivedAndAcknowledged_data();
     void aMessageIsReceivedAndAcknowledged();
@@ -190,7 +216,11 @@ private Q_SLOTS:
     void itIsAcknowledgedBeforeItsSlotsRun();
     void aSlotMayRunAnEventLoop();
     void aSlotMayDeleteThePeer();
+    void nothingIsReadBehindAMessage();
     void aPeerThatSendsNothingHindersNobody();
+    void thePeerThatIsSilentLongestMakesRoom();
+    void aFirstShortOfDescriptorsCanBeReached();
+    void aFirstThatWasOutOfDescriptorsCanBeReachedAgain();
     void aPeerThatSendsHalfAMessageHindersNobody();
     void aPeerThatGoesAwayInAMessageIsForgotten();
     void aPeerThatClaimsTooMuchIsSentAway_data();
@@ -200,7 +230,9 @@ private Q_SLOTS:
     void aSenderSpeaksTheCommonProtocol();
     void aSenderBelievesNothingButTheAcknowledgement_data();
     void aSenderBelievesNothingButTheAcknowledgement();
+    void aSenderWaitsForAFirstThatIsStarting_data();
     void aSenderWaitsForAFirstThatIsStarting();
+    void aSenderTakesThePlaceOfAFirstThatHasEnded();
     void aSenderGivesUpInTime();
     void aMessageThatIsTooLongIsNotSent();
 
@@ -209,8 +241,9 @@ private Q_SLOTS:
     void aLockFileOfAnotherUserIsLoggedAndLeftAlone();
     void aServerOfAnotherUserIsToldNothing();
     void aLinkInTheLockFilesPlaceIsNotFollowed();
+    void aHardLinkInTheLockFilesPlaceIsLeftAlone();
 
-    void anIdlePeerIsSentAwayInTheEnd();
+    void onlyAnIdlePeerIsSentAwayInTheEnd();
 
 private:
     QByteArray exchange(const QByteArray &sent);
@@ -247,13 +280,16 @@ QByteArray QtLocalPeerTest::exchange(const QByteArray &sent)
     socket.connectToServer(m_socket);
     socket.write(sent);
     QByteArray answer;
-    const bool hasEnded = QTest::qWaitFor(
-        [&] {
-            answer += socket.readAll();
-            return answer.size() >= 3 || socket.state() == QLocalSocket::UnconnectedState;
-        },
-        Timeout);
-    return hasEnded ? answer : QByteArray("no end");
+    QEventLoop loop; // QTest's waiting sleeps between the pieces of a long message
+    connect(&socket, &QLocalSocket::readyRead, &loop, [&] {
+        answer += socket.readAll();
+        if (answer.size() >= 3) {
+            loop.quit();
+        }
+    });
+    connect(&socket, &QLocalSocket::disconnected, &loop, &QEventLoop::quit);
+    QTimer::singleShot(Timeout, &loop, [&loop] { loop.exit(EXIT_FAILURE); });
+    return loop.exec() == EXIT_SUCCESS ? answer : QByteArray("no end");
 }
 
 void QtLocalPeerTest::theIdIsThatGivenOrTheFilePath()
@@ -332,6 +368,54 @@ void QtLocalPeerTest::filesLeftBehindAreTakenOver()
     QVERIFY(!peer.isClient());
     QVERIFY(canConnect(QFile::encodeName(m_socket)));
     QCOMPARE(log.takeTexts(), QStringList());
+}
+
+void QtLocalPeerTest::aSuccessorOfAFirstThatIsEndingKeepsItsSocket()
+{
+    std::unique_ptr<InstanceProcess> successor;
+    auto peer = std::make_unique<QtLocalPeer>(nullptr, m_id);
+    QVERIFY(!peer->isClient());
+    // This signal comes when members have been destroyed, but not yet children.
+    connect(peer.get(), &QObject::destroyed, this, [&] {
+        successor = std::make_unique<InstanceProcess>(m_id, QStringLiteral("serve"));
+        QCOMPARE(successor->line(), QStringLiteral("first"));
+    });
+    peer.reset();
+    QVERIFY(successor);
+    QtLocalPeer sender(nullptr, m_id);
+    QVERIFY(sender.sendMessage(QStringLiteral("message"), Timeout));
+}
+
+void QtLocalPeerTest::aSocketThatCannotBeMadeIsLogged_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<bool>("isTaken");
+    QTest::addColumn<int>("error");
+    QTest::newRow("its place is taken") << QString() << true << EADDRINUSE;
+    QTest::newRow("its path is too long") << QStringLiteral("/%1").arg(QString(100, u'v')) << false << ENAMETOOLONG;
+}
+
+void QtLocalPeerTest::aSocketThatCannotBeMadeIsLogged()
+{
+    QFETCH(QString, folder);
+    QFETCH(bool, isTaken);
+    QFETCH(int, error);
+    const QString path = m_folder.path() + folder;
+    QVERIFY(QDir().mkpath(path));
+    qputenv("TMPDIR", QFile::encodeName(path));
+    const auto restore = qScopeGuard([this] { qputenv("TMPDIR", QFile::encodeName(m_folder.path())); });
+    if (isTaken) {
+        QVERIFY(QDir().mkdir(m_socket));
+    }
+    LogCapture log;
+    QtLocalPeer peer(nullptr, m_id);
+    QVERIFY(!peer.isClient());
+    QVERIFY(!peer.isClient());
+    QCOMPARE(
+        log.takeTexts(),
+        QStringList {QStringLiteral("Cannot receive messages of other instances: %1").arg(qt_error_string(error))});
+    // It is the first one nevertheless, though nobody can tell it anything.
+    QCOMPARE(InstanceProcess(m_id, QStringLiteral("serve")).line(), QStringLiteral("client"));
 }
 
 void QtLocalPeerTest::aMessageIsReceivedAndAcknowledged_data()
@@ -433,6 +517,35 @@ void QtLocalPeerTest::aSlotMayDeleteThePeer()
     QCOMPARE(socket.readAll(), QByteArray("ack"));
 }
 
+void QtLocalPeerTest::nothingIsReadBehindAMessage()
+{
+    constexpr qint64 Flood = 200 * 1024 * 1024; // bytes
+    constexpr qint64 Most = 16 * 1024 * 1024;
+    QtLocalPeer peer(nullptr, m_id);
+    QVERIFY(!peer.isClient());
+    const QSignalSpy received(&peer, &QtLocalPeer::messageReceived);
+    const int flooder = connectedTo(QFile::encodeName(m_socket));
+    QVERIFY(flooder != -1);
+    qint64 taken = 0;
+    const Thread flood = startThread([flooder, &taken] {
+        QByteArray bytes = framed("message");
+        for (qint64 size = 0; size != -1 && taken < Flood; taken += size) {
+            size = ::send(flooder, bytes.constData(), static_cast<size_t>(bytes.size()), MSG_NOSIGNAL);
+            bytes = QByteArray(1 << 16, 'v');
+        }
+    });
+    const auto end = qScopeGuard([flooder, &flood] {
+        ::shutdown(flooder, SHUT_RDWR);
+        flood->wait();
+        ::close(flooder);
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(flood->isFinished(), Timeout);
+    QCOMPARE(received.count(), 1);
+    QVERIFY2(taken < Most, qPrintable(QString::number(taken)));
+    char answer[8];
+    QCOMPARE(::recv(flooder, answer, sizeof(answer), 0), 3); // it has come nevertheless
+}
+
 void QtLocalPeerTest::aPeerThatSendsNothingHindersNobody()
 {
     QtLocalPeer peer(nullptr, m_id);
@@ -447,6 +560,68 @@ void QtLocalPeerTest::aPeerThatSendsNothingHindersNobody()
     }
     QCOMPARE(exchange(framed("message")), QByteArray("ack"));
     QTRY_COMPARE(received.count(), 1);
+    QTRY_VERIFY(peer.findChildren<QLocalSocket *>().size() <= MaximalConnections);
+}
+
+void QtLocalPeerTest::thePeerThatIsSilentLongestMakesRoom()
+{
+    QtLocalPeer peer(nullptr, m_id);
+    QVERIFY(!peer.isClient());
+    const QByteArray message = framed("message");
+    std::vector<std::unique_ptr<QLocalSocket>> peers;
+    const auto connectOne = [&] {
+        peers.push_back(std::make_unique<QLocalSocket>());
+        peers.back()->connectToServer(m_socket);
+    };
+    for (int i = 0; i < MaximalConnections; ++i) {
+        connectOne();
+        QTRY_COMPARE(peer.findChildren<QLocalSocket *>().size(), i + 1);
+    }
+    peers[0]->write(message.left(1));
+    peers[0]->flush();
+    const QLocalSocket *accepted = peer.findChildren<QLocalSocket *>().constFirst();
+    QTRY_COMPARE(accepted->bytesAvailable(), 1);
+    QCOMPARE(peers[1]->state(), QLocalSocket::ConnectedState);
+
+    connectOne();
+    QTRY_COMPARE(peers[1]->state(), QLocalSocket::UnconnectedState);
+    for (const auto index : {0, 2, MaximalConnections - 1, MaximalConnections}) {
+        QCOMPARE(peers[static_cast<size_t>(index)]->state(), QLocalSocket::ConnectedState);
+    }
+    peers[0]->write(message.mid(1));
+    QTRY_COMPARE(peers[0]->bytesAvailable(), 3);
+    QCOMPARE(peers[0]->readAll(), QByteArray("ack"));
+}
+
+void QtLocalPeerTest::aFirstShortOfDescriptorsCanBeReached()
+{
+    if (HasSanitizers) {
+        QSKIP("needs a process whose sanitizers take no descriptors");
+    }
+    InstanceProcess first(m_id, QStringLiteral("serve"), QStringLiteral("few descriptors"));
+    QCOMPARE(first.line(), QStringLiteral("first"));
+    std::vector<int> silent;
+    const auto hangUp = qScopeGuard([&silent] { std::for_each(silent.begin(), silent.end(), ::close); });
+    for (int i = 0; i < 200; ++i) {
+        silent.push_back(connectedTo(QFile::encodeName(m_socket)));
+        QVERIFY(silent.back() != -1);
+    }
+    QtLocalPeer peer(nullptr, m_id);
+    QVERIFY(peer.sendMessage(QStringLiteral("message"), Timeout));
+    QVERIFY(!first.line().isEmpty());
+}
+
+void QtLocalPeerTest::aFirstThatWasOutOfDescriptorsCanBeReachedAgain()
+{
+    if (HasSanitizers) {
+        QSKIP("needs a process whose sanitizers take no descriptors");
+    }
+    InstanceProcess first(m_id, QStringLiteral("serve"), QStringLiteral("no descriptors"));
+    QCOMPARE(first.line(), QStringLiteral("first"));
+    QtLocalPeer peer(nullptr, m_id);
+    QVERIFY(peer.sendMessage(QStringLiteral("message"), Timeout));
+    QVERIFY(peer.sendMessage(QStringLiteral("another"), Timeout));
+    QCOMPARE(first.lines(2).size(), 2);
 }
 
 void QtLocalPeerTest::aPeerThatSendsHalfAMessageHindersNobody()
@@ -563,23 +738,60 @@ void QtLocalPeerTest::aSenderBelievesNothingButTheAcknowledgement()
     QCOMPARE(peer.sendMessage(QStringLiteral("message"), Timeout), isTaken);
 }
 
+void QtLocalPeerTest::aSenderWaitsForAFirstThatIsStarting_data()
+{
+    QTest::addColumn<int>("timeout");
+    QTest::newRow("for some time") << Timeout;
+    QTest::newRow("-1, without limit") << -1;
+    QTest::newRow("-2, without limit") << -2;
+    QTest::newRow("the least, without limit") << std::numeric_limits<int>::min();
+}
+
 // It has the lock before it listens.
 void QtLocalPeerTest::aSenderWaitsForAFirstThatIsStarting()
 {
+    QFETCH(int, timeout);
     InstanceProcess holder(m_lock, QStringLiteral("lock"), QStringLiteral("write"));
     QCOMPARE(holder.lines(2).last(), QStringLiteral("locked"));
     std::unique_ptr<ForeignServer> server;
     const Thread late = startThread([&] {
-        QThread::msleep(1000);
+        QThread::msleep(ShortTimeout);
         server = std::make_unique<ForeignServer>(m_socket, [](QLocalSocket *socket) {
             readAtLeast(socket, framed("message").size());
             socket->write("ack");
         });
     });
     QtLocalPeer peer(nullptr, m_id);
-    const bool isTaken = peer.sendMessage(QStringLiteral("message"), Timeout);
+    const bool isTaken = peer.sendMessage(QStringLiteral("message"), timeout);
     late->wait();
     QVERIFY(isTaken);
+}
+
+void QtLocalPeerTest::aSenderTakesThePlaceOfAFirstThatHasEnded()
+{
+    InstanceProcess holder(m_lock, QStringLiteral("lock"), QStringLiteral("write"));
+    QCOMPARE(holder.lines(2).last(), QStringLiteral("locked"));
+    QSemaphore isReady;
+    QElapsedTimer clock;
+    bool wasClient = false;
+    bool isSent = true;
+    bool isFirst = false;
+    const Thread sender = startThread([&] {
+        QtLocalPeer peer(nullptr, m_id);
+        wasClient = peer.isClient();
+        isReady.release();
+        clock.start();
+        isSent = peer.sendMessage(QStringLiteral("message"), Timeout);
+        isFirst = clock.elapsed() < Timeout && canConnect(QFile::encodeName(m_socket));
+    });
+    isReady.acquire();
+    QThread::msleep(ShortTimeout); // so that it is trying
+    const bool hasEnded = holder.end();
+    sender->wait();
+    QVERIFY(hasEnded);
+    QVERIFY(wasClient);
+    QVERIFY(!isSent);
+    QVERIFY(isFirst);
 }
 
 void QtLocalPeerTest::aSenderGivesUpInTime()
@@ -708,17 +920,64 @@ void QtLocalPeerTest::aLinkInTheLockFilesPlaceIsNotFollowed()
     QVERIFY(!QFileInfo::exists(target));
 }
 
-void QtLocalPeerTest::anIdlePeerIsSentAwayInTheEnd()
+void QtLocalPeerTest::aHardLinkInTheLockFilesPlaceIsLeftAlone()
 {
+    const QString target = m_folder.filePath(QStringLiteral("linked"));
+    QVERIFY(QFile(target).open(QIODevice::WriteOnly));
+    QCOMPARE(::chmod(QFile::encodeName(target).constData(), 0644), 0);
+    QCOMPARE(::link(QFile::encodeName(target).constData(), QFile::encodeName(m_lock).constData()), 0);
+    LogCapture log;
+    QtLocalPeer peer(nullptr, m_id);
+    QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("\"%1\" cannot be opened or is another user's").arg(m_lock)});
+    QVERIFY(!peer.isClient());
+    QVERIFY(!QFileInfo::exists(m_socket));
+    QCOMPARE(permissions(target), 0644);
+}
+
+// What takes long, all at once.
+void QtLocalPeerTest::onlyAnIdlePeerIsSentAwayInTheEnd()
+{
+    const QByteArray slowMessage = framed("message");
+    constexpr int Pause = 1200; // milliseconds between its bytes, so that it takes longer than an idle peer is kept
+
+    // A process that is busy for longer than an idle peer is kept; what it has not got round to read meanwhile has come
+    // in time. It accepts connections in their order, so the first one has been accepted when the second is answered.
+    const QString busyId = m_id + QStringLiteral("-busy");
+    qputenv("QT_NO_GLIB", "1"); // the event loop that gets to timers first
+    InstanceProcess busy(busyId, QStringLiteral("serve"), QStringLiteral("busy"));
+    qunsetenv("QT_NO_GLIB");
+    QCOMPARE(busy.line(), QStringLiteral("first"));
+    QLocalSocket patient;
+    patient.connectToServer(socketPath(busyId, QStringLiteral("velate")));
+    QVERIFY(patient.waitForConnected(Timeout));
+    QVERIFY(QtLocalPeer(nullptr, busyId).sendMessage(QStringLiteral("keep busy"), Timeout));
+    patient.write(framed("message"));
+    QVERIFY(patient.waitForBytesWritten(Timeout));
+
     QtLocalPeer peer(nullptr, m_id);
     QVERIFY(!peer.isClient());
-    QLocalSocket silent;
+    QLocalSocket slow;
+    slow.connectToServer(m_socket);
+    int written = 0;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (written < slowMessage.size()) {
+            slow.write(slowMessage.constData() + written++, 1);
+        }
+    });
+    timer.start(Pause);
+
     QElapsedTimer clock;
     clock.start();
+    QLocalSocket silent;
     silent.connectToServer(m_socket);
     QTRY_COMPARE_WITH_TIMEOUT(silent.state(), QLocalSocket::UnconnectedState, ConnectionTimeout + Timeout);
-    QVERIFY(clock.elapsed() > ConnectionTimeout - 2000); // the timer is a coarse one
-    QVERIFY(peer.findChildren<QLocalSocket *>().isEmpty());
+    QVERIFY(clock.elapsed() > ConnectionTimeout - 1000); // the timer is a coarse one
+    QTRY_COMPARE_WITH_TIMEOUT(slow.bytesAvailable(), 3, Pause * slowMessage.size() + Timeout);
+    QCOMPARE(slow.readAll(), QByteArray("ack"));
+    QTRY_VERIFY(peer.findChildren<QLocalSocket *>().isEmpty());
+    QTRY_COMPARE_WITH_TIMEOUT(patient.bytesAvailable(), 3, Timeout);
+    QCOMPARE(patient.readAll(), QByteArray("ack"));
 }
 
 QTEST_GUILESS_MAIN(QtLocalPeerTest)

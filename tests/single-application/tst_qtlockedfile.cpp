@@ -32,6 +32,10 @@ private Q_SLOTS:
     void itWaitsForAnotherProcess();
     void theDestructorUnlocks();
     void aKilledProcessHoldsNoLock();
+    void aClosedFileHasNoLock();
+    void whatIsWrittenIsThereWhenTheLockIsGone_data();
+    void whatIsWrittenIsThereWhenTheLockIsGone();
+    void whatCannotBeWrittenKeepsTheLock();
     void theContentIsThatOfAnyFile();
 
 private:
@@ -206,6 +210,57 @@ void QtLockedFileTest::aKilledProcessHoldsNoLock()
     QVERIFY(!file.lock(QtLockedFile::WriteLock, false));
     process.kill();
     QVERIFY(file.lock(QtLockedFile::WriteLock, false));
+}
+
+void QtLockedFileTest::aClosedFileHasNoLock()
+{
+    QtLockedFile file(m_name);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.lock(QtLockedFile::WriteLock));
+    file.close();
+    QVERIFY(!file.isLocked());
+    QCOMPARE(file.lockMode(), QtLockedFile::NoLock);
+
+    InstanceProcess process(m_name, QStringLiteral("lock"), QStringLiteral("write"));
+    QCOMPARE(process.lines(2).last(), Locked);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(!file.isLocked());
+    QCOMPARE(file.lockMode(), QtLockedFile::NoLock);
+    QVERIFY(!file.lock(QtLockedFile::WriteLock, false));
+    QVERIFY(process.end());
+    QVERIFY(file.lock(QtLockedFile::WriteLock, false));
+    QCOMPARE(otherProcessTries(QStringLiteral("read")), Refused);
+}
+
+void QtLockedFileTest::whatIsWrittenIsThereWhenTheLockIsGone_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("no lock") << int(QtLockedFile::NoLock);
+    QTest::newRow("a read lock, that others can have too") << int(QtLockedFile::ReadLock);
+}
+
+void QtLockedFileTest::whatIsWrittenIsThereWhenTheLockIsGone()
+{
+    QFETCH(int, mode);
+    QtLockedFile file(m_name);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.lock(QtLockedFile::WriteLock));
+    QCOMPARE(file.write("content"), 7);
+    QCOMPARE(QFileInfo(m_name).size(), 0); // it is buffered till then
+    QVERIFY(file.lock(static_cast<QtLockedFile::LockMode>(mode)));
+    QCOMPARE(QFileInfo(m_name).size(), 7);
+}
+
+void QtLockedFileTest::whatCannotBeWrittenKeepsTheLock()
+{
+    QtLockedFile file(QStringLiteral("/dev/full"));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.lock(QtLockedFile::ReadLock, false));
+    QCOMPARE(file.write("content"), 7);
+    QVERIFY(!file.unlock());
+    QCOMPARE(file.lockMode(), QtLockedFile::ReadLock);
+    QVERIFY(!file.lock(QtLockedFile::WriteLock, false));
+    QCOMPARE(file.lockMode(), QtLockedFile::ReadLock);
 }
 
 void QtLockedFileTest::theContentIsThatOfAnyFile()

@@ -1,21 +1,28 @@
 #include "single-application/instance-process.h"
 #include "single-application/qtsingleapplication.h"
 #include "support/controls.h"
+#include "support/x-connection.h"
 
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <QtTest>
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <vector>
+
+#include <xcb/xcb.h>
 
 namespace {
 
 const QString First = QStringLiteral("first");
 const QString Client = QStringLiteral("client");
 const QString Id = QStringLiteral("vela-test-application");
+
+constexpr int Patience = 20000; // milliseconds
 
 using Processes = std::vector<std::unique_ptr<InstanceProcess>>;
 
@@ -28,6 +35,53 @@ Processes start(int count, const QString &id, const QString &task, const QString
     return processes;
 }
 
+bool hasWindowManager()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+/// The windows of the root window, frames among them, from the lowest up. (_NET_CLIENT_LIST_STACKING will not do: jwm
+/// lists it from the top down.)
+QVector<quint32> stack(quint32 rootWindow)
+{
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(xcb_connect(nullptr, nullptr),
+                                                                                  xcb_disconnect);
+    const std::unique_ptr<xcb_query_tree_reply_t, decltype(&std::free)> tree(
+        xcb_query_tree_reply(connection.get(), xcb_query_tree(connection.get(), rootWindow), nullptr), std::free);
+    if (!tree) {
+        return {};
+    }
+    const quint32 *first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
+}
+
+/// Whether a window manager has framed both, @p upper nearer to the user.
+bool isAbove(quint32 upper, quint32 lower)
+{
+    const XConnection x;
+    const QVector<quint32> frames = stack(x.rootWindow());
+    const quint32 lowerFrame = x.frameOf(lower);
+    return lowerFrame != lower && frames.contains(lowerFrame)
+        && frames.indexOf(x.frameOf(upper)) > frames.indexOf(lowerFrame);
+}
+
+/// What QWidget::raise() leaves to be seen on every platform.
+class RaiseCounter : public QObject
+{
+public:
+    int count() const { return m_count; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        m_count += event->type() == QEvent::ZOrderChange ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_count = 0;
+};
+
 } // namespace
 
 class QtSingleApplicationTest : public QObject
@@ -38,11 +92,15 @@ private Q_SLOTS:
     void init();
 
     void theIdIsThatGiven();
+    void withoutAnIdItIsTheFilePath_data();
+    void withoutAnIdItIsTheFilePath();
+    void processesOfAProgramWithoutAnIdFindEachOther();
     void theDeclarationsAreThePublishedOnes();
     void theFirstIsNotRunningYet();
     void theActivationWindowIsNotOwned();
     void withoutAnActivationWindowNothingIsActivated();
     void activatingKeepsOtherStates();
+    void activatingRaises();
 
     void oneOfManyBecomesTheFirst();
     void noMessageIsLost();
@@ -50,6 +108,7 @@ private Q_SLOTS:
     void aKilledFirstIsFollowedByTheNext();
     void afterTheFirstHasEndedTheNextIsTheFirst();
     void applicationsOfOtherIdsAreStrangers();
+    void aMessageBringsTheActivationWindowToTheFront_data();
     void aMessageBringsTheActivationWindowToTheFront();
     void aMessageLeavesAPassiveWindowAlone();
 
@@ -73,6 +132,31 @@ static QtSingleApplication *application()
 void QtSingleApplicationTest::theIdIsThatGiven()
 {
     QCOMPARE(application()->id(), Id);
+}
+
+void QtSingleApplicationTest::withoutAnIdItIsTheFilePath_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::newRow("with windows") << QString();
+    QTest::newRow("without windows") << QStringLiteral("without GUI");
+}
+
+void QtSingleApplicationTest::withoutAnIdItIsTheFilePath()
+{
+    QFETCH(QString, argument);
+    InstanceProcess process(QString(), QStringLiteral("id"), argument);
+    QCOMPARE(process.line(), QFileInfo(InstanceProcess::program()).canonicalFilePath());
+}
+
+void QtSingleApplicationTest::processesOfAProgramWithoutAnIdFindEachOther()
+{
+    InstanceProcess first(QString(), QStringLiteral("serve"));
+    QCOMPARE(first.line(), First);
+    InstanceProcess second(QString(), QStringLiteral("serve"));
+    QCOMPARE(second.line(), Client);
+    InstanceProcess sender(QString(), QStringLiteral("send"), QStringLiteral("1"));
+    QVERIFY(sender.line().startsWith(QStringLiteral("sent ")));
+    QVERIFY(!first.line().isEmpty());
 }
 
 void QtSingleApplicationTest::theDeclarationsAreThePublishedOnes()
@@ -121,6 +205,18 @@ void QtSingleApplicationTest::activatingKeepsOtherStates()
     window.setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
     application()->activateWindow();
     QCOMPARE(window.windowState() & ~Qt::WindowActive, Qt::WindowStates(Qt::WindowMaximized));
+}
+
+void QtSingleApplicationTest::activatingRaises()
+{
+    QWidget window;
+    window.show();
+    RaiseCounter raises;
+    window.installEventFilter(&raises);
+    application()->setActivationWindow(&window);
+    QCOMPARE(raises.count(), 0);
+    application()->activateWindow();
+    QCOMPARE(raises.count(), 1);
 }
 
 void QtSingleApplicationTest::oneOfManyBecomesTheFirst()
@@ -199,18 +295,34 @@ void QtSingleApplicationTest::applicationsOfOtherIdsAreStrangers()
     QCOMPARE(other.line(), First);
 }
 
+void QtSingleApplicationTest::aMessageBringsTheActivationWindowToTheFront_data()
+{
+    QTest::addColumn<QString>("manner");
+    QTest::newRow("minimised") << QStringLiteral("minimised");
+    QTest::newRow("covered") << QStringLiteral("covered");
+}
+
 void QtSingleApplicationTest::aMessageBringsTheActivationWindowToTheFront()
 {
-    InstanceProcess first(Id, QStringLiteral("minimised"));
+    QFETCH(QString, manner);
+    InstanceProcess first(Id, QStringLiteral("show"), manner);
     QCOMPARE(first.line(), First);
+    const quint32 window = first.line().toUInt();
+    const quint32 other = first.line().toUInt();
+    if (hasWindowManager() && manner == QStringLiteral("covered")) {
+        QTRY_VERIFY_WITH_TIMEOUT(isAbove(other, window), Patience);
+    }
     InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("1"));
     QCOMPARE(first.line(), QStringLiteral("in front"));
+    if (hasWindowManager()) {
+        QTRY_VERIFY_WITH_TIMEOUT(isAbove(window, other), Patience);
+    }
 }
 
 void QtSingleApplicationTest::aMessageLeavesAPassiveWindowAlone()
 {
-    InstanceProcess first(Id, QStringLiteral("minimised"), QStringLiteral("passive"));
-    QCOMPARE(first.line(), First);
+    InstanceProcess first(Id, QStringLiteral("show"), QStringLiteral("passive"));
+    QCOMPARE(first.lines(3).constFirst(), First);
     InstanceProcess sender(Id, QStringLiteral("send"), QStringLiteral("1"));
     QCOMPARE(first.line(), QStringLiteral("not in front"));
 }
