@@ -9,11 +9,14 @@
 class HelpWindowPrivate;
 class QNetworkReply;
 
-/// Which help page is meant.
+/// Which help page is meant. Of a null string the query has the name alone, without "=".
 struct HelpContext
 {
     QString lang; ///< three-letter code, see VelaLocale
-    QString helpRoot; ///< folder of the installed help, with one folder a language
+    /// Folder of the installed help, with one folder a language. Their names are the help's own codes, which the query
+    /// has as well: "ger" for "deu", "spn" for "esn", "fre" for "fra", and English ("enu") for languages without help
+    /// pages: "dan", "sve", "hun", "trk", "nor", "ptg", "ptb" and "tha". All other codes are the same.
+    QString helpRoot;
     QString link; ///< name of the page's file in the folder of a language
     QString section; ///< section of the help that the page belongs to
 };
@@ -36,7 +39,9 @@ Q_SIGNALS:
     void sigAbortRequest();
 
 public Q_SLOTS:
+    /// Shows the page that the finished reply brings, or the installed one if it has failed; deletes the reply later.
     void slotReceiveReply(QNetworkReply *reply);
+    /// Emits sigAbortRequest(), which ends the request if it is still pending: the installed page is shown.
     void slotQueryTimeout();
 
 private:
