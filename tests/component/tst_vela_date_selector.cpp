@@ -707,14 +707,14 @@ void VelaDateSelectorTest::aChosenMonthIsShownByItsWholeName()
     const ShownCalendar calendar;
     calendar.view->setCurrentPage(2024, 4);
     QMenu *menu = calendar.month()->menu();
-    QTimer::singleShot(0, menu, [menu] {
+    const MenuUser user(menu, [menu] {
         QTest::keyClick(menu->windowHandle(), Qt::Key_Down);
         QTest::keyClick(menu->windowHandle(), Qt::Key_Down);
         QTest::keyClick(menu->windowHandle(), Qt::Key_Return);
-        menu->close();
     });
     calendar.click(calendar.month());
-    QTRY_VERIFY(!menu->isVisible());
+    QVERIFY(user.hasUsed());
+    QVERIFY(!menu->isVisible());
     QCOMPARE(calendar.page(), QDate(2024, 2, 1));
     QCOMPARE(calendar.month()->text(), QStringLiteral("February"));
 }
@@ -1424,18 +1424,15 @@ void VelaDateSelectorTest::aMonthIsChosenInThePopupWhichStaysOpen()
     shown.view->setCurrentPage(2024, 4);
     shown.showPopup();
     QMenu *menu = shown.month()->menu();
-    bool isShown = false;
-    QTimer::singleShot(0, menu, [menu, &isShown] {
-        isShown = menu->isVisible();
+    const MenuUser user(menu, [menu] {
         const QPoint september = menu->actionGeometry(menu->actions().at(8)).center();
         QTest::mouseMove(menu->windowHandle(), september);
         QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {}, september);
-        menu->close();
     });
     // The press opens the menu, and the release belongs to the menu.
     QTest::mousePress(shown.window(), Qt::LeftButton, {}, Calendar::middleIn(shown.month()));
-    QVERIFY(isShown);
-    QTRY_VERIFY(!menu->isVisible());
+    QVERIFY(user.hasUsed());
+    QVERIFY(!menu->isVisible());
     QCOMPARE(shown.page(), QDate(2024, 9, 1));
     QCOMPARE(shown.month()->text(), QStringLiteral("September"));
     QVERIFY(shown.isOpen());

@@ -6,33 +6,12 @@
 #include "support/resource-folder.h"
 
 #include <QMenu>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
 
 const QColor Idle(Qt::red);
 const QColor Padded(Qt::green);
-
-/// Closes @p menu a moment after it opens; tells whether it did.
-class MenuCloser
-{
-public:
-    explicit MenuCloser(QMenu *menu)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, menu, [this, menu] {
-            m_wasOpen = m_wasOpen || menu->isVisible();
-            menu->close();
-        });
-        m_timer.start(150);
-    }
-
-    bool wasOpen() const { return m_wasOpen; }
-
-private:
-    QTimer m_timer;
-    bool m_wasOpen = false;
-};
 
 } // namespace
 
@@ -260,9 +239,9 @@ void VelaFilterBarTest::downWithAMenuThatIsGoneDoesNothing()
     removed.addAction(QStringLiteral("Item"));
     bar->setMenu(&removed);
     bar->setMenu(nullptr);
-    const MenuCloser closer(&removed);
+    const MenuUser user(&removed);
     window.key(Qt::Key_Down);
-    QVERIFY(!closer.wasOpen());
+    QVERIFY(!user.hasUsed());
 }
 
 void VelaFilterBarTest::downOpensTheMenu_data()
@@ -286,10 +265,10 @@ void VelaFilterBarTest::downOpensTheMenu()
     bar->setFocus();
     bar->setCursorPosition(1);
     EventCounter passedOn(&window, QEvent::KeyPress);
-    const MenuCloser closer(&menu);
+    const MenuUser user(&menu);
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, modifiers); // without the press of the modifier's own key
     QCoreApplication::sendEvent(bar, &press); // returns when the menu is closed
-    QVERIFY(closer.wasOpen());
+    QVERIFY(user.hasUsed());
     QVERIFY(bar->hasFocus());
     QCOMPARE(bar->cursorPosition(), 1);
     QVERIFY(!bar->hasSelectedText());
@@ -343,10 +322,10 @@ void VelaFilterBarTest::aPressOnTheButtonOpensTheMenuAndLeavesTheFocus()
     QVERIFY(bar->hasFocus());
 
     bar->setMenu(&menu);
-    const MenuCloser closer(&menu);
+    const MenuUser user(&menu);
     QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, center); // returns when the menu is closed
     QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, center);
-    QVERIFY(closer.wasOpen());
+    QVERIFY(user.hasUsed());
     QCOMPARE(window.focusWidget(), static_cast<QWidget *>(bar));
 }
 

@@ -2,7 +2,6 @@
 #include "support/controls.h"
 
 #include <QScreen>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -226,14 +225,11 @@ void VelaMenuTest::itReturnsTheChosenAction()
     menu.addAction(QStringLiteral("First"));
     const QAction *second = menu.addAction(QStringLiteral("Second"));
     const QSignalSpy triggered(second, &QAction::triggered);
-    QTimer keys;
-    connect(&keys, &QTimer::timeout, &menu, [&menu] {
+    const MenuUser user(&menu, [&menu] {
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Return);
-        menu.close(); // should the keys not have done it
     });
-    keys.start(50);
     QCOMPARE(menu.exec(area().center()), second);
     QCOMPARE(triggered.count(), 1);
 }

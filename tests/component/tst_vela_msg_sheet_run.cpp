@@ -940,7 +940,7 @@ void VelaMessageSheetRunTest::theWindowManagersRequestToCloseIsRefused_data()
 void VelaMessageSheetRunTest::theWindowManagersRequestToCloseIsRefused()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(bool, isBlocked);
     ShownSheet shown;
@@ -966,7 +966,7 @@ void VelaMessageSheetRunTest::theCloseButtonGoesAndComesBack_data()
 void VelaMessageSheetRunTest::theCloseButtonGoesAndComesBack()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(bool, isBlocked);
     ShownSheet shown;
@@ -992,7 +992,7 @@ void VelaMessageSheetRunTest::theCloseButtonGoesAndComesBack()
 void VelaMessageSheetRunTest::theCloseButtonComesBackWhenBlockingEndsMeanwhile()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     ShownSheet shown;
     shown.sheet->setBlockWindowButton(true);
@@ -1028,7 +1028,7 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered_da
 void VelaMessageSheetRunTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(QVector<int>, order);
     Window window;
@@ -1083,7 +1083,7 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets_dat
 void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(std::function<void(VelaMessageSheet *, VelaMessageSheet *, QWidget *)>, change);
     Window window;
@@ -1106,7 +1106,7 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets()
 void VelaMessageSheetRunTest::theCloseButtonIsAwayWhenAPanelBelowAnotherSheetDies()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     Window window;
     QVERIFY(window.showAndWait());
@@ -1127,7 +1127,7 @@ void VelaMessageSheetRunTest::theCloseButtonIsAwayWhenAPanelBelowAnotherSheetDie
 void VelaMessageSheetRunTest::theCloseButtonIsAwayWhenAShownSheetWaits()
 {
     if (!isOnX()) {
-        QSKIP("needs an X server");
+        QSKIP("needs an X server: run the x11-* presets");
     }
     Window window;
     QVERIFY(window.showAndWait());

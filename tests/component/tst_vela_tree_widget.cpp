@@ -176,6 +176,15 @@ int pixelsOf(const PlainTree &tree, int row, const QColor &color)
     return count;
 }
 
+QStringList numbers(int count)
+{
+    QStringList names;
+    for (int i = 0; i < count; ++i) {
+        names.append(QString::number(i));
+    }
+    return names;
+}
+
 /// A tree with the names of some folders, in a window with something else that can have the focus.
 class FolderWindow : public ControlWindow
 {
@@ -198,6 +207,14 @@ public:
         item->setFlags(item->flags() | Qt::ItemIsEditable);
         tree->addTopLevelItem(item);
         return item;
+    }
+
+    /// Shows it with a tree that can be scrolled sideways by 300 pixels and more.
+    bool showWide()
+    {
+        tree->header()->setStretchLastSection(false);
+        tree->setColumnWidth(0, 3000);
+        return showAndWait() && QTest::qWaitFor([this] { return tree->horizontalScrollBar()->maximum() > 300; });
     }
 
     /// Opens the editor of the first row by the keyboard.
@@ -989,15 +1006,9 @@ void VelaTreeWidgetTest::focusMakesTheTopmostVisibleItemCurrent()
 {
     QFETCH(const int, down);
     QFETCH(const int, sideways);
-    FolderWindow window;
-    for (int i = 0; i < 60; ++i) {
-        window.add(QString::number(i));
-    }
-    QVERIFY(window.showAndWait());
+    FolderWindow window(numbers(60));
+    QVERIFY(window.showWide());
     VelaTreeWidget *tree = window.tree;
-    tree->header()->setStretchLastSection(false);
-    tree->setColumnWidth(0, 3000);
-    QTRY_VERIFY(tree->horizontalScrollBar()->maximum() > 300);
     tree->verticalScrollBar()->setValue(down);
     tree->horizontalScrollBar()->setValue(sideways);
     QVERIFY(!tree->currentItem());
@@ -1026,15 +1037,9 @@ void VelaTreeWidgetTest::focusTellsOfTheCurrentItemAnew()
 {
     QFETCH(const int, down);
     QFETCH(const int, sideways);
-    FolderWindow window;
-    for (int i = 0; i < 60; ++i) {
-        window.add(QString::number(i));
-    }
-    QVERIFY(window.showAndWait());
+    FolderWindow window(numbers(60));
+    QVERIFY(window.showWide());
     VelaTreeWidget *tree = window.tree;
-    tree->header()->setStretchLastSection(false);
-    tree->setColumnWidth(0, 3000);
-    QTRY_VERIFY(tree->horizontalScrollBar()->maximum() > 300);
     QTreeWidgetItem *item = tree->topLevelItem(down + 1);
     tree->setCurrentItem(item);
 
@@ -1083,10 +1088,7 @@ void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow()
 {
     QFETCH(const bool, hasCurrentItem);
     QFETCH(const bool, isAutoScrolling);
-    FolderWindow window;
-    for (int i = 0; i < 60; ++i) {
-        window.add(QString::number(i));
-    }
+    FolderWindow window(numbers(60));
     VelaTreeWidget *tree = window.tree;
     tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     tree->setAutoScroll(isAutoScrolling);

@@ -105,14 +105,15 @@ int showWindow(QtSingleApplication *application, const QString &manner)
     other.setGeometry(100, 100, 300, 200);
     other.show();
     application->setActivationWindow(&window, manner != QLatin1String("passive"));
-    QObject::connect(application, &QtSingleApplication::messageReceived, [&window](const QString &) {
+    const int patience = manner == QLatin1String("passive") ? 3000 : 20000;
+    QObject::connect(application, &QtSingleApplication::messageReceived, [&window, patience](const QString &) {
         // Window managers take their time; tell it as soon as it is so, or that it has not come about.
         auto *poll = new QTimer(&window);
         auto elapsed = std::make_shared<int>(0);
-        QObject::connect(poll, &QTimer::timeout, &window, [&window, poll, elapsed] {
+        QObject::connect(poll, &QTimer::timeout, &window, [&window, poll, elapsed, patience] {
             *elapsed += poll->interval();
             const bool isBack = !window.isMinimized() && window.isActiveWindow();
-            if (isBack || *elapsed > 3000) {
+            if (isBack || *elapsed > patience) {
                 say(isBack ? QStringLiteral("in front") : QStringLiteral("not in front"));
                 poll->stop();
             }

@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QPixmap>
@@ -145,6 +146,35 @@ bool EventCounter::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == m_type) {
         ++m_count;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+MenuUser::MenuUser(QMenu *menu, std::function<void()> use) : m_use(std::move(use))
+{
+    menu->installEventFilter(this);
+}
+
+bool MenuUser::hasUsed() const
+{
+    return m_hasUsed;
+}
+
+bool MenuUser::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show) {
+        auto *menu = static_cast<QMenu *>(watched);
+        // By the event loop, which does not run again until it is open.
+        QMetaObject::invokeMethod(
+            this,
+            [this, menu] {
+                m_hasUsed = true;
+                if (m_use) {
+                    m_use();
+                }
+                menu->close();
+            },
+            Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -5,7 +5,10 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
+
 class QLineEdit;
+class QMenu;
 class ResourceFolder;
 
 /// Makes the start-up calls with @p folder and these style sheets, each between its header line and a line
@@ -65,4 +68,20 @@ protected:
 private:
     const QEvent::Type m_type;
     int m_count = 0;
+};
+
+/// Does something with a menu once it is open and then closes it. (What opens a menu mostly waits until it is closed.)
+class MenuUser : public QObject
+{
+public:
+    explicit MenuUser(QMenu *menu, std::function<void()> use = {});
+
+    bool hasUsed() const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    const std::function<void()> m_use;
+    bool m_hasUsed = false;
 };
