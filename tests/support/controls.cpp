@@ -164,11 +164,10 @@ bool MenuUser::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Show) {
         auto *menu = static_cast<QMenu *>(watched);
-        // By the event loop, which does not run again until it is open.
         QMetaObject::invokeMethod(
             this,
             [this, menu] {
-                m_hasUsed = true;
+                m_hasUsed = QTest::qWaitForWindowExposed(menu); // or the platform would give it the focus afterwards
                 if (m_use) {
                     m_use();
                 }
