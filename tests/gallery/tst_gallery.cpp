@@ -317,6 +317,7 @@ void GalleryTest::aSecondStartHandsItsPageToTheFirst()
     QProcess first;
     first.setProcessEnvironment(m_environment);
     first.start(QStringLiteral(VELA_GALLERY), QStringList());
+    QVERIFY(first.waitForStarted(PatienceMs));
     QTRY_COMPARE_WITH_TIMEOUT(sockets().size(), 1, PatienceMs);
 
     const XConnection x;
@@ -348,6 +349,7 @@ void GalleryTest::startsWithAnotherThemeOrLanguageAreOnTheirOwn()
         processes.push_back(std::make_unique<QProcess>());
         processes.back()->setProcessEnvironment(m_environment);
         processes.back()->start(QStringLiteral(VELA_GALLERY), arguments);
+        QVERIFY(processes.back()->waitForStarted(PatienceMs));
         QTRY_COMPARE_WITH_TIMEOUT(sockets().size(), static_cast<int>(processes.size()), PatienceMs);
     }
     for (const auto &process : processes) {
