@@ -1,6 +1,7 @@
 #include "chrome.h"
 #include "gallery-page.h"
 #include "pages.h"
+#include "scale/scaled.h"
 
 #include <StyleManager>
 #include <VelaButton>

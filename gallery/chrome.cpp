@@ -1,6 +1,5 @@
 #include "chrome.h"
 
-#include <DPIinfo>
 #include <StyleManager>
 
 #include <QAbstractScrollArea>
@@ -48,11 +47,6 @@ constexpr TextStyleRow TextStyles[] = {
 };
 
 } // namespace
-
-int scaled(int logicalPixels)
-{
-    return static_cast<int>(logicalPixels * DPIinfo::getInstance()->getDPI());
-}
 
 QPalette galleryPalette()
 {

@@ -26,9 +26,6 @@ constexpr QRgb ToolTip = 0xFF2B3542;
 
 } // namespace Color
 
-/// @p logicalPixels times the screen's scale, truncated as the library does.
-int scaled(int logicalPixels);
-
 /// The palette of the whole application. The theme is a light one, so on a dark desktop whatever no style sheet covers
 /// must be made light as well.
 QPalette galleryPalette();

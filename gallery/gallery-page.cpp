@@ -1,6 +1,7 @@
 #include "gallery-page.h"
 
 #include "chrome.h"
+#include "scale/scaled.h"
 
 #include <QFrame>
 #include <QGridLayout>

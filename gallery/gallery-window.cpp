@@ -4,6 +4,7 @@
 #include "gallery-page.h"
 #include "log-view.h"
 #include "pages.h"
+#include "scale/scaled.h"
 
 #include <DPIinfo>
 #include <ImageManager>

@@ -1,6 +1,7 @@
 #include "log-view.h"
 
 #include "chrome.h"
+#include "scale/scaled.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

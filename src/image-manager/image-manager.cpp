@@ -1,6 +1,6 @@
 #include "image-manager/image-manager.h"
 
-#include "style-manager/dpi-info.h"
+#include "scale/dpi-info.h"
 #include "utils/ui-path-manager.h"
 #include "utils/util.h"
 

@@ -1,4 +1,4 @@
-#include "style-manager/sheet-sections.h"
+#include "style-manager/sheet-sections_p.h"
 
 #include <algorithm>
 #include <cstring>

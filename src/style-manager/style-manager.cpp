@@ -1,7 +1,7 @@
 #include "style-manager/style-manager.h"
 
 #include "image-manager/image-manager.h"
-#include "style-manager/sheet-sections.h"
+#include "style-manager/sheet-sections_p.h"
 #include "utils/util.h"
 
 #include <QFile>

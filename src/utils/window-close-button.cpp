@@ -1,4 +1,4 @@
-#include "utils/window-close-button.h"
+#include "utils/window-close-button_p.h"
 
 #include "utils/util.h"
 

@@ -1,5 +1,5 @@
-#include "style-manager/generated-text.h"
-#include "style-manager/sheet-sections.h"
+#include "style-manager/sheet-sections_p.h"
+#include "support/generated-text.h"
 
 #include <QRegExp>
 #include <QTextStream>

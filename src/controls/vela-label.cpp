@@ -1,0 +1,22 @@
+#include "controls/vela-label.h"
+
+#include "style-manager/style-manager.h"
+
+VelaLabel::VelaLabel(QWidget *parent, Qt::WindowFlags f) : QLabel(parent, f)
+{
+    setStyleSheet(getStyleSheet("component.label", false));
+}
+
+VelaLabel::VelaLabel(const QString &text, QWidget *parent, Qt::WindowFlags f) : QLabel(text, parent, f)
+{
+    setStyleSheet(getStyleSheet("component.label", false));
+}
+
+void VelaLabel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (wordWrap() && sizePolicy().verticalPolicy() == QSizePolicy::Minimum) {
+        setMinimumHeight(0); // or the height asked for would never be less than the last one
+        setMinimumHeight(qMax(0, heightForWidth(width()))); // a label without a text has none
+    }
+}

@@ -1,0 +1,98 @@
+#include "controls/vela-line-edit.h"
+
+#include "scale/scaled.h"
+#include "style-manager/style-manager.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+
+namespace {
+
+QLabel *createText(QWidget *parent)
+{
+    // A label that never had a text takes the room of a letter, one whose text is empty takes none.
+    auto *label = new QLabel(QStringLiteral(" "), parent);
+    label->setText(QString());
+    label->setStyleSheet(getStyleSheet("component.lineedit_label", false));
+    return label;
+}
+
+} // namespace
+
+class VelaLineEditPrivate
+{
+public:
+    QHBoxLayout *layout = nullptr;
+    QLabel *preLabel = nullptr;
+    QLabel *postLabel = nullptr;
+    QLineEdit *lineEdit = nullptr;
+    bool (*validator)(const QString &) = nullptr;
+};
+
+VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaLineEditPrivate>())
+{
+    // Styled when they have their parent: a styled widget that is given another one is polished again.
+    d->layout = new QHBoxLayout(this);
+    d->preLabel = createText(this);
+    d->lineEdit = new QLineEdit(this);
+    d->lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));
+    d->postLabel = createText(this);
+
+    d->layout->setAlignment(Qt::AlignLeft);
+    setSpacing(0);
+    setMargins(0, 0, 0, 0);
+    d->layout->addWidget(d->preLabel);
+    d->layout->addWidget(d->lineEdit);
+    d->layout->addWidget(d->postLabel);
+}
+
+VelaLineEdit::~VelaLineEdit() = default;
+
+void VelaLineEdit::setMargins(int left, int top, int right, int bottom)
+{
+    d->layout->setContentsMargins(scaled(left), scaled(top), scaled(right), scaled(bottom));
+}
+
+void VelaLineEdit::setSpacing(int spacing)
+{
+    d->layout->setSpacing(scaled(spacing));
+}
+
+void VelaLineEdit::setValidator(bool (*validator)(const QString &))
+{
+    d->validator = validator;
+}
+
+bool VelaLineEdit::validate()
+{
+    return !d->validator || d->validator(getEditText());
+}
+
+void VelaLineEdit::setError(bool error)
+{
+    d->lineEdit->setProperty("error", error);
+    d->lineEdit->style()->polish(d->lineEdit);
+    d->lineEdit->update();
+}
+
+QLabel *VelaLineEdit::getPreLabel()
+{
+    return d->preLabel;
+}
+
+QLabel *VelaLineEdit::getPostLabel()
+{
+    return d->postLabel;
+}
+
+QLineEdit *VelaLineEdit::getLineEdit()
+{
+    return d->lineEdit;
+}
+
+QString VelaLineEdit::getEditText() const
+{
+    return d->lineEdit->text();
+}

@@ -1,0 +1,126 @@
+#include "help/help-window.h"
+
+#include "style-manager/style-manager.h"
+
+#include <QFile>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTextBrowser>
+#include <QTextStream>
+#include <QTimer>
+#include <QUrlQuery>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int QueryTimeout = 10000; // milliseconds
+
+struct Language
+{
+    const char *code;
+    const char *helpCode;
+};
+
+// What the knowledge base calls a language, and the languages that it has no pages in.
+constexpr Language Languages[] = {
+    {"deu", "ger"}, {"esn", "spn"}, {"fra", "fre"}, {"dan", "enu"}, {"sve", "enu"}, {"hun", "enu"},
+    {"trk", "enu"}, {"nor", "enu"}, {"ptg", "enu"}, {"ptb", "enu"}, {"tha", "enu"},
+};
+
+QString helpLanguage(const QString &code)
+{
+    for (const Language &language : Languages) {
+        if (code == QLatin1String(language.code)) {
+            return QString::fromLatin1(language.helpCode);
+        }
+    }
+    return code;
+}
+
+} // namespace
+
+class HelpWindowPrivate
+{
+public:
+    explicit HelpWindowPrivate(const HelpContext &helpContext) : context(helpContext)
+    {
+        context.lang = helpLanguage(context.lang);
+        offlinePath = context.helpRoot + QLatin1Char('/') + context.lang;
+    }
+
+    HelpContext context;
+    QString offlinePath;
+    QTextBrowser *browser = nullptr;
+    QNetworkAccessManager network;
+    QTimer timer;
+};
+
+HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent) :
+    QDialog(parent), d(std::make_unique<HelpWindowPrivate>(context))
+{
+    d->browser = new QTextBrowser(this);
+    d->browser->setSearchPaths({d->offlinePath});
+    d->browser->setOpenExternalLinks(true);
+
+    retrieveHelpContent();
+
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(d->browser);
+    setWindowModality(Qt::ApplicationModal);
+    setStyleSheet(getStyleSheet("component.scrollbar", false));
+}
+
+HelpWindow::~HelpWindow() = default;
+
+void HelpWindow::retrieveHelpContent()
+{
+    connect(&d->network, &QNetworkAccessManager::finished, this, &HelpWindow::slotReceiveReply);
+    d->timer.setSingleShot(true);
+    d->timer.setTimerType(Qt::PreciseTimer); // the default may end half a second early
+    connect(&d->timer, &QTimer::timeout, this, &HelpWindow::slotQueryTimeout);
+    query();
+}
+
+void HelpWindow::query()
+{
+    QUrlQuery items;
+    items.addQueryItem(QStringLiteral("action"), QStringLiteral("findHelpFile"));
+    items.addQueryItem(QStringLiteral("section"), d->context.section);
+    items.addQueryItem(QStringLiteral("lang"), d->context.lang);
+    items.addQueryItem(QStringLiteral("link"), d->context.link);
+    items.addQueryItem(QStringLiteral("unique"), QStringLiteral("corvana_utility_help"));
+    items.addQueryItem(QStringLiteral("version"), QStringLiteral("1.0"));
+    QUrl url(QStringLiteral("https://" VELA_KNOWLEDGE_BASE_HOST "/cgi/knowledgebase/"));
+    url.setQuery(items);
+
+    d->timer.start(QueryTimeout);
+    QNetworkReply *reply = d->network.get(QNetworkRequest(url));
+    connect(this, &HelpWindow::sigAbortRequest, reply, &QNetworkReply::abort);
+}
+
+void HelpWindow::slotReceiveReply(QNetworkReply *reply)
+{
+    d->timer.stop();
+    reply->deleteLater();
+    if (reply->error() == QNetworkReply::NoError) {
+        d->browser->setText(QString::fromUtf8(reply->readAll()));
+    } else {
+        fallbackOfflineHelp();
+    }
+}
+
+void HelpWindow::slotQueryTimeout()
+{
+    Q_EMIT sigAbortRequest();
+}
+
+void HelpWindow::fallbackOfflineHelp()
+{
+    QFile file(d->offlinePath + QLatin1Char('/') + d->context.link);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return;
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    d->browser->setText(stream.readAll());
+}

@@ -1,0 +1,261 @@
+#include "navigation/vela-button-path.h"
+
+#include "image-manager/image-manager.h"
+#include "scale/scaled.h"
+#include "style-manager/style-manager.h"
+
+#include <QHeaderView>
+#include <QList>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalMapper>
+#include <QToolButton>
+#include <QVector>
+
+namespace {
+
+// Logical pixels, but for the icon.
+constexpr int BarHeight = 28;
+constexpr int ArrowWidth = 6;
+constexpr int NameButtonHeight = 26;
+constexpr int NamePadding = 16; // both sides of a name together
+constexpr int MenuButtonSize = 26;
+constexpr int MenuButtonOffset = 1;
+constexpr QSize MenuIconSize(20, 20); // pixels, at any scale
+
+bool isArrow(int column)
+{
+    return column % 2 == 1;
+}
+
+QString withoutMnemonic(QString name)
+{
+    return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+// Buttons are made where they stay, as a styled widget that is given another parent is polished again.
+QPushButton *createArrow(QWidget *parent)
+{
+    auto *arrow = new QPushButton(parent);
+    arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
+    arrow->setFlat(true);
+    arrow->setStyleSheet(getStyleSheet("component.button_path_arrow", false));
+    arrow->setFixedSize(scaled(ArrowWidth), scaled(BarHeight));
+    return arrow;
+}
+
+QPushButton *createNameButton(const QString &name, QWidget *parent)
+{
+    auto *button = new QPushButton(withoutMnemonic(name), parent);
+    button->setFlat(true);
+    button->setStyleSheet(getStyleSheet("component.button_path_name_button", false));
+    button->setFixedHeight(scaled(NameButtonHeight));
+    button->ensurePolished(); // the sheet may set the font
+    // The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
+    button->setFixedWidth(scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding));
+    return button;
+}
+
+} // namespace
+
+class VelaButtonPathPrivate
+{
+public:
+    explicit VelaButtonPathPrivate(VelaButtonPath *bar) :
+        q(bar), menuButton(new QToolButton(bar)), nameMapper(new QSignalMapper(bar)), menuMapper(new QSignalMapper(bar))
+    {
+    }
+
+    void setUpTable();
+    void setUpMenuButton();
+    void clear();
+    void discard(QAction *action);
+    void discard(QPushButton *button);
+    void setButton(int column, QPushButton *button);
+
+    VelaButtonPath *const q;
+    QList<QPushButton *> buttons; // names at even indices, arrows at odd ones
+    QToolButton *const menuButton;
+    std::unique_ptr<QMenu> menu;
+    int visibleWidth = 0;
+    QSignalMapper *const nameMapper;
+    QSignalMapper *const menuMapper;
+    QVector<QObject *> sources; // of the clicks that are being told of, the innermost last
+};
+
+void VelaButtonPathPrivate::setUpTable()
+{
+    q->insertRow(0);
+    q->horizontalHeader()->hide();
+    q->horizontalHeader()->setMinimumSectionSize(0); // or arrows would be wider than they are made
+    q->verticalHeader()->hide();
+    q->setShowGrid(false);
+    q->setSelectionMode(QAbstractItemView::NoSelection);
+    q->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    q->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    q->setFocusPolicy(Qt::NoFocus);
+    q->setFixedHeight(scaled(BarHeight));
+}
+
+void VelaButtonPathPrivate::setUpMenuButton()
+{
+    menu = std::make_unique<QMenu>();
+    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    menuButton->setMenu(menu.get());
+    menuButton->setIcon(getGlobalImage("folder", ImageManager::IMAGE_NORMAL));
+    menuButton->setIconSize(MenuIconSize);
+    menuButton->setPopupMode(QToolButton::InstantPopup);
+    menuButton->hide();
+    menuButton->setStyleSheet(getStyleSheet("component.button_path_change_folder_btn", false));
+    menuButton->setFixedSize(scaled(MenuButtonSize), scaled(MenuButtonSize));
+    menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset));
+}
+
+void VelaButtonPathPrivate::clear()
+{
+    const QList<QAction *> actions = menu->actions();
+    for (QAction *action : actions) {
+        discard(action);
+    }
+    for (QPushButton *button : qAsConst(buttons)) {
+        discard(button);
+    }
+    buttons.clear();
+    q->clear();
+    q->setColumnCount(0);
+}
+
+// A menu closes before it triggers the chosen action, and whoever gets the focus then may refresh the bar: the action
+// is needed until that event is over, and still stands for its column.
+void VelaButtonPathPrivate::discard(QAction *action)
+{
+    menu->removeAction(action);
+    action->setParent(nullptr);
+    if (sources.contains(action)) {
+        menuMapper->removeMappings(action); // deleted once the choice is told
+    } else {
+        action->deleteLater();
+    }
+}
+
+void VelaButtonPathPrivate::discard(QPushButton *button)
+{
+    if (sources.contains(button)) {
+        nameMapper->removeMappings(button);
+        button->setParent(nullptr); // deleted once the click is told; the table may be quicker
+    } else {
+        delete button;
+    }
+}
+
+void VelaButtonPathPrivate::setButton(int column, QPushButton *button)
+{
+    buttons.append(button);
+    q->setCellWidget(0, column, button);
+    if (!isArrow(column)) {
+        q->setColumnWidth(column, button->width());
+    }
+}
+
+VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::make_unique<VelaButtonPathPrivate>(this))
+{
+    d->setUpTable();
+    d->setUpMenuButton();
+    connect(d->nameMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
+    connect(d->menuMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
+    setStyleSheet(getStyleSheet("component.button_path", false));
+}
+
+VelaButtonPath::~VelaButtonPath() = default;
+
+void VelaButtonPath::refresh(QString path)
+{
+    d->visibleWidth = horizontalScrollBar()->pageStep();
+    d->menuButton->hide();
+    d->clear();
+
+    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    // All columns at once: inserting one by one moves the widgets of all others each time.
+    setColumnCount(qMax(0, 2 * names.size() - 1));
+    for (int i = 0; i < names.size(); ++i) {
+        if (i > 0) {
+            d->setButton(2 * i - 1, createArrow(viewport()));
+        }
+        QPushButton *button = createNameButton(names.at(i), viewport());
+        connect(button, &QPushButton::clicked, d->nameMapper, qOverload<>(&QSignalMapper::map));
+        d->nameMapper->setMapping(button, 2 * i);
+        d->setButton(2 * i, button);
+    }
+    updateColumnSize();
+}
+
+QString VelaButtonPath::getPath(int index)
+{
+    QString path;
+    const int last = qMin(index, d->buttons.size() - 1);
+    for (int i = 0; i <= last; ++i) {
+        path += isArrow(i) ? QStringLiteral("/")
+                           : d->buttons.at(i)->text().replace(QLatin1String("&&"), QLatin1String("&"));
+    }
+    return path;
+}
+
+void VelaButtonPath::updateColumnSize()
+{
+    int total = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        if (isArrow(column)) {
+            setColumnWidth(column, scaled(ArrowWidth));
+        }
+        total += columnWidth(column);
+    }
+    if (d->visibleWidth < total) {
+        setChangeFolderBtn(total);
+    }
+}
+
+void VelaButtonPath::setChangeFolderBtn(int totalWidth)
+{
+    d->menuButton->show();
+    const int overflow = totalWidth - d->visibleWidth; // hidden at the left once the end is in view
+    int left = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        const int right = left + columnWidth(column);
+        if (!isArrow(column)) {
+            if (left < overflow || right > overflow) {
+                auto *action = new QAction(d->buttons.at(column)->text(), d->menu.get());
+                d->menu->addAction(action);
+                connect(action, &QAction::triggered, d->menuMapper, qOverload<>(&QSignalMapper::map));
+                d->menuMapper->setMapping(action, column);
+            }
+            if (right > overflow) {
+                break;
+            }
+        }
+        left = right;
+    }
+    updateGeometries(); // the scroll bar's range follows the new columns only later by itself
+    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
+}
+
+void VelaButtonPath::slotUpdatePath(QString path)
+{
+    refresh(path);
+}
+
+void VelaButtonPath::slotPathBarClicked(int btn_id)
+{
+    const auto *mapper = qobject_cast<QSignalMapper *>(sender());
+    const QPointer<QObject> source(mapper ? mapper->mapping(btn_id) : nullptr);
+    d->sources.append(source);
+    const QPointer<VelaButtonPath> alive(this);
+    Q_EMIT sigUpdatePath(getPath(btn_id));
+    if (alive) {
+        d->sources.removeLast();
+    }
+    if (source && !source->parent()) { // discarded meanwhile
+        source->deleteLater();
+    }
+}

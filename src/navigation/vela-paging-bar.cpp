@@ -1,0 +1,338 @@
+#include "navigation/vela-paging-bar.h"
+
+#include "controls/vela-button.h"
+#include "image-manager/image-manager.h"
+#include "scale/scaled.h"
+#include "style-manager/style-manager.h"
+#include "utils/component-strings.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalMapper>
+
+namespace {
+
+constexpr int PageButtonCount = 5;
+constexpr int CurrentButton = 2; // in the middle
+constexpr int PagesPerJump = 5;
+
+// Logical pixels.
+constexpr int OuterSpacing = 50;
+constexpr int PageButtonSpacing = 4;
+constexpr int PageButtonHeight = 27;
+constexpr int PageButtonMinimumWidth = 28;
+constexpr int RefreshButtonSize = 24;
+constexpr int FooterTopMargin = 2;
+constexpr int FooterLabelHeight = 19;
+constexpr int BarHeight = 29;
+
+struct NavigationLook
+{
+    const char *imageName;
+    const char *toolTipKey;
+    void (VelaPagingBar::*slot)();
+};
+
+enum Navigation { FirstPage, BackFive, LastPage, ForwardFive, NavigationCount };
+
+constexpr NavigationLook NavigationLooks[NavigationCount] = {
+    {"bt_pagebar_backend", "first_page", &VelaPagingBar::first_page},
+    {"bt_pagebar_back", "prev_5_pages", &VelaPagingBar::prev_5_page},
+    {"bt_pagebar_nextend", "last_page", &VelaPagingBar::last_page},
+    {"bt_pagebar_next", "next_5_pages", &VelaPagingBar::next_5_page},
+};
+
+QString text(const char *key)
+{
+    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
+}
+
+} // namespace
+
+VelaPagingModel::VelaPagingModel(int rowLimit, QObject *parent) : QObject(parent), m_rowLimit(rowLimit) { }
+
+VelaPagingModel::~VelaPagingModel() = default;
+
+int VelaPagingModel::rowLimit() const
+{
+    return m_rowLimit;
+}
+
+void VelaPagingModel::setRowLimit(int rowLimit)
+{
+    m_rowLimit = rowLimit;
+}
+
+int VelaPagingModel::itemCount() const
+{
+    return m_itemCount;
+}
+
+void VelaPagingModel::setItemCount(int itemCount)
+{
+    m_itemCount = itemCount;
+}
+
+int VelaPagingModel::nowPage() const
+{
+    return m_nowPage;
+}
+
+void VelaPagingModel::setNowPage(int nowPage)
+{
+    m_nowPage = nowPage;
+}
+
+int VelaPagingModel::pageCount() const
+{
+    if (m_rowLimit <= 0) {
+        return 1;
+    }
+    const int pages = m_itemCount / m_rowLimit + (m_itemCount % m_rowLimit == 0 ? 0 : 1);
+    return qMax(pages, 1);
+}
+
+int VelaPagingModel::startItem() const
+{
+    return static_cast<int>((static_cast<qint64>(m_nowPage) - 1) * m_rowLimit);
+}
+
+class VelaPagingBarPrivate
+{
+public:
+    explicit VelaPagingBarPrivate(VelaPagingBar *bar, VelaPagingModel *pagingModel) : q(bar), model(pagingModel) { }
+
+    void resetModel();
+    void createNavigationButtons();
+    void createPageButtons();
+    void createRefreshButton();
+    void layOut();
+    void connectSignals();
+    void turnTo(qint64 page);
+    void addFooterLabel(const PagingFooterInfo &info);
+    void removeFooterLabel();
+
+    VelaPagingBar *const q;
+    VelaPagingModel *const model;
+    QHBoxLayout *pageLayout = nullptr;
+    QHBoxLayout *footerLayout = nullptr;
+    VelaIconButton *navigationButtons[NavigationCount] = {};
+    VelaButton *pageButtons[PageButtonCount] = {};
+    std::vector<QLabel *> footerLabels; // the first next to the refresh button
+    VelaIconButton *refreshButton = nullptr;
+    QSignalMapper *mapper = nullptr;
+};
+
+void VelaPagingBarPrivate::resetModel()
+{
+    model->setNowPage(1);
+    model->setItemCount(0);
+    mapper = new QSignalMapper(q);
+}
+
+void VelaPagingBarPrivate::createNavigationButtons()
+{
+    for (int i = 0; i < NavigationCount; ++i) {
+        navigationButtons[i] = new VelaIconButton(QString::fromLatin1(NavigationLooks[i].imageName));
+        navigationButtons[i]->setToolTip(text(NavigationLooks[i].toolTipKey));
+    }
+}
+
+void VelaPagingBarPrivate::createPageButtons()
+{
+    for (int i = 0; i < PageButtonCount; ++i) {
+        const int kind = i == CurrentButton ? VelaButton::SelectPagingButton : VelaButton::NonselectPagingButton;
+        pageButtons[i] = new VelaButton(QString(), kind);
+        pageButtons[i]->setFixedHeight(scaled(PageButtonHeight));
+        pageButtons[i]->setMinimumWidth(scaled(PageButtonMinimumWidth));
+        QObject::connect(pageButtons[i], &VelaButton::clicked, mapper, qOverload<>(&QSignalMapper::map));
+        mapper->setMapping(pageButtons[i], i);
+    }
+    pageButtons[CurrentButton]->setText(QString::number(1));
+}
+
+void VelaPagingBarPrivate::createRefreshButton()
+{
+    refreshButton = new VelaIconButton(QStringLiteral("bt_pagebar_refresh"));
+    refreshButton->setHoverIcon(getGlobalImage("bt_pagebar_refresh_hover", ImageManager::IMAGE_NORMAL));
+    refreshButton->setDisableIcon(getGlobalImage("bt_pagebar_refresh_disable", ImageManager::IMAGE_NORMAL));
+    refreshButton->setAccessibleName(text("pagebar_refresh"));
+    refreshButton->setFixedSize(scaled(RefreshButtonSize), scaled(RefreshButtonSize));
+}
+
+void VelaPagingBarPrivate::layOut()
+{
+    pageLayout = new QHBoxLayout;
+    pageLayout->setSpacing(0);
+    pageLayout->setContentsMargins(0, 0, 0, 0);
+    pageLayout->addSpacing(scaled(OuterSpacing));
+    pageLayout->addWidget(navigationButtons[FirstPage], 0, Qt::AlignLeft);
+    pageLayout->addWidget(navigationButtons[BackFive], 0, Qt::AlignLeft);
+    pageLayout->addStretch();
+    for (int i = 0; i < PageButtonCount; ++i) {
+        if (i > 0) {
+            pageLayout->addSpacing(scaled(PageButtonSpacing));
+        }
+        pageLayout->addWidget(pageButtons[i], 0, Qt::AlignHCenter);
+    }
+    pageLayout->addStretch();
+    pageLayout->addWidget(navigationButtons[ForwardFive], 0, Qt::AlignRight);
+    pageLayout->addWidget(navigationButtons[LastPage], 0, Qt::AlignRight);
+
+    footerLayout = new QHBoxLayout;
+    footerLayout->setDirection(QBoxLayout::RightToLeft);
+    footerLayout->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    footerLayout->setSpacing(0);
+    footerLayout->setContentsMargins(0, scaled(FooterTopMargin), 0, 0);
+    footerLayout->addWidget(refreshButton, 0, Qt::AlignCenter);
+    pageLayout->addSpacing(scaled(OuterSpacing));
+    pageLayout->addLayout(footerLayout);
+
+    auto *border = new QWidget(q);
+    border->setObjectName(QStringLiteral("PAGINGBARBORDER"));
+    border->setStyleSheet(getStyleSheet("component.paging_bar_border", false)); // before it has children to style again
+    border->setLayout(pageLayout);
+    border->setFixedHeight(scaled(BarHeight));
+
+    auto *row = new QHBoxLayout(q);
+    row->setSpacing(0);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(border);
+}
+
+void VelaPagingBarPrivate::connectSignals()
+{
+    QObject::connect(mapper, &QSignalMapper::mappedInt, q, &VelaPagingBar::pageClick);
+    QObject::connect(refreshButton, &VelaIconButton::clicked, q, &VelaPagingBar::sigRefresh);
+    for (int i = 0; i < NavigationCount; ++i) {
+        QObject::connect(navigationButtons[i], &VelaIconButton::clicked, q, NavigationLooks[i].slot);
+    }
+}
+
+void VelaPagingBarPrivate::turnTo(qint64 page)
+{
+    q->setPage(static_cast<int>(page));
+    Q_EMIT q->sigPageChanged();
+}
+
+void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
+{
+    const bool isRightmost = footerLabels.empty() && refreshButton->isHidden();
+    auto *label = new QLabel(info.text, footerLayout->parentWidget());
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setFixedHeight(scaled(FooterLabelHeight));
+    if (info.width != 0) {
+        label->setFixedWidth(scaled(info.width));
+    }
+    label->setStyleSheet(
+        getStyleSheet(isRightmost ? "component.paging_bar_rightmost_label" : "component.paging_bar_label", false));
+    footerLabels.push_back(label);
+    footerLayout->addWidget(label);
+}
+
+/// The label stays behind, hidden: it is neither deleted nor used again.
+void VelaPagingBarPrivate::removeFooterLabel()
+{
+    QLabel *label = footerLabels.back();
+    label->hide();
+    footerLayout->removeWidget(label);
+    footerLabels.pop_back();
+}
+
+VelaPagingBar::VelaPagingBar(VelaPagingModel *model, QWidget *parent) :
+    QWidget(parent), d(std::make_unique<VelaPagingBarPrivate>(this, model))
+{
+    d->resetModel();
+    d->createNavigationButtons();
+    d->createPageButtons();
+    d->createRefreshButton();
+    d->layOut();
+    d->connectSignals();
+}
+
+VelaPagingBar::~VelaPagingBar() = default;
+
+void VelaPagingBar::setItemCount(int count)
+{
+    d->model->setItemCount(count);
+    setPage(d->model->nowPage());
+}
+
+void VelaPagingBar::setPage(int page)
+{
+    const int pageCount = d->model->pageCount();
+    for (int i = 0; i < PageButtonCount; ++i) {
+        const qint64 number = static_cast<qint64>(page) - CurrentButton + i;
+        const bool isPage = number > 0 && number <= pageCount;
+        d->pageButtons[i]->setText(isPage ? QString::number(number) : QStringLiteral(" "));
+        d->pageButtons[i]->setEnabled(isPage);
+    }
+    d->navigationButtons[ForwardFive]->setEnabled(pageCount > page);
+    d->navigationButtons[LastPage]->setEnabled(pageCount > page);
+    d->navigationButtons[FirstPage]->setEnabled(page != 1);
+    d->navigationButtons[BackFive]->setEnabled(page != 1);
+    d->model->setNowPage(page);
+}
+
+void VelaPagingBar::reset()
+{
+    d->turnTo(1);
+}
+
+void VelaPagingBar::setFooterText(const QString &text)
+{
+    setFooterInfo({text, 0});
+}
+
+void VelaPagingBar::setFooterInfo(const PagingFooterInfo &info)
+{
+    setFooterInfos({info});
+}
+
+void VelaPagingBar::setFooterInfos(const std::vector<PagingFooterInfo> &infos)
+{
+    for (std::size_t i = 0; i < infos.size(); ++i) {
+        if (i >= d->footerLabels.size()) {
+            d->addFooterLabel(infos[i]);
+            continue;
+        }
+        d->footerLabels[i]->setText(infos[i].text);
+        if (infos[i].width != 0) {
+            d->footerLabels[i]->setFixedWidth(scaled(infos[i].width));
+        }
+    }
+    while (d->footerLabels.size() > infos.size()) {
+        d->removeFooterLabel();
+    }
+}
+
+void VelaPagingBar::setRefreshButtonHidden(bool hidden)
+{
+    d->refreshButton->setHidden(hidden);
+}
+
+void VelaPagingBar::pageClick(int page)
+{
+    const bool isButton = page >= 0 && page < PageButtonCount;
+    d->turnTo(isButton ? d->pageButtons[page]->text().toInt() : 0);
+}
+
+void VelaPagingBar::next_5_page()
+{
+    d->turnTo(qMin(static_cast<qint64>(d->model->nowPage()) + PagesPerJump, qint64(d->model->pageCount())));
+}
+
+void VelaPagingBar::prev_5_page()
+{
+    d->turnTo(qMax(static_cast<qint64>(d->model->nowPage()) - PagesPerJump, qint64(1)));
+}
+
+void VelaPagingBar::first_page()
+{
+    d->turnTo(1);
+}
+
+void VelaPagingBar::last_page()
+{
+    d->turnTo(d->model->pageCount());
+}

@@ -1,0 +1,108 @@
+#include "sheets/vela-mask.h"
+
+#include "scale/scaled.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QMargins>
+
+class VelaMaskPrivate : public QObject
+{
+public:
+    explicit VelaMaskPrivate(VelaMask *mask) : QObject(mask), q(mask) { }
+
+    VelaMask *const q;
+    QColor color {0, 0, 0, 20};
+    QWidget *content = nullptr;
+    bool hasCustomMargins = false;
+    QMargins margins; // logical pixels
+};
+
+VelaMask::VelaMask(QWidget *widget, QWidget *parent, QColor color) : QFrame(parent), d(new VelaMaskPrivate(this))
+{
+    initialize(widget, parent, color);
+}
+
+VelaMask::VelaMask(QWidget *widget, QWidget *parent, QColor color, int left, int top, int right, int bottom) :
+    QFrame(parent), d(new VelaMaskPrivate(this))
+{
+    d->hasCustomMargins = true;
+    d->margins = QMargins(left, top, right, bottom);
+    initialize(widget, parent, color);
+}
+
+VelaMask::~VelaMask() = default;
+
+QWidget *VelaMask::createMask(QWidget *widget, QWidget *parent, QColor color)
+{
+    QWidget *covered = widget && !parent ? widget->parentWidget() : parent;
+    if (!widget || !covered) {
+        return nullptr;
+    }
+    new VelaMask(widget, covered, color);
+    return widget;
+}
+
+QWidget *VelaMask::createMaskWithCustomizedMargin(QWidget *widget, QWidget *parent, QColor color, int left, int top,
+                                                  int right, int bottom)
+{
+    QWidget *covered = widget && !parent ? widget->parentWidget() : parent;
+    if (!widget || !covered) {
+        return nullptr;
+    }
+    new VelaMask(widget, covered, color, left, top, right, bottom);
+    return widget;
+}
+
+void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
+{
+    d->color = color;
+    auto *row = new QHBoxLayout(this);
+
+    QPalette filled = palette();
+    filled.setColor(QPalette::Window, d->color);
+    setPalette(filled);
+    setAutoFillBackground(true);
+
+    row->addWidget(widget);
+    if (d->hasCustomMargins) {
+        row->setContentsMargins(scaled(d->margins.left()), scaled(d->margins.top()), scaled(d->margins.right()),
+                                scaled(d->margins.bottom()));
+    }
+    d->content = widget;
+    resize();
+
+    widget->installEventFilter(this);
+    // A widget that is destroyed while it is shown sends no HideToParent.
+    connect(widget, &QObject::destroyed, d, [this] { hide(); });
+    auto *parentFilter = new ParentEventFilterWidget(this, parent);
+    parentFilter->setParent(this);
+    parent->installEventFilter(parentFilter);
+}
+
+void VelaMask::resize()
+{
+    setFixedSize(window()->size());
+}
+
+bool VelaMask::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == d->content) {
+        if (event->type() == QEvent::ShowToParent) {
+            show();
+        } else if (event->type() == QEvent::HideToParent) {
+            hide();
+        }
+    }
+    return false;
+}
+
+ParentEventFilterWidget::ParentEventFilterWidget(VelaMask *mask, QWidget *parent) : m_mask(mask), m_parent(parent) { }
+
+bool ParentEventFilterWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_parent && event->type() == QEvent::Resize) {
+        m_mask->resize();
+    }
+    return false;
+}

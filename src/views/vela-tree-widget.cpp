@@ -1,0 +1,211 @@
+#include "views/vela-tree-widget.h"
+
+#include "scale/scaled.h"
+#include "style-manager/style-manager.h"
+
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QRegExpValidator>
+#include <QScrollBar>
+
+QRect g_check_rect;
+
+namespace {
+
+// Logical pixels.
+constexpr int HighlightRadius = 3;
+constexpr int HighlightRightMargin = 3;
+constexpr int RowHeight = 28;
+constexpr int VisibleWidth = 100; // of an item that need not be scrolled to
+
+// Pixels that a frame of the usual width moves rows down in the tree, in whose coordinates the pointer is looked for.
+constexpr int FrameWidth = 1;
+
+// No dot in front; nowhere what some file system does not allow.
+const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
+
+} // namespace
+
+VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
+{
+    viewport()->setAttribute(Qt::WA_Hover); // or rows would not be painted again when the pointer moves
+    // The base paints the rows again, but not what the outline covers of their neighbours.
+    connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
+}
+
+void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
+{
+    selectedColor = selected;
+    hoverColor = hover;
+}
+
+void VelaTreeWidget::updateScrollArea(QTreeWidgetItem *item)
+{
+    const int width = viewport()->rect().width();
+    const int left = visualItemRect(item).left();
+    if (left >= 0 && left + scaled(VisibleWidth) <= width) {
+        return;
+    }
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + left - width / 2);
+}
+
+void VelaTreeWidget::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton) {
+        Q_EMIT sigMouseRightClickEvent(event);
+    }
+    QTreeWidget::mousePressEvent(event);
+}
+
+void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
+{
+    Q_EMIT sigKeyPressEvent(event);
+    QTreeWidget::keyPressEvent(event);
+}
+
+// Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance;
+// the tree's own handling of the focus would be in the way.
+void VelaTreeWidget::focusInEvent(QFocusEvent *event)
+{
+    const bool isScrolling = hasAutoScroll();
+    if (event->reason() == Qt::MouseFocusReason) {
+        setAutoScroll(false); // or the click, which is still to come, would hit another row
+    }
+    if (currentItem()) {
+        const QPersistentModelIndex current = indexFromItem(currentItem()); // who is told may remove items
+        setCurrentItem(nullptr);
+        setCurrentItem(itemFromIndex(current));
+    } else {
+        setCurrentItem(itemAt(0, 0));
+    }
+    setAutoScroll(isScrolling);
+}
+
+bool VelaTreeWidget::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove
+        || event->type() == QEvent::HoverLeave) {
+        updateHoveredRow();
+    }
+    return QTreeWidget::viewportEvent(event);
+}
+
+// The pointer is looked up once for all rows, as asking an X server takes longer than painting a row.
+void VelaTreeWidget::paintEvent(QPaintEvent *event)
+{
+    paintPointer = pointer();
+    QTreeWidget::paintEvent(event);
+    updateHoveredRow(); // rows move under a pointer at rest, too
+    paintPointer.reset();
+}
+
+void VelaTreeWidget::scrollContentsBy(int dx, int dy)
+{
+    QTreeWidget::scrollContentsBy(dx, dy);
+    if (dx != 0) {
+        viewport()->update(); // the ends of highlights stay where they are
+    }
+    if (viewport()->underMouse() || hoveredRow.isValid()) {
+        updateHoveredRow(); // the next paint would do so too late for itself
+    }
+}
+
+QPoint VelaTreeWidget::pointer() const
+{
+    return paintPointer ? *paintPointer : mapFromGlobal(QCursor::pos());
+}
+
+// The base paints the row under the pointer again, which is not always the one that is highlighted, and nothing of what
+// the outline covers of its neighbours.
+void VelaTreeWidget::updateHoveredRow()
+{
+    const QPoint position = pointer();
+    const bool isWithin = position.x() >= 0 && position.x() < viewport()->width();
+    const QModelIndex row = isWithin ? indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
+    if (row == hoveredRow) {
+        return;
+    }
+    for (const QModelIndex &changed : {QModelIndex(hoveredRow), row}) {
+        const QRect rect = visualRect(changed);
+        viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
+    }
+    hoveredRow = row;
+}
+
+void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QTreeWidgetItem *item = itemFromIndex(index);
+    const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
+    if (item && (isSelected || option.rect.translated(0, FrameWidth).contains(pointer()))) {
+        const double dpi = DPIinfo::getInstance()->getDPI();
+        QRect highlight = option.rect;
+        highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setBrush(QBrush(isSelected ? selectedColor : hoverColor, Qt::SolidPattern));
+        painter->setPen(QColor(0xff, 0xff, 0xff));
+        painter->drawRoundedRect(highlight, scaled(HighlightRadius), scaled(HighlightRadius));
+        painter->restore();
+    }
+
+    // Whether a row can be checked is what marks it as active in this tree.
+    QStyleOptionViewItem rowOption(option);
+    if (!item || !item->flags().testFlag(Qt::ItemIsUserCheckable)) {
+        rowOption.state &= ~QStyle::State_Enabled;
+    }
+    QTreeWidget::drawRow(painter, rowOption, index);
+}
+
+ItemDelegate::ItemDelegate() = default;
+
+QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    return {QItemDelegate::sizeHint(option, index).width(), scaled(RowHeight)};
+}
+
+void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (auto *lineEdit = qobject_cast<QLineEdit *>(editor)) {
+        auto *validator = new QRegExpValidator(QRegExp(QString::fromLatin1(FolderNamePattern)));
+        connect(lineEdit, &QObject::destroyed, validator, [validator] { delete validator; }); // editors do not own it
+        lineEdit->setValidator(validator);
+        lineEdit->setStyleSheet(getStyleSheet("component.tree_item", false));
+        lineEdit->setAttribute(Qt::WA_MacShowFocusRect, false);
+        lineEdit->selectAll();
+    }
+    QItemDelegate::setEditorData(editor, index);
+}
+
+bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        auto *keyEvent = static_cast<QKeyEvent *>(event);
+        if (keyEvent->key() == Qt::Key_Escape) {
+            Q_EMIT sigKeyPressed(keyEvent);
+        }
+    }
+    return QItemDelegate::eventFilter(object, event);
+}
+
+void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                             Qt::CheckState state) const
+{
+    g_check_rect = rect;
+    QItemDelegate::drawCheck(painter, option, rect, state);
+}
+
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0) { }
+
+FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
+
+const QString &FileSystemTreeWidgetItem::getPath() const
+{
+    return path;
+}
+
+bool FileSystemTreeWidgetItem::operator<(const QTreeWidgetItem &other) const
+{
+    const auto &otherItem = dynamic_cast<const FileSystemTreeWidgetItem &>(other);
+    return otherItem.path != QLatin1String("home") && QTreeWidgetItem::operator<(other);
+}
