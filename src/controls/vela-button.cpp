@@ -28,6 +28,14 @@ void setFirstStyleSheet(QWidget *button, const QString &sheet)
     button->setStyleSheet(sheet);
 }
 
+/// An icon that is painted as @p pixmap is on a disabled button too, where the toolkit would grey it.
+QIcon iconOf(const QPixmap &pixmap)
+{
+    QIcon icon(pixmap);
+    icon.addPixmap(pixmap, QIcon::Disabled);
+    return icon;
+}
+
 } // namespace
 
 VelaButton::VelaButton(const QString &text, int kind)
@@ -87,17 +95,17 @@ VelaIconButton::~VelaIconButton() = default;
 void VelaIconButton::setAllIcon(const QString &imageName)
 {
     const QPixmap normal = getGlobalImage(imageName, ImageManager::IMAGE_NORMAL);
-    d->defaultIcon = QIcon(normal);
-    d->hoverIcon = QIcon(getGlobalImage(imageName, ImageManager::IMAGE_HOVER));
-    d->pressIcon = QIcon(getGlobalImage(imageName, ImageManager::IMAGE_CLICK));
-    d->disableIcon = QIcon(getGlobalImage(imageName, ImageManager::IMAGE_DISABLE));
+    d->defaultIcon = iconOf(normal);
+    d->hoverIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_HOVER));
+    d->pressIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_CLICK));
+    d->disableIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_DISABLE));
     d->iconSize = normal.size() / DPIinfo::getInstance()->getDPR();
     setIcon(d->defaultIcon);
 }
 
 void VelaIconButton::setDefaultIcon(const QPixmap &pixmap)
 {
-    d->defaultIcon = QIcon(pixmap);
+    d->defaultIcon = iconOf(pixmap);
     d->pressIcon = d->defaultIcon;
     d->hoverIcon = d->defaultIcon;
     d->disableIcon = d->defaultIcon;
@@ -107,17 +115,17 @@ void VelaIconButton::setDefaultIcon(const QPixmap &pixmap)
 
 void VelaIconButton::setPressIcon(const QPixmap &pixmap)
 {
-    d->pressIcon = QIcon(pixmap);
+    d->pressIcon = iconOf(pixmap);
 }
 
 void VelaIconButton::setHoverIcon(const QPixmap &pixmap)
 {
-    d->hoverIcon = QIcon(pixmap);
+    d->hoverIcon = iconOf(pixmap);
 }
 
 void VelaIconButton::setDisableIcon(const QPixmap &pixmap)
 {
-    d->disableIcon = QIcon(pixmap);
+    d->disableIcon = iconOf(pixmap);
 }
 
 void VelaIconButton::initialize()

@@ -34,7 +34,8 @@ public:
 /// Button of an image only, which follows the pointer, the mouse buttons and the enabled state with one of four icons.
 ///
 /// The icons' size, and an icon set for a single state, show from the next event that calls for them. A button that has
-/// the keyboard focus keeps its hover icon when the pointer leaves.
+/// the keyboard focus keeps its hover icon when the pointer leaves. A disabled button's icon is painted as it is, not
+/// greyed: a name without a "_disable" image looks the same as on an enabled button.
 class VELA_EXPORT VelaIconButton : public QToolButton
 {
     Q_OBJECT
@@ -47,8 +48,8 @@ public:
     ~VelaIconButton() override;
 
     /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the
-    /// icons' size; shows the normal one at once. An unknown name gives empty icons of size 0 by 0; ImageManager logs
-    /// it.
+    /// icons' size; shows the normal one at once, on a disabled button too. An unknown name gives empty icons of size 0
+    /// by 0; ImageManager logs it.
     void setAllIcon(const QString &imageName);
 
     /// Takes @p pixmap for all four states, and its logical size as the icons' size; shows it at once.

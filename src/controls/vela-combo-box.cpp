@@ -3,6 +3,7 @@
 #include "style-manager/style-manager.h"
 
 #include <QAbstractItemView>
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -21,12 +22,20 @@ QString comboBoxSheet()
 
 } // namespace
 
-VelaComboBox::VelaComboBox(QWidget *parent) : QComboBox(parent)
+class VelaComboBoxPrivate
+{
+public:
+    VelaComboBoxPrivate() = default;
+    ~VelaComboBoxPrivate() { delete delegate; }
+    Q_DISABLE_COPY(VelaComboBoxPrivate)
+
+    const QPointer<QStyledItemDelegate> delegate = new QStyledItemDelegate; // no view owns its delegate
+};
+
+VelaComboBox::VelaComboBox(QWidget *parent) : QComboBox(parent), d(std::make_unique<VelaComboBoxPrivate>())
 {
     setStyleSheet(comboBoxSheet());
-
-    // The delegate that a combo box has by itself does not follow the sheet's rules for items.
-    auto *delegate = new QStyledItemDelegate;
-    view()->setItemDelegate(delegate);
-    connect(this, &QObject::destroyed, delegate, [delegate] { delete delegate; }); // views do not own delegates
+    view()->setItemDelegate(d->delegate); // the one that it has by itself does not follow the sheet's rules for items
 }
+
+VelaComboBox::~VelaComboBox() = default;

@@ -4,6 +4,10 @@
 
 #include <QComboBox>
 
+#include <memory>
+
+class VelaComboBoxPrivate;
+
 /// Combo box in the look of "component.combobox" and "component.scrollbar".
 ///
 /// In the former sheet `%1` stands for the padding at the left and right and `%2` for the border. The padding is 6
@@ -14,4 +18,8 @@ class VELA_EXPORT VelaComboBox : public QComboBox
 
 public:
     explicit VelaComboBox(QWidget *parent = nullptr);
+    ~VelaComboBox() override;
+
+private:
+    const std::unique_ptr<VelaComboBoxPrivate> d;
 };

@@ -3,6 +3,7 @@
 #include "scale/scaled.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 
 namespace {
 
@@ -18,14 +19,14 @@ class VelaFootbarPrivate
 public:
     explicit VelaFootbarPrivate(QWidget *bar) : layout(new QHBoxLayout(bar)) { }
 
-    void addToLayout(const QList<QWidget *> &widgets);
+    void addToLayout(const QList<QPointer<QWidget>> &widgets);
 
     QHBoxLayout *const layout;
-    QList<QWidget *> leftWidgets;
-    QList<QWidget *> rightWidgets;
+    QList<QPointer<QWidget>> leftWidgets;
+    QList<QPointer<QWidget>> rightWidgets;
 };
 
-void VelaFootbarPrivate::addToLayout(const QList<QWidget *> &widgets)
+void VelaFootbarPrivate::addToLayout(const QList<QPointer<QWidget>> &widgets)
 {
     for (QWidget *widget : widgets) {
         layout->addWidget(widget, 0, Qt::AlignVCenter);

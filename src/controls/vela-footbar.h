@@ -24,7 +24,8 @@ public:
     /// Adds a widget at the right end of the right group.
     void pushRightWidget(QWidget *widget);
     /// Lays the widgets out with margins of 20, 8, 20 and 8 and a spacing of 10 logical pixels: set others afterwards.
-    /// A second call adds the widgets and the space between the groups again.
+    /// A second call adds the widgets and the space between the groups again. Of a widget that has been deleted by then
+    /// only a warning of QLayout tells.
     void init();
 
     /// Margins around the row in logical pixels.

@@ -17,6 +17,8 @@
 #include <functional>
 #include <utility>
 
+Q_DECLARE_METATYPE(std::function<void(VelaIconButton *)>)
+
 namespace {
 
 struct Kind
@@ -147,7 +149,9 @@ private Q_SLOTS:
     void aDisabledButtonsHandlersChangeNothing();
     void aMenuOpensAtTheFirstPress();
     void aPressOnTheMenusPartOpensTheMenuOnly();
-    void aDisabledIconIsPaintedAsThePlainToolButtonPaintsIt();
+    void aDisabledButtonPaintsItsIconAsAnEnabledToolButtonDoes();
+    void theImagesOfADisabledButtonAreNotGreyed_data();
+    void theImagesOfADisabledButtonAreNotGreyed();
 
 private:
     ResourceFolder m_folder;
@@ -641,7 +645,7 @@ void VelaButtonTest::aButtonOfAPixmapShowsItInEveryState()
     QCOMPARE(paintedColor(window.button), Other);
     window.release();
     window.button->setEnabled(false);
-    QCOMPARE(colorOf(window.button->icon()), Other);
+    QCOMPARE(paintedColor(window.button), Other);
 }
 
 void VelaButtonTest::settersChangeNothingUntilTheNextEvent()
@@ -841,7 +845,7 @@ void VelaButtonTest::aPressOnTheMenusPartOpensTheMenuOnly()
     QCOMPARE(pressed.count(), 0);
 }
 
-void VelaButtonTest::aDisabledIconIsPaintedAsThePlainToolButtonPaintsIt()
+void VelaButtonTest::aDisabledButtonPaintsItsIconAsAnEnabledToolButtonDoes()
 {
     ButtonWindow<VelaIconButton> window(new VelaIconButton(QStringLiteral("four")));
     auto *plain = new QToolButton;
@@ -849,13 +853,59 @@ void VelaButtonTest::aDisabledIconIsPaintedAsThePlainToolButtonPaintsIt()
     plain->setIcon(getGlobalImage("four", ImageManager::IMAGE_DISABLE));
     plain->setIconSize(expectedImageSize(FileSize) / expectedRatio());
     ButtonWindow<QToolButton> plainWindow(plain);
-    window.setEnabled(false);
-    plainWindow.setEnabled(false);
+    window.button->setEnabled(false);
     window.show();
     plainWindow.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QVERIFY(QTest::qWaitForWindowExposed(&plainWindow));
     QCOMPARE(window.button->grab().toImage(), plain->grab().toImage());
+}
+
+void VelaButtonTest::theImagesOfADisabledButtonAreNotGreyed_data()
+{
+    using Change = std::function<void(VelaIconButton *)>;
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QColor>("expected");
+    const auto disable = [](VelaIconButton *button) { button->setEnabled(false); };
+    QTest::newRow("of its name") << Change(disable) << Disable;
+    QTest::newRow("of its window") << Change([](VelaIconButton *button) { button->window()->setEnabled(false); })
+                                   << Disable;
+    QTest::newRow("checked") << Change([disable](VelaIconButton *button) {
+        button->setCheckable(true);
+        button->setChecked(true);
+        disable(button);
+    }) << Disable;
+    QTest::newRow("set for that state") << Change([disable](VelaIconButton *button) {
+        button->setDisableIcon(filled(FileSize, Other));
+        disable(button);
+    }) << Other;
+    QTest::newRow("set for all states before") << Change([disable](VelaIconButton *button) {
+        button->setDefaultIcon(filled(FileSize, Other));
+        disable(button);
+    }) << Other;
+    QTest::newRow("set for all states meanwhile") << Change([disable](VelaIconButton *button) {
+        disable(button);
+        button->setDefaultIcon(filled(FileSize, Other));
+    }) << Other;
+    QTest::newRow("another name meanwhile") << Change([disable](VelaIconButton *button) {
+        disable(button);
+        button->setAllIcon(QStringLiteral("large")); // shows the normal one until the next event
+    }) << Other;
+    QTest::newRow("a name without an image of its own for it") << Change([disable](VelaIconButton *button) {
+        button->setAllIcon(QStringLiteral("one"));
+        disable(button);
+    }) << Normal;
+}
+
+void VelaButtonTest::theImagesOfADisabledButtonAreNotGreyed()
+{
+    QFETCH(std::function<void(VelaIconButton *)>, change);
+    QFETCH(QColor, expected);
+    ButtonWindow<VelaIconButton> window(new VelaIconButton(QStringLiteral("four")));
+    QVERIFY(window.showAndWait());
+    change(window.button);
+    QVERIFY(!window.button->isEnabled());
+    QCOMPARE(paintedColor(window.button), expected);
 }
 
 QTEST_MAIN(VelaButtonTest)

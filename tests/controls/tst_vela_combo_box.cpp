@@ -112,6 +112,7 @@ private Q_SLOTS:
     void theDelegateFollowsTheSheetsRulesForItems();
     void theDelegateIsDeletedWithTheBox();
     void theDelegateIsDeletedWithTheBoxThoughAnotherIsUsed();
+    void theDelegateIsDeletedWithTheBoxThoughItHasNoConnectionsLeft();
     void theDelegateMayBeDeletedBefore();
     void theListMayBeReplaced();
 
@@ -394,6 +395,17 @@ void VelaComboBoxTest::theDelegateIsDeletedWithTheBoxThoughAnotherIsUsed()
     const QPointer<QAbstractItemDelegate> delegate = box->view()->itemDelegate();
     QStyledItemDelegate other;
     box->view()->setItemDelegate(&other);
+    QVERIFY(delegate);
+    box.reset();
+    QVERIFY(!delegate);
+}
+
+void VelaComboBoxTest::theDelegateIsDeletedWithTheBoxThoughItHasNoConnectionsLeft()
+{
+    auto box = std::make_unique<VelaComboBox>();
+    const QPointer<QAbstractItemDelegate> delegate = box->view()->itemDelegate();
+    box->disconnect();
+    delegate->disconnect();
     QVERIFY(delegate);
     box.reset();
     QVERIFY(!delegate);

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void aSecondInitAddsEverythingAgain();
     void whatIsPushedAfterInitWaitsForTheNext();
     void theLastPushedToTheRightStandsAtTheFarRight();
+    void aWidgetDeletedBeforeInitIsLeftOut();
+    void aWidgetDeletedBetweenTwoInitsIsLeftOut();
     void itIsFoundAmongItsParentsChildren();
     void theBarOwnsItsWidgetsAfterInit();
 };
@@ -229,6 +231,39 @@ void VelaFootbarTest::theLastPushedToTheRightStandsAtTheFarRight()
     bar.layout()->activate();
     QCOMPARE(cancel->geometry().right(), 600 - 1 - expectedPixels(20));
     QCOMPARE(ok->geometry().right(), cancel->x() - 1 - expectedPixels(10));
+}
+
+void VelaFootbarTest::aWidgetDeletedBeforeInitIsLeftOut()
+{
+    VelaFootbar bar;
+    auto *left = new QPushButton;
+    auto *right = new QPushButton;
+    {
+        QPushButton firstOfGroup;
+        QPushButton lastOfGroup;
+        bar.pushLeftWidget(&firstOfGroup);
+        bar.pushLeftWidget(left);
+        bar.pushRightWidget(right);
+        bar.pushRightWidget(&lastOfGroup);
+    }
+    bar.init();
+    QCOMPARE(rowOf(bar)->count(), 3);
+    QCOMPARE(rowOf(bar)->itemAt(0)->widget(), static_cast<QWidget *>(left));
+    QCOMPARE(rowOf(bar)->itemAt(2)->widget(), static_cast<QWidget *>(right));
+}
+
+void VelaFootbarTest::aWidgetDeletedBetweenTwoInitsIsLeftOut()
+{
+    VelaFootbar bar;
+    auto *kept = new QPushButton;
+    auto *deleted = new QPushButton;
+    bar.pushLeftWidget(deleted);
+    bar.pushRightWidget(kept);
+    bar.init();
+    delete deleted;
+    bar.init();
+    QCOMPARE(bar.findChildren<QPushButton *>(), QList<QPushButton *> {kept});
+    QCOMPARE(rowOf(bar)->itemAt(rowOf(bar)->count() - 1)->widget(), static_cast<QWidget *>(kept));
 }
 
 void VelaFootbarTest::itIsFoundAmongItsParentsChildren()
