@@ -1,13 +1,15 @@
 #include "controls/vela-check-box.h"
 
-#include "style-manager/style-manager.h"
+#include "look/look_p.h"
+
+using namespace Vela;
 
 VelaCheckBox::VelaCheckBox(const QString &text, QWidget *parent) : QCheckBox(text, parent)
 {
-    setStyleSheet(getStyleSheet("component.checkbox", false));
+    setStyleSheet(Look::sheet(Style::CheckBox));
 }
 
 VelaRadioButton::VelaRadioButton(const QString &text, QWidget *parent) : QRadioButton(text, parent)
 {
-    setStyleSheet(getStyleSheet("component.radio_button", false));
+    setStyleSheet(Look::sheet(Style::RadioButton));
 }

@@ -1,12 +1,14 @@
 #include "controls/vela-line-edit.h"
 
+#include "look/look_p.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
+
+using namespace Vela;
 
 namespace {
 
@@ -15,7 +17,7 @@ QLabel *createText(QWidget *parent)
     // A label that never had a text takes the room of a letter, one whose text is empty takes none.
     auto *label = new QLabel(QStringLiteral(" "), parent);
     label->setText(QString());
-    label->setStyleSheet(getStyleSheet("component.lineedit_label", false));
+    label->setStyleSheet(Look::sheet(Style::LineEditLabel));
     return label;
 }
 
@@ -37,7 +39,7 @@ VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_uniqu
     d->layout = new QHBoxLayout(this);
     d->preLabel = createText(this);
     d->lineEdit = new QLineEdit(this);
-    d->lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));
+    d->lineEdit->setStyleSheet(Look::sheet(Style::LineEdit));
     d->postLabel = createText(this);
 
     d->layout->setAlignment(Qt::AlignLeft);

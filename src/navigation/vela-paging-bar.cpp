@@ -1,14 +1,14 @@
 #include "navigation/vela-paging-bar.h"
 
 #include "controls/vela-button.h"
-#include "image-manager/image-manager.h"
+#include "look/look_p.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
-#include "utils/component-strings.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalMapper>
+
+using namespace Vela;
 
 namespace {
 
@@ -28,24 +28,19 @@ constexpr int BarHeight = 29;
 
 struct NavigationLook
 {
-    const char *imageName;
-    const char *toolTipKey;
+    Image image;
+    Text toolTip;
     void (VelaPagingBar::*slot)();
 };
 
 enum Navigation { FirstPage, BackFive, LastPage, ForwardFive, NavigationCount };
 
 constexpr NavigationLook NavigationLooks[NavigationCount] = {
-    {"bt_pagebar_backend", "first_page", &VelaPagingBar::first_page},
-    {"bt_pagebar_back", "prev_5_pages", &VelaPagingBar::prev_5_page},
-    {"bt_pagebar_nextend", "last_page", &VelaPagingBar::last_page},
-    {"bt_pagebar_next", "next_5_pages", &VelaPagingBar::next_5_page},
+    {Image::PagingFirst, Text::FirstPage, &VelaPagingBar::first_page},
+    {Image::PagingBack, Text::FivePagesBack, &VelaPagingBar::prev_5_page},
+    {Image::PagingLast, Text::LastPage, &VelaPagingBar::last_page},
+    {Image::PagingNext, Text::FivePagesOn, &VelaPagingBar::next_5_page},
 };
-
-QString text(const char *key)
-{
-    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
-}
 
 } // namespace
 
@@ -133,8 +128,8 @@ void VelaPagingBarPrivate::resetModel()
 void VelaPagingBarPrivate::createNavigationButtons()
 {
     for (int i = 0; i < NavigationCount; ++i) {
-        navigationButtons[i] = new VelaIconButton(QString::fromLatin1(NavigationLooks[i].imageName));
-        navigationButtons[i]->setToolTip(text(NavigationLooks[i].toolTipKey));
+        navigationButtons[i] = new VelaIconButton(Look::nameOf(NavigationLooks[i].image));
+        navigationButtons[i]->setToolTip(Look::text(NavigationLooks[i].toolTip));
     }
 }
 
@@ -153,10 +148,10 @@ void VelaPagingBarPrivate::createPageButtons()
 
 void VelaPagingBarPrivate::createRefreshButton()
 {
-    refreshButton = new VelaIconButton(QStringLiteral("bt_pagebar_refresh"));
-    refreshButton->setHoverIcon(getGlobalImage("bt_pagebar_refresh_hover", ImageManager::IMAGE_NORMAL));
-    refreshButton->setDisableIcon(getGlobalImage("bt_pagebar_refresh_disable", ImageManager::IMAGE_NORMAL));
-    refreshButton->setAccessibleName(text("pagebar_refresh"));
+    refreshButton = new VelaIconButton(Look::nameOf(Image::PagingRefresh));
+    refreshButton->setHoverIcon(Look::image(Image::PagingRefreshHovered));
+    refreshButton->setDisableIcon(Look::image(Image::PagingRefreshDisabled));
+    refreshButton->setAccessibleName(Look::text(Text::Refresh));
     refreshButton->setFixedSize(scaled(RefreshButtonSize), scaled(RefreshButtonSize));
 }
 
@@ -190,7 +185,7 @@ void VelaPagingBarPrivate::layOut()
 
     auto *border = new QWidget(q);
     border->setObjectName(QStringLiteral("PAGINGBARBORDER"));
-    border->setStyleSheet(getStyleSheet("component.paging_bar_border", false)); // before it has children to style again
+    border->setStyleSheet(Look::sheet(Style::PagingBarBorder)); // before it has children to style again
     border->setLayout(pageLayout);
     border->setFixedHeight(scaled(BarHeight));
 
@@ -224,8 +219,7 @@ void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
     if (info.width != 0) {
         label->setFixedWidth(scaled(info.width));
     }
-    label->setStyleSheet(
-        getStyleSheet(isRightmost ? "component.paging_bar_rightmost_label" : "component.paging_bar_label", false));
+    label->setStyleSheet(Look::sheet(isRightmost ? Style::PagingBarRightmostLabel : Style::PagingBarLabel));
     footerLabels.push_back(label);
     footerLayout->addWidget(label);
 }

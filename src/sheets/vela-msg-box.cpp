@@ -1,45 +1,41 @@
 #include "sheets/vela-msg-box.h"
 
+#include "look/look_p.h"
+#include "look/metrics_p.h"
 #include "scale/scaled.h"
 #include "sheets/vela-mask.h"
-#include "style-manager/style-manager.h"
-#include "utils/component-strings.h"
 
 #include <QPushButton>
 
-namespace {
+using namespace Vela;
 
-constexpr int ButtonHeight = 32; // logical pixels
-const QColor MaskColor(0, 0, 0, 20);
+namespace {
 
 /// A kind of message where there is no window to show it in.
 struct BoxLook
 {
     QMessageBox::Icon icon;
     QMessageBox::StandardButtons buttons;
-    const char *styleKey;
+    Style style;
 };
 
-const BoxLook InfoBox {QMessageBox::Information, QMessageBox::Ok, "component.info_message_box"};
-const BoxLook WarningBox {QMessageBox::Warning, QMessageBox::Ok, "component.warning_message_box"};
-const BoxLook ConfirmBox {QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
-                          "component.confirm_message_box"};
-const BoxLook UpgradingBox {QMessageBox::Warning, QMessageBox::Ok, "component.upgrading_message_box"};
+const BoxLook InfoBox {QMessageBox::Information, QMessageBox::Ok, Style::InfoBox};
+const BoxLook WarningBox {QMessageBox::Warning, QMessageBox::Ok, Style::WarningBox};
+const BoxLook ConfirmBox {QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, Style::ConfirmBox};
+const BoxLook UpgradingBox {QMessageBox::Warning, QMessageBox::Ok, Style::UpgradingBox};
 
 int runSheet(VelaMessageSheet &sheet, QWidget *parent)
 {
-    VelaMask::createMask(&sheet, parent->window(), MaskColor);
-    sheet.button(QMessageBox::Ok)->setFixedHeight(scaled(ButtonHeight));
+    VelaMask::createMask(&sheet, parent->window(), Color::Mask);
+    sheet.button(QMessageBox::Ok)->setFixedHeight(scaled(Metric::ButtonHeight));
     return sheet.exec();
 }
 
-void setUpButton(QAbstractButton *button, const QString &customCaption, const char *captionKey, const char *styleKey)
+void setUpButton(QAbstractButton *button, const QString &customCaption, Text caption, Style style)
 {
     if (button) {
-        button->setText(customCaption.isEmpty()
-                            ? ComponentStrings::getInstance()->getString(QString::fromLatin1(captionKey))
-                            : customCaption);
-        button->setStyleSheet(getStyleSheet(styleKey, false));
+        button->setText(Look::textOr(customCaption, caption));
+        button->setStyleSheet(Look::sheet(style));
     }
 }
 
@@ -47,14 +43,14 @@ int runBox(const BoxLook &look, const QString &title, const QString &text, const
            const MsgBoxCustomBtnText &captions = {QString(), QString()})
 {
     QMessageBox box;
-    box.setStyleSheet(getStyleSheet(look.styleKey, false)); // before its buttons, which would be polished again
+    box.setStyleSheet(Look::sheet(look.style)); // before its buttons, which would be polished again
     box.setIcon(look.icon);
     box.setWindowTitle(title);
     box.setText(text);
     box.setInformativeText(informativeText);
     box.setStandardButtons(look.buttons);
-    setUpButton(box.button(QMessageBox::Ok), captions.okText, "ok", "component.apply_button");
-    setUpButton(box.button(QMessageBox::Cancel), captions.cancelText, "cancel", "component.cancel_button");
+    setUpButton(box.button(QMessageBox::Ok), captions.okText, Text::Ok, Style::ApplyButton);
+    setUpButton(box.button(QMessageBox::Cancel), captions.cancelText, Text::Cancel, Style::CancelButton);
     return box.exec();
 }
 

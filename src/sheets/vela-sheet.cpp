@@ -1,10 +1,13 @@
 #include "sheets/vela-sheet.h"
 
-#include "image-manager/image-manager.h"
+#include "look/look_p.h"
+#include "look/metrics_p.h"
 #include "scale/scaled.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
+
+using namespace Vela;
 
 namespace {
 
@@ -15,7 +18,7 @@ enum Place { Start, Middle, End };
 
 struct ShadowPiece
 {
-    const char *imageName;
+    Image image;
     Place horizontal;
     Place vertical;
 };
@@ -23,15 +26,15 @@ struct ShadowPiece
 /// In the order in which their images are requested, so that missing ones are logged in it.
 constexpr ShadowPiece ShadowPieces[] = {
     // edges
-    {"bg_tutorial_l", Start, Middle},
-    {"bg_tutorial_r", End, Middle},
-    {"bg_tutorial_t", Middle, Start},
-    {"bg_tutorial_b", Middle, End},
+    {Image::ShadowLeft, Start, Middle},
+    {Image::ShadowRight, End, Middle},
+    {Image::ShadowTop, Middle, Start},
+    {Image::ShadowBottom, Middle, End},
     // corners
-    {"bg_tutorial_lt", Start, Start},
-    {"bg_tutorial_rt", End, Start},
-    {"bg_tutorial_lb", Start, End},
-    {"bg_tutorial_rb", End, End},
+    {Image::ShadowTopLeft, Start, Start},
+    {Image::ShadowTopRight, End, Start},
+    {Image::ShadowBottomLeft, Start, End},
+    {Image::ShadowBottomRight, End, End},
 };
 
 bool isEdge(const ShadowPiece &piece)
@@ -93,14 +96,14 @@ void VelaSheet::paintEvent(QPaintEvent *)
     QPainter painter(this);
     drawShadow(painter);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QBrush(Qt::white, Qt::SolidPattern));
+    painter.setBrush(Color::Surface);
     painter.drawRect(m_shadowWidth, m_shadowWidth, width() - 2 * m_shadowWidth, height() - 2 * m_shadowWidth);
 }
 
 void VelaSheet::drawShadow(QPainter &painter)
 {
     for (const ShadowPiece &piece : ShadowPieces) {
-        QPixmap image = getGlobalImage(piece.imageName, ImageManager::IMAGE_NORMAL);
+        QPixmap image = Look::image(piece.image);
         const QRect place = rectangleOf(piece, size(), m_shadowWidth);
         if (isEdge(piece) && !image.isNull()) {
             // On a sheet that is smaller than its shadow this gives a null pixmap, of which nothing is drawn.

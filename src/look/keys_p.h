@@ -1,0 +1,281 @@
+#pragma once
+
+// Everything that the library asks a theme and a table of texts for, and who does. What an application's theme has to
+// hold is read from here, so nothing may be asked for by a name of its own elsewhere.
+
+namespace Vela {
+
+/// A section of the style sheets.
+enum class Style {
+    ApplyButton,
+    ButtonPath,
+    ButtonPathArrow,
+    ButtonPathMenuButton,
+    ButtonPathName,
+    CancelButton,
+    CheckBox,
+    ComboBox,
+    ConfirmBox,
+    DateSelector,
+    DefaultButton,
+    FilterBarPadding,
+    FilterSearchButton,
+    IconButton,
+    InfoBox,
+    Label,
+    LineEdit,
+    LineEditLabel,
+    Menu,
+    NonselectPagingButton,
+    PagingBarBorder,
+    PagingBarLabel,
+    PagingBarRightmostLabel,
+    RadioButton,
+    RedButton,
+    ScrollBar,
+    SelectPagingButton,
+    SheetInformativeText,
+    SheetOther,
+    SheetProcessing,
+    SheetText,
+    Table,
+    TableHeader,
+    TreeItem,
+    UpgradingBox,
+    WarningBox,
+    Count
+};
+
+struct StyleEntry
+{
+    Style style;
+    const char *key;
+    const char *usedBy; // classes, with the state or part in brackets
+    const char *reaches; // classes and object names that rules can name
+};
+
+constexpr StyleEntry StyleEntries[] = {
+    {Style::ApplyButton, "component.apply_button",
+     "VelaButton (ApplyButton), VelaMessageSheet, VelaInputSheet, VelaCountdownMessageBox, message shortcuts (Ok)",
+     "VelaButton, QPushButton"},
+    {Style::ButtonPath, "component.button_path", "VelaButtonPath",
+     "VelaButtonPath, QTableWidget, QTableView, QPushButton, QToolButton"},
+    {Style::ButtonPathArrow, "component.button_path_arrow", "VelaButtonPath (between two names)", "QPushButton"},
+    {Style::ButtonPathMenuButton, "component.button_path_change_folder_btn",
+     "VelaButtonPath (menu of the names that do not fit)", "QToolButton"},
+    {Style::ButtonPathName, "component.button_path_name_button", "VelaButtonPath (names)", "QPushButton"},
+    {Style::CancelButton, "component.cancel_button",
+     "VelaButton (CancelButton), VelaCalanderView (today), VelaMessageSheet, VelaInputSheet, VelaCountdownMessageBox, "
+     "message shortcuts (cancel)",
+     "VelaButton, QPushButton, #qt_calendar_today_button"},
+    {Style::CheckBox, "component.checkbox", "VelaCheckBox", "VelaCheckBox, QCheckBox"},
+    {Style::ComboBox, "component.combobox",
+     "VelaComboBox (a template: %1 stands for the side paddings, %2 for the border)",
+     "VelaComboBox, QComboBox, QLineEdit, QAbstractItemView"},
+    {Style::ConfirmBox, "component.confirm_message_box", "message shortcuts (question without a window)",
+     "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
+    {Style::DateSelector, "component.date_selector", "VelaDateSelector",
+     "VelaDateSelector, QComboBox, VelaCalanderView, QCalendarWidget, QToolButton, QSpinBox, QTableView, "
+     "#qt_calendar_navigationbar, #qt_calendar_prevmonth, #qt_calendar_nextmonth, #qt_calendar_monthbutton, "
+     "#qt_calendar_yearbutton, #qt_calendar_yearedit, #qt_calendar_calendarview"},
+    {Style::DefaultButton, "component.default_button", "VelaButton (DefaultButton)", "VelaButton, QPushButton"},
+    {Style::FilterBarPadding, "component.filter_bar_padding", "VelaFilterBar (behind component.lineedit)",
+     "VelaFilterBar, QLineEdit"},
+    {Style::FilterSearchButton, "component.filter_search_button", "VelaFilterBar (menu's button)",
+     "VelaIconButton, QToolButton"},
+    {Style::IconButton, "component.icon_button", "VelaIconButton", "VelaIconButton, QToolButton"},
+    {Style::InfoBox, "component.info_message_box",
+     "VelaCountdownMessageBox, message shortcuts (information without a window)",
+     "QMessageBox, VelaCountdownMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, "
+     "QPushButton"},
+    {Style::Label, "component.label", "VelaLabel", "VelaLabel, QLabel"},
+    {Style::LineEdit, "component.lineedit", "VelaLineEdit, VelaFilterBar, VelaInputSheet",
+     "QLineEdit, VelaFilterBar; the property \"error\" of a VelaLineEdit's field"},
+    {Style::LineEditLabel, "component.lineedit_label", "VelaLineEdit (texts beside the field)", "QLabel"},
+    {Style::Menu, "component.menu", "VelaButtonPath, VelaDateSelector (behind component.date_selector)", "QMenu"},
+    {Style::NonselectPagingButton, "component.nonselect_paging_button",
+     "VelaButton (NonselectPagingButton), VelaPagingBar", "VelaButton, QPushButton"},
+    {Style::PagingBarBorder, "component.paging_bar_border", "VelaPagingBar (surface)", "#PAGINGBARBORDER"},
+    {Style::PagingBarLabel, "component.paging_bar_label", "VelaPagingBar (footer)", "QLabel"},
+    {Style::PagingBarRightmostLabel, "component.paging_bar_rightmost_label",
+     "VelaPagingBar (footer's first label, where there is no refresh button)", "QLabel"},
+    {Style::RadioButton, "component.radio_button", "VelaRadioButton", "VelaRadioButton, QRadioButton"},
+    {Style::RedButton, "component.red_button", "VelaButton (RedButton)", "VelaButton, QPushButton"},
+    {Style::ScrollBar, "component.scrollbar",
+     "VelaComboBox (behind component.combobox), VelaTableWidget (behind component.table), HelpWindow", "QScrollBar"},
+    {Style::SelectPagingButton, "component.select_paging_button", "VelaButton (SelectPagingButton), VelaPagingBar",
+     "VelaButton, QPushButton"},
+    {Style::SheetInformativeText, "component.message_sheet_informative_text", "VelaMessageSheet (second text)",
+     "MessageLabel, QLabel"},
+    {Style::SheetOther, "component.message_sheet_other", "VelaMessageSheet (with an answer), VelaInputSheet",
+     "VelaMessageSheet, VelaInputSheet, MessageLabel, QLabel, QLineEdit, QDialogButtonBox, QPushButton"},
+    {Style::SheetProcessing, "component.message_sheet_processing", "VelaMessageSheet (AppMessage, ProcessingMessage)",
+     "VelaMessageSheet, MessageLabel, QLabel, QDialogButtonBox, QPushButton"},
+    {Style::SheetText, "component.message_sheet_text", "VelaMessageSheet (text)", "MessageLabel, QLabel"},
+    {Style::Table, "component.table", "VelaTableWidget (rows), VelaCalanderView (weekdays)",
+     "ResizeSignalTableWidget, QTableWidget, QTableView, #qt_calendar_weekdayview"},
+    {Style::TableHeader, "component.table_header", "VelaTableWidget (header), VelaCalanderView (weekdays)",
+     "QHeaderView"},
+    {Style::TreeItem, "component.tree_item", "ItemDelegate (editor of a name)", "QLineEdit"},
+    {Style::UpgradingBox, "component.upgrading_message_box", "message shortcuts (upgrade without a window)",
+     "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
+    {Style::WarningBox, "component.warning_message_box", "message shortcuts (warning without a window)",
+     "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
+};
+
+/// An image of the catalogue. Beside these an application's own names are asked for by VelaIconButton, in all states.
+enum class Image {
+    AppMessage,
+    Folder,
+    IconInformation,
+    IconQuestion,
+    IconWarning,
+    PagingBack,
+    PagingFirst,
+    PagingLast,
+    PagingNext,
+    PagingRefresh,
+    PagingRefreshDisabled,
+    PagingRefreshHovered,
+    PathArrow,
+    SearchMenu,
+    ShadowBottom,
+    ShadowBottomLeft,
+    ShadowBottomRight,
+    ShadowLeft,
+    ShadowRight,
+    ShadowTop,
+    ShadowTopLeft,
+    ShadowTopRight,
+    Count
+};
+
+struct ImageEntry
+{
+    Image image;
+    const char *name;
+    const char *usedBy; // classes, with the state or part in brackets
+};
+
+constexpr ImageEntry ImageEntries[] = {
+    {Image::AppMessage, "app_img", "VelaMessageSheet (AppMessage)"},
+    {Image::Folder, "folder", "VelaButtonPath (menu of the names that do not fit)"},
+    {Image::IconInformation, "icon_information", "VelaMessageSheet (InfoMessage, UpgradeMessage)"},
+    {Image::IconQuestion, "icon_question", "VelaMessageSheet (QuestionMessage)"},
+    {Image::IconWarning, "icon_warning", "VelaMessageSheet (WarningMessage, WarningQuestionMessage)"},
+    {Image::PagingBack, "bt_pagebar_back", "VelaPagingBar (five pages back)"},
+    {Image::PagingFirst, "bt_pagebar_backend", "VelaPagingBar (first page), VelaCalanderView (month before)"},
+    {Image::PagingLast, "bt_pagebar_nextend", "VelaPagingBar (last page), VelaCalanderView (month after)"},
+    {Image::PagingNext, "bt_pagebar_next", "VelaPagingBar (five pages on)"},
+    {Image::PagingRefresh, "bt_pagebar_refresh", "VelaPagingBar (refresh)"},
+    {Image::PagingRefreshDisabled, "bt_pagebar_refresh_disable", "VelaPagingBar (refresh, disabled)"},
+    {Image::PagingRefreshHovered, "bt_pagebar_refresh_hover", "VelaPagingBar (refresh, hovered)"},
+    {Image::PathArrow, "bt_next", "VelaButtonPath (between two names)"},
+    {Image::SearchMenu, "bt_search_dropdown", "VelaFilterBar (menu's button)"},
+    {Image::ShadowBottom, "bg_tutorial_b", "VelaSheet (shadow)"},
+    {Image::ShadowBottomLeft, "bg_tutorial_lb", "VelaSheet (shadow)"},
+    {Image::ShadowBottomRight, "bg_tutorial_rb", "VelaSheet (shadow)"},
+    {Image::ShadowLeft, "bg_tutorial_l", "VelaSheet (shadow)"},
+    {Image::ShadowRight, "bg_tutorial_r", "VelaSheet (shadow)"},
+    {Image::ShadowTop, "bg_tutorial_t", "VelaSheet (shadow)"},
+    {Image::ShadowTopLeft, "bg_tutorial_lt", "VelaSheet (shadow)"},
+    {Image::ShadowTopRight, "bg_tutorial_rt", "VelaSheet (shadow)"},
+};
+
+/// A text in the user's language.
+enum class Text {
+    April,
+    August,
+    Calendar,
+    CalendarNextMonth,
+    CalendarPreviousMonth,
+    Cancel,
+    December,
+    February,
+    FirstPage,
+    FivePagesBack,
+    FivePagesOn,
+    Friday,
+    January,
+    July,
+    June,
+    LastPage,
+    March,
+    May,
+    Monday,
+    November,
+    October,
+    Ok,
+    Refresh,
+    Saturday,
+    September,
+    Sunday,
+    Thursday,
+    Today,
+    Tuesday,
+    UpgradeNow,
+    Wednesday,
+    Count
+};
+
+struct TextEntry
+{
+    Text text;
+    const char *key;
+    const char *usedBy; // classes, with the state or part in brackets
+};
+
+constexpr TextEntry TextEntries[] = {
+    {Text::April, "month_apr", "VelaCalanderView (month)"},
+    {Text::August, "month_aug", "VelaCalanderView (month)"},
+    {Text::Calendar, "accessible_calendar", "VelaCalanderView (accessible name)"},
+    {Text::CalendarNextMonth, "accessible_calendar_next_month", "VelaCalanderView (accessible name of an arrow)"},
+    {Text::CalendarPreviousMonth, "accessible_calendar_prev_month", "VelaCalanderView (accessible name of an arrow)"},
+    {Text::Cancel, "cancel", "VelaMessageSheet, VelaInputSheet, VelaCountdownMessageBox, message shortcuts"},
+    {Text::December, "month_dec", "VelaCalanderView (month)"},
+    {Text::February, "month_feb", "VelaCalanderView (month)"},
+    {Text::FirstPage, "first_page", "VelaPagingBar (tool tip)"},
+    {Text::FivePagesBack, "prev_5_pages", "VelaPagingBar (tool tip)"},
+    {Text::FivePagesOn, "next_5_pages", "VelaPagingBar (tool tip)"},
+    {Text::Friday, "friday", "VelaCalanderView (first letter)"},
+    {Text::January, "month_jan", "VelaCalanderView (month)"},
+    {Text::July, "month_jul", "VelaCalanderView (month)"},
+    {Text::June, "month_jun", "VelaCalanderView (month)"},
+    {Text::LastPage, "last_page", "VelaPagingBar (tool tip)"},
+    {Text::March, "month_mar", "VelaCalanderView (month)"},
+    {Text::May, "month_may", "VelaCalanderView (month)"},
+    {Text::Monday, "monday", "VelaCalanderView (first letter)"},
+    {Text::November, "month_nov", "VelaCalanderView (month)"},
+    {Text::October, "month_oct", "VelaCalanderView (month)"},
+    {Text::Ok, "ok", "VelaMessageSheet, VelaInputSheet, VelaCountdownMessageBox, message shortcuts"},
+    {Text::Refresh, "pagebar_refresh", "VelaPagingBar (accessible name)"},
+    {Text::Saturday, "saturday", "VelaCalanderView (first letter)"},
+    {Text::September, "month_sep", "VelaCalanderView (month)"},
+    {Text::Sunday, "sunday", "VelaCalanderView (first letter)"},
+    {Text::Thursday, "thursday", "VelaCalanderView (first letter)"},
+    {Text::Today, "today", "VelaCalanderView (button)"},
+    {Text::Tuesday, "tuesday", "VelaCalanderView (first letter)"},
+    {Text::UpgradeNow, "wizard_client_upgrade", "VelaMessageSheet (UpgradeMessage, Ok)"},
+    {Text::Wednesday, "wednesday", "VelaCalanderView (first letter)"},
+};
+
+namespace Detail {
+
+/// Whether a table has an entry for each value of its enumeration, in the enumeration's order.
+template<typename Key, typename Entry, int Size>
+constexpr bool isComplete(const Entry (&entries)[Size], Key Entry::*key)
+{
+    for (int i = 0; i < Size; ++i) {
+        if (static_cast<int>(entries[i].*key) != i) {
+            return false;
+        }
+    }
+    return Size == static_cast<int>(Key::Count);
+}
+static_assert(isComplete(StyleEntries, &StyleEntry::style));
+static_assert(isComplete(ImageEntries, &ImageEntry::image));
+static_assert(isComplete(TextEntries, &TextEntry::text));
+
+} // namespace Detail
+
+} // namespace Vela

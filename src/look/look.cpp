@@ -1,0 +1,50 @@
+#include "look/look_p.h"
+
+#include "image-manager/image-manager.h"
+#include "scale/dpi-info.h"
+#include "style-manager/style-manager.h"
+#include "utils/component-strings.h"
+
+#include <QWidget>
+
+namespace Vela::Look {
+
+QString sheet(Style style)
+{
+    return getStyleSheet(StyleEntries[static_cast<int>(style)].key, false);
+}
+
+QPixmap image(Image image)
+{
+    return getGlobalImage(nameOf(image), ImageManager::IMAGE_NORMAL);
+}
+
+QString nameOf(Image image)
+{
+    return QString::fromLatin1(ImageEntries[static_cast<int>(image)].name);
+}
+
+QSize logicalSize(const QPixmap &pixmap)
+{
+    return pixmap.size() / DPIinfo::getInstance()->getDPR();
+}
+
+QString text(Text text)
+{
+    return ComponentStrings::getInstance()->getString(QString::fromLatin1(TextEntries[static_cast<int>(text)].key));
+}
+
+QString textOr(const QString &custom, Text text)
+{
+    return custom.isEmpty() ? Look::text(text) : custom;
+}
+
+void setFirstStyleSheet(QWidget *button, const QString &sheet)
+{
+    if (!sheet.isEmpty() && button->styleSheet().isEmpty()) {
+        button->setStyleSheet(QStringLiteral(" "));
+    }
+    button->setStyleSheet(sheet);
+}
+
+} // namespace Vela::Look

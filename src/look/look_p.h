@@ -1,0 +1,34 @@
+#pragma once
+
+#include "look/keys_p.h"
+
+#include <QPixmap>
+#include <QString>
+
+class QWidget;
+
+/// The widgets' door to what an application has installed: sheets, images and texts.
+///
+/// What is missing is logged by its registry and replaced by an empty sheet, a null pixmap, the key as text.
+namespace Vela::Look {
+
+/// The section of the style sheets, scaled for the screen.
+QString sheet(Style style);
+
+/// The image in its normal state.
+QPixmap image(Image image);
+/// Its name in the catalogue, for a VelaIconButton, which takes all states.
+QString nameOf(Image image);
+/// The size of @p pixmap in logical pixels: its pixels divided by the screen's ratio, rounded.
+QSize logicalSize(const QPixmap &pixmap);
+
+QString text(Text text);
+/// @p custom, or the text where that is empty.
+QString textOr(const QString &custom, Text text);
+
+/// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
+/// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are
+/// parsed anew when the button gets its parent and when it is polished, so the first is one without rules.
+void setFirstStyleSheet(QWidget *button, const QString &sheet);
+
+} // namespace Vela::Look
