@@ -73,7 +73,7 @@ constexpr StyleEntry StyleEntries[] = {
      "VelaComboBox (a template: %1 stands for the side paddings, %2 for the border)",
      "VelaComboBox, QComboBox, QLineEdit, QAbstractItemView"},
     {Style::ConfirmBox, "component.confirm_message_box", "message shortcuts (question without a window)",
-     "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
+     "QMessageBox, QLabel, #qt_msgbox_label, QDialogButtonBox, QPushButton"},
     {Style::DateSelector, "component.date_selector", "VelaDateSelector",
      "VelaDateSelector, QComboBox, VelaCalanderView, QCalendarWidget, QToolButton, QSpinBox, QTableView, "
      "#qt_calendar_navigationbar, #qt_calendar_prevmonth, #qt_calendar_nextmonth, #qt_calendar_monthbutton, "
@@ -110,7 +110,7 @@ constexpr StyleEntry StyleEntries[] = {
     {Style::SheetOther, "component.message_sheet_other", "VelaMessageSheet (with an answer), VelaInputSheet",
      "VelaMessageSheet, VelaInputSheet, MessageLabel, QLabel, QLineEdit, QDialogButtonBox, QPushButton"},
     {Style::SheetProcessing, "component.message_sheet_processing", "VelaMessageSheet (AppMessage, ProcessingMessage)",
-     "VelaMessageSheet, MessageLabel, QLabel, QDialogButtonBox, QPushButton"},
+     "VelaMessageSheet, MessageLabel, QLabel, QDialogButtonBox"},
     {Style::SheetText, "component.message_sheet_text", "VelaMessageSheet (text)", "MessageLabel, QLabel"},
     {Style::Table, "component.table", "VelaTableWidget (rows), VelaCalanderView (weekdays)",
      "ResizeSignalTableWidget, QTableWidget, QTableView, #qt_calendar_weekdayview"},
@@ -118,7 +118,7 @@ constexpr StyleEntry StyleEntries[] = {
      "QHeaderView"},
     {Style::TreeItem, "component.tree_item", "ItemDelegate (editor of a name)", "QLineEdit"},
     {Style::UpgradingBox, "component.upgrading_message_box", "message shortcuts (upgrade without a window)",
-     "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
+     "QMessageBox, QLabel, #qt_msgbox_label, QDialogButtonBox, QPushButton"},
     {Style::WarningBox, "component.warning_message_box", "message shortcuts (warning without a window)",
      "QMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, QPushButton"},
 };

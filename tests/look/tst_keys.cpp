@@ -1,0 +1,285 @@
+#include "component/paging/vela-paging-bar.h"
+#include "component/vela-button-path.h"
+#include "component/vela-button.h"
+#include "component/vela-check-box.h"
+#include "component/vela-combo-box.h"
+#include "component/vela-countdown-msg-box.h"
+#include "component/vela-date-selector.h"
+#include "component/vela-filter-bar.h"
+#include "component/vela-footbar.h"
+#include "component/vela-input-sheet.h"
+#include "component/vela-label.h"
+#include "component/vela-line-edit.h"
+#include "component/vela-menu.h"
+#include "component/vela-msg-box.h"
+#include "component/vela-msg-sheet.h"
+#include "component/vela-table-widget.h"
+#include "component/vela-tree-widget.h"
+#include "image-manager/image-manager.h"
+#include "look/keys_p.h"
+#include "support/controls.h"
+#include "support/log-capture.h"
+#include "support/resource-folder.h"
+#include "utils/help-window.h"
+
+#include <QDialogButtonBox>
+#include <QRegularExpression>
+#include <QSet>
+#include <QtTest>
+
+#include <functional>
+
+namespace {
+
+using Names = QSet<QString>;
+
+/// Names that @p entries have in the field @p name.
+template<typename Entry, std::size_t Size>
+Names namesOf(const Entry (&entries)[Size], const char *Entry::*name)
+{
+    Names names;
+    for (const Entry &entry : entries) {
+        names.insert(QString::fromLatin1(entry.*name));
+    }
+    return names;
+}
+
+QStringList sorted(const Names &names)
+{
+    QStringList list = names.values();
+    list.sort();
+    return list;
+}
+
+/// What makes itself heard of names that are not installed.
+class Requests
+{
+public:
+    Names styles() const { return m_styles; }
+    Names images() const { return m_images; }
+    Names texts() const { return m_texts; }
+
+    void take(LogCapture &log)
+    {
+        const QStringList messages = log.takeTexts();
+        for (const QString &message : messages) {
+            take(message, QStringLiteral("Cannot find stylesheet \"(.*)\""), m_styles);
+            take(message, QStringLiteral("Cannot load pixmap \"(.*)\""), m_images);
+            take(message, QStringLiteral("Cannot find key in ComponentStrings \"(.*)\""), m_texts);
+        }
+    }
+
+private:
+    static void take(const QString &message, const QString &pattern, Names &names)
+    {
+        const auto match = QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(message);
+        if (match.hasMatch()) {
+            names.insert(match.captured(1));
+        }
+    }
+
+    Names m_styles;
+    Names m_images;
+    Names m_texts;
+};
+
+/// Every widget of the library, in every state that asks for something of its own, below one window.
+class AllWidgets : public QWidget
+{
+public:
+    AllWidgets()
+    {
+        addControls();
+        addSheets();
+        addViews();
+        addNavigation();
+        new VelaDateSelector(QStringLiteral("none"), this);
+        new HelpWindow(HelpContext(), this);
+    }
+
+private:
+    void addControls()
+    {
+        for (int kind = VelaButton::ApplyButton; kind <= VelaButton::RedButton; ++kind) {
+            (new VelaButton(QStringLiteral("text"), kind))->setParent(this);
+        }
+        (new VelaIconButton(QPixmap()))->setParent(this);
+        new VelaCheckBox(QString(), this);
+        new VelaRadioButton(QString(), this);
+        (new VelaComboBox(this))->setEditable(true);
+        new VelaFootbar(this);
+        new VelaLabel(this);
+        new VelaLineEdit(this);
+        new VelaMenu(this);
+    }
+
+    void addSheets()
+    {
+        for (int type = VelaMessageSheet::AppMessage; type <= VelaMessageSheet::ProcessingMessage; ++type) {
+            const auto messageType = static_cast<VelaMessageSheet::MessageType>(type);
+            auto *sheet = new VelaMessageSheet(messageType, QStringLiteral("text"), QStringLiteral("more"), this);
+            sheet->setMessageType(messageType); // which styles the second text
+            sheet->grab(); // which paints the shadow
+        }
+        new VelaInputSheet(QStringLiteral("text"), this);
+        (new VelaCountdownMessageBox(1, this))->setInformativeText(QStringLiteral("more"));
+    }
+
+    void addViews()
+    {
+        VelaTableColumnsInfo columns;
+        columns.addColumn(QStringLiteral("title"), 10, true, 0.0);
+        new VelaTableWidget(columns, this);
+
+        auto *tree = new VelaTreeWidget(this);
+        tree->setItemDelegate(&m_delegate);
+        auto *item = new QTreeWidgetItem(tree, {QStringLiteral("item")});
+        item->setFlags(item->flags() | Qt::ItemIsEditable);
+        tree->openPersistentEditor(item);
+    }
+
+    void addNavigation()
+    {
+        auto *bar = new VelaPagingBar(&m_pages, this);
+        bar->setFooterText(QStringLiteral("text"));
+        auto *bareBar = new VelaPagingBar(&m_pages, this);
+        bareBar->setRefreshButtonHidden(true);
+        bareBar->setFooterText(QStringLiteral("text"));
+        (new VelaButtonPath(this))->refresh(QStringLiteral("a/b"));
+        new VelaFilterBar(this);
+    }
+
+    VelaPagingModel m_pages {10};
+    ItemDelegate m_delegate;
+};
+
+/// Shows each message that has no window to be shown in, calls @p visit with its box and closes it.
+void visitBoxes(const std::function<void(QWidget *)> &visit)
+{
+    const auto title = QStringLiteral("title");
+    const auto text = QStringLiteral("text");
+    const std::function<void()> shortcuts[] = {
+        [&] { showInfoMsg(title, text, nullptr); },          [&] { showWarningMsg(title, text, nullptr); },
+        [&] { showWarningMsg(title, text, text, nullptr); }, [&] { showConfirmMsg(title, text, nullptr); },
+        [&] { showUpgradingMsg(title, text, nullptr); },
+    };
+    for (const auto &shortcut : shortcuts) {
+        QTimer::singleShot(0, qApp, [&visit] {
+            QWidget *box = QApplication::activeModalWidget();
+            visit(box);
+            box->close();
+        });
+        shortcut();
+    }
+}
+
+/// Class names, those of the bases too, and "#" with the object names of @p root and all below it.
+Names reachedFrom(const QWidget *root)
+{
+    QList<const QWidget *> widgets {root};
+    const auto descendants = root->findChildren<QWidget *>();
+    for (const QWidget *widget : descendants) {
+        widgets.append(widget);
+    }
+    Names names;
+    for (const QWidget *widget : qAsConst(widgets)) {
+        for (const QMetaObject *type = widget->metaObject(); type; type = type->superClass()) {
+            names.insert(QString::fromLatin1(type->className()));
+        }
+        names.insert(QLatin1Char('#') + widget->objectName());
+    }
+    return names;
+}
+
+/// Stands in the section of @p entry and nowhere else.
+QString markerOf(const Vela::StyleEntry &entry)
+{
+    return QLatin1String("Marker") + QString::number(static_cast<int>(entry.style)) + QLatin1Char('_');
+}
+
+/// Adds to @p reached, by key, what rules reach on @p root and below it.
+void collectReached(const QWidget *root, QMap<QString, Names> &reached)
+{
+    QList<const QWidget *> widgets {root};
+    const auto descendants = root->findChildren<QWidget *>();
+    for (const QWidget *widget : descendants) {
+        widgets.append(widget);
+    }
+    for (const QWidget *widget : qAsConst(widgets)) {
+        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+            if (widget->styleSheet().contains(markerOf(entry))) {
+                reached[QString::fromLatin1(entry.key)] += reachedFrom(widget);
+            }
+        }
+    }
+}
+
+} // namespace
+
+class KeysTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        LogCapture log;
+        m_folder.setAsPaths();
+        m_folder.writeCatalogue({});
+        ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+    }
+
+    // First, while nothing is installed, so that every request is told of.
+    void widgetsAskForAllThatIsListedAndForNothingElse()
+    {
+        Requests requests;
+        {
+            LogCapture log;
+            const AllWidgets widgets;
+            visitBoxes([](QWidget *) {});
+            requests.take(log);
+        }
+        QCOMPARE(sorted(requests.styles()), sorted(namesOf(Vela::StyleEntries, &Vela::StyleEntry::key)));
+        QCOMPARE(sorted(requests.images()), sorted(namesOf(Vela::ImageEntries, &Vela::ImageEntry::name)));
+        QCOMPARE(sorted(requests.texts()), sorted(namesOf(Vela::TextEntries, &Vela::TextEntry::key)));
+    }
+
+    void rulesReachTheListedClassesAndObjects_data()
+    {
+        QTest::addColumn<Names>("reached");
+        QTest::addColumn<QString>("listed");
+
+        LogCapture log;
+        QByteArray sheets;
+        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+            sheets += "== " + QByteArray(entry.key) + " ==\n" + markerOf(entry).toLatin1() + " { }\n";
+        }
+        installSheets(m_folder, sheets);
+        QMap<QString, Names> reached;
+        const AllWidgets widgets;
+        collectReached(&widgets, reached);
+        visitBoxes([&reached](QWidget *box) { collectReached(box, reached); });
+        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+            QTest::newRow(entry.key) << reached.value(QString::fromLatin1(entry.key))
+                                     << QString::fromLatin1(entry.reaches);
+        }
+    }
+
+    void rulesReachTheListedClassesAndObjects()
+    {
+        QFETCH(Names, reached);
+        QFETCH(QString, listed);
+        const QStringList names = listed.section(QLatin1Char(';'), 0, 0).split(QStringLiteral(", "));
+        QVERIFY(!names.isEmpty());
+        for (const QString &name : names) {
+            QVERIFY2(reached.contains(name), qPrintable(name));
+        }
+    }
+
+private:
+    ResourceFolder m_folder;
+};
+
+QTEST_MAIN(KeysTest)
+
+#include "tst_keys.moc"
