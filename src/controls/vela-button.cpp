@@ -1,32 +1,23 @@
 #include "controls/vela-button.h"
 
 #include "image-manager/image-manager.h"
-#include "style-manager/style-manager.h"
+#include "look/look_p.h"
 
 #include <QEvent>
 
+using namespace Vela;
+
 namespace {
 
-constexpr const char *StyleKeys[] = {
-    "component.apply_button", // VelaButton::ApplyButton
-    "component.cancel_button", // VelaButton::CancelButton
-    "component.select_paging_button", // VelaButton::SelectPagingButton
-    "component.nonselect_paging_button", // VelaButton::NonselectPagingButton
-    "component.default_button", // VelaButton::DefaultButton
-    "component.red_button", // VelaButton::RedButton
+constexpr Style KindStyles[] = {
+    Style::ApplyButton, // VelaButton::ApplyButton
+    Style::CancelButton, // VelaButton::CancelButton
+    Style::SelectPagingButton, // VelaButton::SelectPagingButton
+    Style::NonselectPagingButton, // VelaButton::NonselectPagingButton
+    Style::DefaultButton, // VelaButton::DefaultButton
+    Style::RedButton, // VelaButton::RedButton
 };
-constexpr int KindCount = sizeof(StyleKeys) / sizeof(StyleKeys[0]);
-
-/// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
-/// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are
-/// parsed anew when the button gets its parent and when it is polished, so the first is one without rules.
-void setFirstStyleSheet(QWidget *button, const QString &sheet)
-{
-    if (!sheet.isEmpty() && button->styleSheet().isEmpty()) {
-        button->setStyleSheet(QStringLiteral(" "));
-    }
-    button->setStyleSheet(sheet);
-}
+constexpr int KindCount = sizeof(KindStyles) / sizeof(KindStyles[0]);
 
 /// An icon that is painted as @p pixmap is on a disabled button too, where the toolkit would grey it.
 QIcon iconOf(const QPixmap &pixmap)
@@ -44,7 +35,7 @@ VelaButton::VelaButton(const QString &text, int kind)
     setFlat(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     if (kind >= 0 && kind < KindCount) {
-        setFirstStyleSheet(this, getStyleSheet(StyleKeys[kind], false));
+        Look::setFirstStyleSheet(this, Look::sheet(KindStyles[kind]));
     }
 }
 
@@ -99,7 +90,7 @@ void VelaIconButton::setAllIcon(const QString &imageName)
     d->hoverIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_HOVER));
     d->pressIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_CLICK));
     d->disableIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_DISABLE));
-    d->iconSize = normal.size() / DPIinfo::getInstance()->getDPR();
+    d->iconSize = Look::logicalSize(normal);
     setIcon(d->defaultIcon);
 }
 
@@ -109,7 +100,7 @@ void VelaIconButton::setDefaultIcon(const QPixmap &pixmap)
     d->pressIcon = d->defaultIcon;
     d->hoverIcon = d->defaultIcon;
     d->disableIcon = d->defaultIcon;
-    d->iconSize = pixmap.size() / DPIinfo::getInstance()->getDPR();
+    d->iconSize = Look::logicalSize(pixmap);
     setIcon(d->defaultIcon);
 }
 
@@ -132,7 +123,7 @@ void VelaIconButton::initialize()
 {
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setFirstStyleSheet(this, getStyleSheet("component.icon_button", false));
+    Look::setFirstStyleSheet(this, Look::sheet(Style::IconButton));
     setPopupMode(QToolButton::InstantPopup);
 }
 

@@ -1,10 +1,13 @@
 #include "controls/vela-combo-box.h"
 
-#include "style-manager/style-manager.h"
+#include "look/look_p.h"
+#include "scale/dpi-info.h"
 
 #include <QAbstractItemView>
 #include <QPointer>
 #include <QStyledItemDelegate>
+
+using namespace Vela;
 
 namespace {
 
@@ -16,8 +19,8 @@ QString comboBoxSheet()
     const QString padding =
         QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad + QLatin1String("px;");
     const QString border = QStringLiteral("border: 1px solid #C8D2DC;");
-    const QString boxSheet = getStyleSheet("component.combobox", false).arg(padding).arg(border);
-    return boxSheet + getStyleSheet("component.scrollbar", false);
+    const QString boxSheet = Look::sheet(Style::ComboBox).arg(padding).arg(border);
+    return boxSheet + Look::sheet(Style::ScrollBar);
 }
 
 } // namespace
