@@ -29,6 +29,10 @@ QIcon iconOf(const QPixmap &pixmap)
 
 } // namespace
 
+class VelaButtonPrivate
+{
+};
+
 VelaButton::VelaButton(const QString &text, int kind)
 {
     setText(text);

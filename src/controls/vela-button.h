@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class VelaButtonPrivate;
 class VelaIconButtonPrivate;
 
 /// Flat text button whose look is one of six style sheets.
@@ -24,11 +25,15 @@ public:
         DefaultButton = 4, ///< no emphasis: "component.default_button"
         RedButton = 5, ///< destroys: "component.red_button"
     };
+    Q_ENUM(Kind)
 
     /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none
     /// of the above leaves it without a style sheet.
     explicit VelaButton(const QString &text, int kind = DefaultButton);
     ~VelaButton() override;
+
+private:
+    const std::unique_ptr<VelaButtonPrivate> d;
 };
 
 /// Button of an image only, which follows the pointer, the mouse buttons and the enabled state with one of four icons.

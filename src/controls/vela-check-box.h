@@ -5,6 +5,11 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
+#include <memory>
+
+class VelaCheckBoxPrivate;
+class VelaRadioButtonPrivate;
+
 /// Check box in the look of "component.checkbox".
 class VELA_EXPORT VelaCheckBox : public QCheckBox
 {
@@ -12,6 +17,10 @@ class VELA_EXPORT VelaCheckBox : public QCheckBox
 
 public:
     explicit VelaCheckBox(const QString &text, QWidget *parent = nullptr);
+    ~VelaCheckBox() override;
+
+private:
+    const std::unique_ptr<VelaCheckBoxPrivate> d;
 };
 
 /// Radio button in the look of "component.radio_button".
@@ -21,4 +30,8 @@ class VELA_EXPORT VelaRadioButton : public QRadioButton
 
 public:
     explicit VelaRadioButton(const QString &text, QWidget *parent = nullptr);
+    ~VelaRadioButton() override;
+
+private:
+    const std::unique_ptr<VelaRadioButtonPrivate> d;
 };

@@ -24,6 +24,8 @@ public:
     QHBoxLayout *const layout;
     QList<QPointer<QWidget>> leftWidgets;
     QList<QPointer<QWidget>> rightWidgets;
+    QMargins margins; // logical pixels
+    int spacing = -1; // logical pixels
 };
 
 void VelaFootbarPrivate::addToLayout(const QList<QPointer<QWidget>> &widgets)
@@ -59,10 +61,22 @@ void VelaFootbar::init()
 
 void VelaFootbar::setMargins(int left, int top, int right, int bottom)
 {
+    d->margins = QMargins(left, top, right, bottom);
     d->layout->setContentsMargins(scaled(left), scaled(top), scaled(right), scaled(bottom));
+}
+
+QMargins VelaFootbar::margins() const
+{
+    return d->margins;
 }
 
 void VelaFootbar::setSpacing(int spacing)
 {
+    d->spacing = spacing;
     d->layout->setSpacing(scaled(spacing));
+}
+
+int VelaFootbar::spacing() const
+{
+    return d->spacing;
 }

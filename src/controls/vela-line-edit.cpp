@@ -31,6 +31,8 @@ public:
     QLabel *postLabel = nullptr;
     QLineEdit *lineEdit = nullptr;
     bool (*validator)(const QString &) = nullptr;
+    QMargins margins; // logical pixels
+    int spacing = 0; // logical pixels
 };
 
 VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaLineEditPrivate>())
@@ -54,12 +56,24 @@ VelaLineEdit::~VelaLineEdit() = default;
 
 void VelaLineEdit::setMargins(int left, int top, int right, int bottom)
 {
+    d->margins = QMargins(left, top, right, bottom);
     d->layout->setContentsMargins(scaled(left), scaled(top), scaled(right), scaled(bottom));
+}
+
+QMargins VelaLineEdit::margins() const
+{
+    return d->margins;
 }
 
 void VelaLineEdit::setSpacing(int spacing)
 {
+    d->spacing = spacing;
     d->layout->setSpacing(scaled(spacing));
+}
+
+int VelaLineEdit::spacing() const
+{
+    return d->spacing;
 }
 
 void VelaLineEdit::setValidator(bool (*validator)(const QString &))
@@ -77,6 +91,11 @@ void VelaLineEdit::setError(bool error)
     d->lineEdit->setProperty("error", error);
     d->lineEdit->style()->polish(d->lineEdit);
     d->lineEdit->update();
+}
+
+bool VelaLineEdit::hasError() const
+{
+    return d->lineEdit->property("error").toBool();
 }
 
 QLabel *VelaLineEdit::getPreLabel()

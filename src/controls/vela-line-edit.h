@@ -23,8 +23,10 @@ public:
 
     /// Margins around the row in logical pixels; 0 at first.
     void setMargins(int left, int top, int right, int bottom);
+    QMargins margins() const;
     /// Space between the texts and the field in logical pixels; 0 at first.
     void setSpacing(int spacing);
+    int spacing() const;
 
     /// Sets what validate() asks, without asking it; null for nothing.
     void setValidator(bool (*validator)(const QString &));
@@ -33,6 +35,8 @@ public:
 
     /// Sets the field's dynamic property "error", on which style sheets select, and brings its look up to date.
     void setError(bool error);
+    /// That property; false until it is set.
+    bool hasError() const;
 
     /// The text in front of the field, empty at first. It belongs to this widget.
     QLabel *getPreLabel();

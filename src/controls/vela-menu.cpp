@@ -25,7 +25,13 @@ int movedInto(int start, int size, int first, int last)
 
 } // namespace
 
+class VelaMenuPrivate
+{
+};
+
 VelaMenu::VelaMenu(QWidget *parent) : QMenu(parent) { }
+
+VelaMenu::~VelaMenu() = default;
 
 void VelaMenu::showEvent(QShowEvent *event)
 {

@@ -4,6 +4,10 @@
 
 #include <QMenu>
 
+#include <memory>
+
+class VelaMenuPrivate;
+
 /// Menu that moves away from the edges of its screen's available area each time it is shown. It has no style sheet of
 /// its own; set "component.menu" or another.
 ///
@@ -16,7 +20,11 @@ class VELA_EXPORT VelaMenu : public QMenu
 
 public:
     explicit VelaMenu(QWidget *parent = nullptr);
+    ~VelaMenu() override;
 
 protected:
     void showEvent(QShowEvent *event) override;
+
+private:
+    const std::unique_ptr<VelaMenuPrivate> d;
 };

@@ -17,30 +17,45 @@ constexpr QSize ButtonSize(34, 24);
 
 } // namespace
 
-VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent)
+class VelaFilterBarPrivate
+{
+public:
+    void createSearchButton(VelaFilterBar *bar);
+
+    VelaIconButton *searchButton = nullptr;
+};
+
+void VelaFilterBarPrivate::createSearchButton(VelaFilterBar *bar)
+{
+    searchButton = new VelaIconButton(Look::nameOf(Image::SearchMenu));
+    searchButton->setFocusPolicy(Qt::NoFocus);
+    searchButton->setParent(bar);
+    searchButton->setStyleSheet(Look::sheet(Style::FilterSearchButton));
+    searchButton->move(scaled(ButtonPosition.x()), scaled(ButtonPosition.y()));
+    searchButton->setCursor(Qt::ArrowCursor);
+    searchButton->setFixedSize(scaled(ButtonSize.width()), scaled(ButtonSize.height()));
+}
+
+VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_unique<VelaFilterBarPrivate>())
 {
     setAttribute(Qt::WA_MacShowFocusRect, false);
-    createSearchButton();
+    d->createSearchButton(this);
     const QString fieldSheet = Look::sheet(Style::LineEdit);
     setStyleSheet(fieldSheet + Look::sheet(Style::FilterBarPadding));
     setFixedHeight(scaled(Metric::FieldHeight));
     connect(this, &QLineEdit::returnPressed, this, &VelaFilterBar::slotKeywordChange);
 }
 
-void VelaFilterBar::createSearchButton()
-{
-    m_searchButton = new VelaIconButton(Look::nameOf(Image::SearchMenu));
-    m_searchButton->setFocusPolicy(Qt::NoFocus);
-    m_searchButton->setParent(this);
-    m_searchButton->setStyleSheet(Look::sheet(Style::FilterSearchButton));
-    m_searchButton->move(scaled(ButtonPosition.x()), scaled(ButtonPosition.y()));
-    m_searchButton->setCursor(Qt::ArrowCursor);
-    m_searchButton->setFixedSize(scaled(ButtonSize.width()), scaled(ButtonSize.height()));
-}
+VelaFilterBar::~VelaFilterBar() = default;
 
 void VelaFilterBar::setMenu(QMenu *menu)
 {
-    m_searchButton->setMenu(menu);
+    d->searchButton->setMenu(menu);
+}
+
+QMenu *VelaFilterBar::menu() const
+{
+    return d->searchButton->menu();
 }
 
 void VelaFilterBar::slotKeywordChange()
@@ -54,7 +69,7 @@ void VelaFilterBar::keyPressEvent(QKeyEvent *event)
         QLineEdit::keyPressEvent(event);
         return;
     }
-    if (m_searchButton->menu()) {
-        m_searchButton->showMenu();
+    if (menu()) {
+        d->searchButton->showMenu();
     }
 }

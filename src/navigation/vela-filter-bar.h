@@ -4,8 +4,10 @@
 
 #include <QLineEdit>
 
+#include <memory>
+
 class QMenu;
-class VelaIconButton;
+class VelaFilterBarPrivate;
 
 /// Search field for filtering a list, with a button at its left that opens a menu of the client's.
 ///
@@ -18,9 +20,12 @@ class VELA_EXPORT VelaFilterBar : public QLineEdit
 
 public:
     explicit VelaFilterBar(QWidget *parent = nullptr);
+    ~VelaFilterBar() override;
 
     /// Sets the menu that the button opens, and Key_Down in the field; the bar does not take ownership.
     void setMenu(QMenu *menu);
+    /// That menu; null without one.
+    QMenu *menu() const;
 
 Q_SIGNALS:
     /// Return was pressed; @p keyword is the whole text, possibly empty.
@@ -34,7 +39,5 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void createSearchButton();
-
-    VelaIconButton *m_searchButton = nullptr;
+    const std::unique_ptr<VelaFilterBarPrivate> d;
 };

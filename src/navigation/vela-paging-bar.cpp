@@ -44,52 +44,63 @@ constexpr NavigationLook NavigationLooks[NavigationCount] = {
 
 } // namespace
 
-VelaPagingModel::VelaPagingModel(int rowLimit, QObject *parent) : QObject(parent), m_rowLimit(rowLimit) { }
+class VelaPagingModelPrivate
+{
+public:
+    qint32 rowLimit;
+    qint32 itemCount = 0;
+    qint32 nowPage = 1;
+};
+
+VelaPagingModel::VelaPagingModel(int rowLimit, QObject *parent) :
+    QObject(parent), d(new VelaPagingModelPrivate {rowLimit})
+{
+}
 
 VelaPagingModel::~VelaPagingModel() = default;
 
 int VelaPagingModel::rowLimit() const
 {
-    return m_rowLimit;
+    return d->rowLimit;
 }
 
 void VelaPagingModel::setRowLimit(int rowLimit)
 {
-    m_rowLimit = rowLimit;
+    d->rowLimit = rowLimit;
 }
 
 int VelaPagingModel::itemCount() const
 {
-    return m_itemCount;
+    return d->itemCount;
 }
 
 void VelaPagingModel::setItemCount(int itemCount)
 {
-    m_itemCount = itemCount;
+    d->itemCount = itemCount;
 }
 
 int VelaPagingModel::nowPage() const
 {
-    return m_nowPage;
+    return d->nowPage;
 }
 
 void VelaPagingModel::setNowPage(int nowPage)
 {
-    m_nowPage = nowPage;
+    d->nowPage = nowPage;
 }
 
 int VelaPagingModel::pageCount() const
 {
-    if (m_rowLimit <= 0) {
+    if (d->rowLimit <= 0) {
         return 1;
     }
-    const int pages = m_itemCount / m_rowLimit + (m_itemCount % m_rowLimit == 0 ? 0 : 1);
+    const int pages = d->itemCount / d->rowLimit + (d->itemCount % d->rowLimit == 0 ? 0 : 1);
     return qMax(pages, 1);
 }
 
 int VelaPagingModel::startItem() const
 {
-    return static_cast<int>((static_cast<qint64>(m_nowPage) - 1) * m_rowLimit);
+    return static_cast<int>((static_cast<qint64>(d->nowPage) - 1) * d->rowLimit);
 }
 
 class VelaPagingBarPrivate
@@ -245,6 +256,11 @@ VelaPagingBar::VelaPagingBar(VelaPagingModel *model, QWidget *parent) :
 }
 
 VelaPagingBar::~VelaPagingBar() = default;
+
+VelaPagingModel *VelaPagingBar::model() const
+{
+    return d->model;
+}
 
 void VelaPagingBar::setItemCount(int count)
 {

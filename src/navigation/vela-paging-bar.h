@@ -8,6 +8,7 @@
 #include <vector>
 
 class VelaPagingBarPrivate;
+class VelaPagingModelPrivate;
 
 /// The numbers of a list that is shown a page at a time. Nothing is checked or clamped.
 class VELA_EXPORT VelaPagingModel : public QObject
@@ -35,9 +36,7 @@ public:
     int startItem() const;
 
 private:
-    qint32 m_rowLimit;
-    qint32 m_itemCount = 0;
-    qint32 m_nowPage = 1;
+    const std::unique_ptr<VelaPagingModelPrivate> d;
 };
 
 /// One label in the footer of a VelaPagingBar.
@@ -59,6 +58,9 @@ public:
     /// A bar for @p model, which must outlive it; page and item count of the model are reset to 1 and 0.
     explicit VelaPagingBar(VelaPagingModel *model, QWidget *parent = nullptr);
     ~VelaPagingBar() override;
+
+    /// What the bar was made for: page and item count are read there.
+    VelaPagingModel *model() const;
 
     /// Sets the number of items and keeps the page, even if it is beyond the last one now.
     void setItemCount(int count);

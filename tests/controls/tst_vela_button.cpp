@@ -104,6 +104,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void valuesOfTheKinds();
+    void theKindsAreKnownByName();
     void aKindWithoutItsSheetIsUnstyledAndLogged();
     void theKindDecidesTheSheet_data();
     void theKindDecidesTheSheet();
@@ -171,6 +172,13 @@ void VelaButtonTest::initTestCase()
     m_folder.writeImage(QStringLiteral("large_disable"), FileSize, Disable);
     m_folder.writeCatalogue({QStringLiteral("four"), QStringLiteral("one"), QStringLiteral("large")});
     ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+}
+
+void VelaButtonTest::theKindsAreKnownByName()
+{
+    const auto kinds = QMetaEnum::fromType<VelaButton::Kind>();
+    QCOMPARE(kinds.valueToKey(VelaButton::RedButton), "RedButton");
+    QCOMPARE(kinds.keyCount(), 6);
 }
 
 void VelaButtonTest::valuesOfTheKinds()

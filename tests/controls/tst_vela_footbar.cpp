@@ -30,6 +30,7 @@ private Q_SLOTS:
     void nothingIsLaidOutOrOwnedBeforeInit();
     void aBarWithoutWidgetsHoldsTheStretchOnly();
     void initSetsMarginsSpacingAndAlignment();
+    void gettersGiveBackWhatWasSet();
     void theRowIsLeftStretchRight();
     void theGroupsStandAtTheirEnds_data();
     void theGroupsStandAtTheirEnds();
@@ -44,6 +45,22 @@ private Q_SLOTS:
     void itIsFoundAmongItsParentsChildren();
     void theBarOwnsItsWidgetsAfterInit();
 };
+
+void VelaFootbarTest::gettersGiveBackWhatWasSet()
+{
+    VelaFootbar bar;
+    QCOMPARE(bar.margins(), QMargins());
+    QCOMPARE(bar.spacing(), -1);
+
+    bar.init();
+    QCOMPARE(bar.margins(), QMargins(20, 8, 20, 8));
+    QCOMPARE(bar.spacing(), 10);
+
+    bar.setMargins(1, 2, 3, 4);
+    bar.setSpacing(5);
+    QCOMPARE(bar.margins(), QMargins(1, 2, 3, 4));
+    QCOMPARE(bar.spacing(), 5);
+}
 
 void VelaFootbarTest::itAddsNoSignalsSlotsOrProperties()
 {

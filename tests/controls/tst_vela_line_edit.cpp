@@ -106,6 +106,7 @@ private Q_SLOTS:
     void itIsARowOfTextFieldAndText();
     void itsPartsBelongToIt();
     void itsPartsAreEmptyAtFirst();
+    void gettersGiveBackWhatWasSet();
     void emptyTextsTakeNoRoom();
     void textsStandBeforeAndAfterTheField();
     void aNarrowFieldStandsAtTheLeft();
@@ -161,6 +162,21 @@ void VelaLineEditTest::initTestCase()
 void VelaLineEditTest::init()
 {
     g_asked.clear();
+}
+
+void VelaLineEditTest::gettersGiveBackWhatWasSet()
+{
+    VelaLineEdit edit;
+    QCOMPARE(edit.margins(), QMargins());
+    QCOMPARE(edit.spacing(), 0);
+    QVERIFY(!edit.hasError());
+
+    edit.setMargins(1, 2, 3, 4);
+    edit.setSpacing(5);
+    edit.setError(true);
+    QCOMPARE(edit.margins(), QMargins(1, 2, 3, 4));
+    QCOMPARE(edit.spacing(), 5);
+    QVERIFY(edit.hasError());
 }
 
 void VelaLineEditTest::missingSheetsAreLoggedInReadingOrder()

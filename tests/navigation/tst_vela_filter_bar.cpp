@@ -24,6 +24,7 @@ private Q_SLOTS:
 
     void missingSheetsAreLoggedFromTheButtonToTheField();
     void theParentMayBeLeftOut();
+    void itTellsItsMenu();
     void itAddsOneSignalAndOneSlot();
     void theButtonLiesOverTheFieldsLeftEnd();
     void theButtonTakesItsOwnSheetAndNotThatOfIconButtons();
@@ -74,6 +75,17 @@ void VelaFilterBarTest::missingSheetsAreLoggedFromTheButtonToTheField()
         expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
     }
     QCOMPARE(m_loggedWithoutSheets, expected);
+}
+
+void VelaFilterBarTest::itTellsItsMenu()
+{
+    VelaFilterBar bar;
+    QCOMPARE(bar.menu(), nullptr);
+    QMenu menu;
+    bar.setMenu(&menu);
+    QCOMPARE(bar.menu(), &menu);
+    bar.setMenu(nullptr);
+    QCOMPARE(bar.menu(), nullptr);
 }
 
 void VelaFilterBarTest::theParentMayBeLeftOut()

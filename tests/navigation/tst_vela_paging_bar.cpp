@@ -200,6 +200,7 @@ private Q_SLOTS:
     void theFirstItemOfAPageIsCountedFromZero();
 
     void theBarDeclaresItsSignalsAndSlotsInOrder();
+    void theBarTellsItsModel();
     void missingSheetsAreLoggedInTheOrderOfConstruction();
     void theBarResetsItsModel();
     void theBarDoesNotOwnItsModel();
@@ -403,6 +404,13 @@ void VelaPagingBarTest::theFirstItemOfAPageIsCountedFromZero()
     VelaPagingModel model(limit);
     model.setNowPage(page);
     QCOMPARE(model.startItem(), item);
+}
+
+void VelaPagingBarTest::theBarTellsItsModel()
+{
+    VelaPagingModel model(10);
+    const VelaPagingBar bar(&model);
+    QCOMPARE(bar.model(), &model);
 }
 
 void VelaPagingBarTest::theBarDeclaresItsSignalsAndSlotsInOrder()
