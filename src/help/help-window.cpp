@@ -103,7 +103,8 @@ void HelpWindow::slotReceiveReply(QNetworkReply *reply)
     d->timer.stop();
     reply->deleteLater();
     if (reply->error() == QNetworkReply::NoError) {
-        d->browser->setText(QString::fromUtf8(reply->readAll()));
+        const QByteArray page = reply->readAll();
+        d->browser->setText(QString::fromUtf8(page.constData(), page.size())); // null bytes too
     } else {
         fallbackOfflineHelp();
     }

@@ -28,6 +28,7 @@ namespace {
 // The names, the framing and the answer are what every edition of this class uses.
 constexpr char Acknowledgement[] = "ack";
 constexpr int AcknowledgementSize = sizeof(Acknowledgement) - 1;
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr int NameLetters = 6;
 
 constexpr quint32 MaximalMessageSize = 64 * 1024 * 1024; // bytes
@@ -45,6 +46,14 @@ QString socketNameOf(const QString &id, QString label)
     return QStringLiteral("qtsingleapp-%1-%2-%3")
         .arg(label.remove(notLetters).left(NameLetters), QString::number(checksum, 16),
              QString::number(::getuid(), 16));
+}
+
+/// All of @p message, its null bytes and byte order marks too. What is converted loses one mark in front, so it gets
+/// one to lose.
+QString textOf(const QByteArray &message)
+{
+    const QByteArray marked = ByteOrderMark + message;
+    return QString::fromUtf8(marked.constData(), marked.size());
 }
 
 /// A socket that only processes of this user can connect to; -1, with errno, if there can be none at @p path.
@@ -301,7 +310,7 @@ void QtLocalPeer::receiveMessage(QLocalSocket *socket)
         return;
     }
     socket->skip(sizeof(size));
-    const QString message = QString::fromUtf8(socket->read(size));
+    const QString message = textOf(socket->read(size));
     disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
     // Before the signal, since its slots may take longer than the sender waits.
     socket->write(Acknowledgement, AcknowledgementSize);

@@ -284,6 +284,8 @@ private Q_SLOTS:
     void anAnswerOfAnotherStatusIsShownToo();
     void aPlainTextIsShownAsItIs_data();
     void aPlainTextIsShownAsItIs();
+    void aPageDoesNotEndAtANullByte_data();
+    void aPageDoesNotEndAtANullByte();
     void aPageIsUtf8WhateverTheLocale_data();
     void aPageIsUtf8WhateverTheLocale();
     void aPageIsUtf8WhateverItDeclares_data();
@@ -579,6 +581,19 @@ void HelpWindowTest::aPlainTextIsShownAsItIs()
     QFETCH(bool, isOnline);
     const Help help(offer("2 < 3 & Grüße\nnext", isOnline));
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QStringLiteral("2 < 3 & Grüße\nnext"), Patience);
+}
+
+void HelpWindowTest::aPageDoesNotEndAtANullByte_data()
+{
+    addOnlineAndOffline();
+}
+
+void HelpWindowTest::aPageDoesNotEndAtANullByte()
+{
+    QFETCH(bool, isOnline);
+    const Help help(offer(page(QStringLiteral("before\0after")), isOnline));
+    QTRY_VERIFY_WITH_TIMEOUT(help.text().startsWith(QStringLiteral("before")), Patience);
+    QVERIFY2(help.text().endsWith(QStringLiteral("after")), qPrintable(help.text()));
 }
 
 void HelpWindowTest::aPageIsUtf8WhateverTheLocale_data()

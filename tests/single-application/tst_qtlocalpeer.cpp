@@ -424,7 +424,10 @@ void QtLocalPeerTest::aMessageIsReceivedAndAcknowledged_data()
     QTest::newRow("plain") << QStringLiteral("--page buttons");
     QTest::newRow("empty") << QString();
     QTest::newRow("letters of other scripts") << QStringLiteral("Grüße, 日本, 😀");
-    QTest::newRow("control characters") << QString::fromUtf8(QByteArray("a\0b\nc", 5));
+    QTest::newRow("control characters") << QStringLiteral("a\0b\nc");
+    QTest::newRow("a null byte and no more") << QStringLiteral("\0");
+    QTest::newRow("a byte order mark in front") << QStringLiteral("\uFEFFtext");
+    QTest::newRow("byte order marks and no more") << QStringLiteral("\uFEFF\uFEFF");
     QTest::newRow("a megabyte") << QStringLiteral("ü").repeated(1 << 19);
 }
 
