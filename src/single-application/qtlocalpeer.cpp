@@ -1,43 +1,36 @@
 #include "single-application/qtlocalpeer.h"
 
+#include "single-application/first-place_p.h"
+#include "single-application/message_p.h"
 #include "utils/util.h"
 
 #include <QCoreApplication>
-#include <QDataStream>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QLocalSocket>
 #include <QRegularExpression>
-#include <QSocketNotifier>
-#include <QThread>
 #include <QTimer>
-#include <QtEndian>
+#include <QVector>
 
-#include <algorithm>
-#include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <thread>
 
-#include <fcntl.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace {
 
-// The names, the framing and the answer are what every edition of this class uses.
-constexpr char Acknowledgement[] = "ack";
-constexpr int AcknowledgementSize = sizeof(Acknowledgement) - 1;
-constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+using namespace std::chrono_literals;
+using Vela::FirstPlace;
+using Vela::Message;
+
 constexpr int NameLetters = 6;
-
-constexpr quint32 MaximalMessageSize = 64 * 1024 * 1024; // bytes
 constexpr int MaximalConnections = 100; // open at once
-constexpr int ConnectionTimeout = 10000; // milliseconds without anything of a message that is not complete
-constexpr int AcceptDelay = 100; // milliseconds until a process that is out of descriptors tries again
-constexpr unsigned long RetryDelay = 20; // milliseconds until a process that is just starting is tried again
+constexpr auto ConnectionTimeout = 10s; // without anything of a message that is not complete
+constexpr auto AcceptDelay = 100ms; // until a process that is out of descriptors tries again
+constexpr auto RetryDelay = 20ms; // until a process that is just starting is tried again
 
-/// @p label is what a person recognises the name by.
+// As every edition of this class names it. A person recognises the name by the label.
 QString socketNameOf(const QString &id, QString label)
 {
     static const QRegularExpression notLetters(QStringLiteral("[^a-zA-Z]"));
@@ -48,51 +41,16 @@ QString socketNameOf(const QString &id, QString label)
              QString::number(::getuid(), 16));
 }
 
-/// All of @p message, its null bytes and byte order marks too. What is converted loses one mark in front, so it gets
-/// one to lose.
-QString textOf(const QByteArray &message)
+int descriptorOf(const QLocalSocket &socket)
 {
-    const QByteArray marked = ByteOrderMark + message;
-    return QString::fromUtf8(marked.constData(), marked.size());
+    return static_cast<int>(socket.socketDescriptor());
 }
 
-/// A socket that only processes of this user can connect to; -1, with errno, if there can be none at @p path.
-int listenAt(const QByteArray &path)
-{
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= static_cast<int>(sizeof(address.sun_path))) {
-        errno = ENAMETOOLONG;
-        return -1;
-    }
-    std::copy(path.begin(), path.end(), address.sun_path);
-    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    // Nobody can connect before listen(), so the permissions are in time.
-    if (descriptor == -1
-        || (::bind(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0
-            && ::chmod(path.constData(), S_IRUSR | S_IWUSR) == 0 && ::listen(descriptor, SOMAXCONN) == 0)) {
-        return descriptor;
-    }
-    const int error = errno;
-    ::close(descriptor);
-    errno = error;
-    return -1;
-}
-
-/// Whether something has come that the event loop has not got round to.
+// Whether something has come that the event loop has not got round to.
 bool hasUnreadData(const QLocalSocket &socket)
 {
     char byte = 0;
-    return ::recv(static_cast<int>(socket.socketDescriptor()), &byte, sizeof(byte), MSG_PEEK | MSG_DONTWAIT) > 0;
-}
-
-/// Whether a process of this user is at the other end.
-bool isOwnUsers(const QLocalSocket &socket)
-{
-    ucred peer = {};
-    socklen_t size = sizeof(peer);
-    return ::getsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0
-        && peer.uid == ::geteuid();
+    return ::recv(descriptorOf(socket), &byte, sizeof(byte), MSG_PEEK | MSG_DONTWAIT) > 0;
 }
 
 int remainingTime(const QDeadlineTimer &deadline)
@@ -100,10 +58,10 @@ int remainingTime(const QDeadlineTimer &deadline)
     return static_cast<int>(deadline.remainingTime());
 }
 
-bool writeTo(QLocalSocket *socket, const QByteArray &message, const QDeadlineTimer &deadline)
+bool writeTo(QLocalSocket *socket, const Message &message, const QDeadlineTimer &deadline)
 {
-    QDataStream stream(socket);
-    stream.writeBytes(message.constData(), static_cast<uint>(message.size()));
+    socket->write(message.header());
+    socket->write(message.utf8);
     while (socket->bytesToWrite() > 0) {
         if (!socket->waitForBytesWritten(remainingTime(deadline))) {
             return false;
@@ -114,112 +72,76 @@ bool writeTo(QLocalSocket *socket, const QByteArray &message, const QDeadlineTim
 
 bool awaitAcknowledgement(QLocalSocket *socket, const QDeadlineTimer &deadline)
 {
-    while (socket->bytesAvailable() < AcknowledgementSize) {
+    while (socket->bytesAvailable() < Vela::AcknowledgementSize) {
         if (!socket->waitForReadyRead(remainingTime(deadline))) {
             return false;
         }
     }
-    return socket->read(AcknowledgementSize) == Acknowledgement;
+    return socket->read(Vela::AcknowledgementSize) == Vela::Acknowledgement;
 }
 
 } // namespace
 
-QtLocalPeer::QtLocalPeer(QObject *parent, const QString &appId) :
-    QObject(parent),
-    m_id(appId.isEmpty() ? QCoreApplication::applicationFilePath() : appId),
-    m_socketPath(QDir(QDir::tempPath())
-                     .absoluteFilePath(socketNameOf(m_id, appId.isEmpty() ? QFileInfo(m_id).fileName() : m_id)))
+class QtLocalPeerPrivate : public QObject
 {
-    openLockFile();
+public:
+    QtLocalPeerPrivate(QtLocalPeer *peer, const QString &appId);
+
+    bool sendMessage(const Message &message, const QDeadlineTimer &deadline);
+
+    const QString id;
+    FirstPlace place;
+
+private:
+    bool acceptConnection();
+    void makeRoomForConnections();
+    void addConnection(QLocalSocket *socket);
+    void receiveMessage(QLocalSocket *socket);
+    bool connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline);
+
+    QtLocalPeer *const q;
+    QVector<QLocalSocket *> m_connections; // the one that has been silent longest first
+};
+
+QtLocalPeerPrivate::QtLocalPeerPrivate(QtLocalPeer *peer, const QString &appId) :
+    QObject(peer),
+    id(appId.isEmpty() ? QCoreApplication::applicationFilePath() : appId),
+    place(QDir(QDir::tempPath()).absoluteFilePath(socketNameOf(id, appId.isEmpty() ? QFileInfo(id).fileName() : id)),
+          this),
+    q(peer)
+{
+    connect(&place, &FirstPlace::connectionWaiting, this, &QtLocalPeerPrivate::acceptConnection);
+    connect(&place, &FirstPlace::aboutToClose, this, [this] {
+        while (acceptConnection()) { }
+    });
 }
 
-// The socket goes while the lock is held, which is released with the members: otherwise a successor that gets the lock
-// in between would have its new socket removed.
-QtLocalPeer::~QtLocalPeer()
+bool QtLocalPeerPrivate::sendMessage(const Message &message, const QDeadlineTimer &deadline)
 {
-    if (m_listener) {
-        QFile::remove(m_socketPath);
-        const int descriptor = static_cast<int>(m_listener->socket());
-        delete m_listener;
-        ::close(descriptor);
-    }
-}
-
-// Nobody else may open the file, from its first moment on: who can open it can lock it, and no process would be the
-// first. Neither a symbolic nor a hard link that lies in its place may lead to another file of the user.
-void QtLocalPeer::openLockFile()
-{
-    m_lockFile.setFileName(m_socketPath + QLatin1String("-lockfile"));
-    const int descriptor = ::open(QFile::encodeName(m_lockFile.fileName()).constData(),
-                                  O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
-    struct stat status = {};
-    const bool isOwn = descriptor != -1 && ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)
-        && status.st_nlink == 1 && status.st_uid == ::geteuid() && ::fchmod(descriptor, S_IRUSR | S_IWUSR) == 0;
-    if (isOwn) {
-        m_lockFile.QFile::open(descriptor, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle);
-        return;
-    }
-    qCWarning(debug_message, "\"%s\" cannot be opened or is another user's", qPrintable(m_lockFile.fileName()));
-    if (descriptor != -1) {
-        ::close(descriptor);
-    }
-}
-
-bool QtLocalPeer::isClient()
-{
-    if (m_lockFile.isLocked() || !m_lockFile.isOpen()) {
+    if (static_cast<quint32>(message.utf8.size()) > Message::MaximalSize) {
+        qCWarning(debug_message, "A message of %d bytes is too long", message.utf8.size());
         return false;
     }
-    if (!m_lockFile.lock(QtLockedFile::WriteLock, false)) {
-        return true;
-    }
-    listen();
-    return false;
-}
-
-// Not by QLocalServer: when a connection cannot be accepted for want of descriptors, it removes its socket and stops
-// listening for good, without telling.
-void QtLocalPeer::listen()
-{
-    // A socket that is still there belongs to nobody any more, since this process has got the lock.
-    QFile::remove(m_socketPath);
-    const int descriptor = listenAt(QFile::encodeName(m_socketPath));
-    if (descriptor == -1) {
-        const int error = errno; // before logging changes it
-        qCWarning(debug_message, "Cannot receive messages of other instances: %s", std::strerror(error));
-        return;
-    }
-    m_listener = new QSocketNotifier(descriptor, QSocketNotifier::Read, this);
-    connect(m_listener, &QSocketNotifier::activated, this, &QtLocalPeer::acceptConnection);
-}
-
-bool QtLocalPeer::sendMessage(const QString &message, int timeout)
-{
-    const QByteArray bytes = message.toUtf8();
-    if (!isClient()) {
+    if (!Vela::isSocketPath(QFile::encodeName(place.path()))) {
+        qCWarning(debug_message, "Cannot reach the first instance: %s", std::strerror(ENAMETOOLONG));
         return false;
     }
-    if (static_cast<quint32>(bytes.size()) > MaximalMessageSize) {
-        qCWarning(debug_message, "A message of %d bytes is too long", bytes.size());
-        return false;
-    }
-    const QDeadlineTimer deadline = timeout < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeout);
     QLocalSocket socket;
     if (!connectToFirst(&socket, deadline)) {
         return false;
     }
-    if (!isOwnUsers(socket)) {
+    if (!Vela::isOwnUsers(descriptorOf(socket))) {
         qCWarning(debug_message, "Another user listens at \"%s\"", qPrintable(socket.fullServerName()));
         return false;
     }
-    return writeTo(&socket, bytes, deadline) && awaitAcknowledgement(&socket, deadline);
+    return writeTo(&socket, message, deadline) && awaitAcknowledgement(&socket, deadline);
 }
 
-/// Tries as long as there is a first process: one that is just starting holds the lock before it listens.
-bool QtLocalPeer::connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline)
+// Tries as long as there is a first process: one that is just starting holds the lock before it listens.
+bool QtLocalPeerPrivate::connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline)
 {
-    while (isClient()) {
-        socket->connectToServer(m_socketPath);
+    while (!place.take()) {
+        socket->connectToServer(place.path());
         if (socket->waitForConnected(remainingTime(deadline))) {
             return true;
         }
@@ -227,44 +149,42 @@ bool QtLocalPeer::connectToFirst(QLocalSocket *socket, const QDeadlineTimer &dea
             return false;
         }
         socket->abort();
-        QThread::msleep(RetryDelay);
+        std::this_thread::sleep_for(RetryDelay);
     }
     return false;
 }
 
-QString QtLocalPeer::applicationId() const
+// Whether there was one.
+bool QtLocalPeerPrivate::acceptConnection()
 {
-    return m_id;
-}
-
-void QtLocalPeer::acceptConnection()
-{
-    const int descriptor =
-        ::accept4(static_cast<int>(m_listener->socket()), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (descriptor != -1) {
+    Vela::Descriptor connection = place.accept();
+    if (connection.isOpen()) {
         auto *socket = new QLocalSocket(this);
-        socket->setSocketDescriptor(descriptor);
+        socket->setSocketDescriptor(connection.release());
         addConnection(socket);
-    } else if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED) {
+        return true;
+    }
+    if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED) {
         makeRoomForConnections();
     }
+    return false;
 }
 
-/// The peer that could not be accepted keeps waiting, and is tried again.
-void QtLocalPeer::makeRoomForConnections()
+// The peer that could not be accepted keeps waiting, and is tried again.
+void QtLocalPeerPrivate::makeRoomForConnections()
 {
-    if (!m_connections.isEmpty()) {
+    if (m_connections.isEmpty()) {
+        place.pause(AcceptDelay);
+    } else {
         m_connections.constFirst()->abort();
-        return;
     }
-    m_listener->setEnabled(false);
-    QTimer::singleShot(AcceptDelay, m_listener, [this] { m_listener->setEnabled(true); });
 }
 
-void QtLocalPeer::addConnection(QLocalSocket *socket)
+void QtLocalPeerPrivate::addConnection(QLocalSocket *socket)
 {
     auto *timer = new QTimer(socket);
     timer->setSingleShot(true);
+    timer->setInterval(ConnectionTimeout);
     // A process that has been busy for long may get to its timers before it reads.
     connect(timer, &QTimer::timeout, socket, [socket, timer] {
         if (hasUnreadData(*socket)) {
@@ -273,9 +193,9 @@ void QtLocalPeer::addConnection(QLocalSocket *socket)
             socket->abort();
         }
     });
-    timer->start(ConnectionTimeout);
+    timer->start();
 
-    socket->setReadBufferSize(MaximalMessageSize + sizeof(quint32));
+    socket->setReadBufferSize(Message::HeaderSize + Message::MaximalSize);
     connect(socket, &QLocalSocket::readyRead, this, [this, socket, timer] {
         timer->start();
         m_connections.removeOne(socket);
@@ -294,27 +214,53 @@ void QtLocalPeer::addConnection(QLocalSocket *socket)
     }
 }
 
-void QtLocalPeer::receiveMessage(QLocalSocket *socket)
+void QtLocalPeerPrivate::receiveMessage(QLocalSocket *socket)
 {
-    quint32 size = 0;
-    if (socket->peek(reinterpret_cast<char *>(&size), sizeof(size)) < static_cast<qint64>(sizeof(size))) {
+    const std::optional<quint32> size = Message::announcedSize(socket);
+    if (!size) {
         return;
     }
-    size = qFromBigEndian(size);
-    if (size > MaximalMessageSize) {
-        qCWarning(debug_message, "A message of %u bytes is too long", size);
+    if (*size > Message::MaximalSize) {
+        qCWarning(debug_message, "A message of %u bytes is too long", *size);
         socket->abort();
         return;
     }
-    if (socket->bytesAvailable() < static_cast<qint64>(sizeof(size)) + size) {
+    if (socket->bytesAvailable() < Message::HeaderSize + static_cast<qint64>(*size)) {
         return;
     }
-    socket->skip(sizeof(size));
-    const QString message = textOf(socket->read(size));
+    const Message message = Message::takeFrom(socket);
     disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
     // Before the signal, since its slots may take longer than the sender waits.
-    socket->write(Acknowledgement, AcknowledgementSize);
+    socket->write(Vela::Acknowledgement, Vela::AcknowledgementSize);
     socket->flush();
     socket->disconnectFromServer(); // or it would go on reading what nobody wants
-    Q_EMIT messageReceived(message);
+    Q_EMIT q->messageReceived(message.text());
+}
+
+QtLocalPeer::QtLocalPeer(QObject *parent, const QString &appId) :
+    QObject(parent), d(new QtLocalPeerPrivate(this, appId))
+{
+}
+
+// Not with the other children, which go when others have been told that this is destroyed: the place is free by then.
+QtLocalPeer::~QtLocalPeer()
+{
+    delete d;
+}
+
+bool QtLocalPeer::isClient()
+{
+    return !d->place.take();
+}
+
+bool QtLocalPeer::sendMessage(const QString &message, int timeout)
+{
+    return isClient()
+        && d->sendMessage(Message::of(message),
+                          timeout < 0 ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(timeout));
+}
+
+QString QtLocalPeer::applicationId() const
+{
+    return d->id;
 }

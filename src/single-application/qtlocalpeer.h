@@ -1,22 +1,20 @@
 #pragma once
 
-#include "single-application/qtlockedfile.h"
 #include "vela_export.h"
 
 #include <QObject>
-#include <QVector>
 
-class QDeadlineTimer;
-class QLocalSocket;
-class QSocketNotifier;
+class QtLocalPeerPrivate;
 
 /// One of the processes of an application that a user runs: the first of them gets the messages of the others.
 ///
 /// They find each other by the application's id through a lock file and a local socket in QDir::tempPath(), which
-/// other users can neither open nor take over. Processes built with another edition of this class take part.
+/// other users can neither open nor take over. The first process makes either anew when it is removed. Where both are
+/// gone before its event loop runs, the next start becomes the first, and the older one a client. Processes built with
+/// another edition of this class take part.
 ///
-/// A process has one such object for an id. Locks belong to processes: a second object would count as the first process
-/// too, take over the socket, and release the lock of both when it is deleted.
+/// A process has one such object for an id. Locks belong to processes: a second object would count as a client, and
+/// release the lock of the first one.
 class VELA_EXPORT QtLocalPeer : public QObject
 {
     Q_OBJECT
@@ -44,17 +42,5 @@ Q_SIGNALS:
     void messageReceived(const QString &message);
 
 private:
-    void openLockFile();
-    void listen();
-    void acceptConnection();
-    void makeRoomForConnections();
-    void addConnection(QLocalSocket *socket);
-    void receiveMessage(QLocalSocket *socket);
-    bool connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline);
-
-    const QString m_id;
-    const QString m_socketPath;
-    QSocketNotifier *m_listener = nullptr;
-    QVector<QLocalSocket *> m_connections; // the one that has been silent longest first
-    QtLockedFile m_lockFile;
+    QtLocalPeerPrivate *const d;
 };

@@ -111,6 +111,8 @@ private Q_SLOTS:
     void activatingRaises();
 
     void oneOfManyBecomesTheFirst();
+    void manyFindAFirstThatHasLostAFile_data();
+    void manyFindAFirstThatHasLostAFile();
     void noMessageIsLost();
     void messagesOfOneSenderComeInTheirOrder();
     void aKilledFirstIsFollowedByTheNext();
@@ -236,6 +238,35 @@ void QtSingleApplicationTest::oneOfManyBecomesTheFirst()
     }
     QCOMPARE(answers.count(First), 1);
     QCOMPARE(answers.count(Client), 49);
+}
+
+void QtSingleApplicationTest::manyFindAFirstThatHasLostAFile_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("lock file") << int(QDir::Files);
+    QTest::newRow("socket") << int(QDir::System);
+}
+
+void QtSingleApplicationTest::manyFindAFirstThatHasLostAFile()
+{
+    QFETCH(int, kind);
+    constexpr int Senders = 50;
+    InstanceProcess first(Id, QStringLiteral("serve"));
+    QCOMPARE(first.line(), First);
+    const QStringList files = QDir(m_folder->path()).entryList(QDir::Filters(kind));
+    QCOMPARE(files.size(), 1);
+    QVERIFY(QFile::remove(m_folder->filePath(files.constFirst())));
+    const Processes others = start(Senders, Id, QStringLiteral("serve"));
+    const Processes senders = start(Senders, Id, QStringLiteral("send"), QStringLiteral("1"));
+    for (const auto &other : others) {
+        QCOMPARE(other->line(), Client);
+    }
+    for (const auto &sender : senders) {
+        QVERIFY(sender->line().startsWith(QStringLiteral("sent ")));
+    }
+    QCOMPARE(first.lines(Senders).size(), Senders);
+    QVERIFY(first.end());
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::System).size(), 1); // the lock file
 }
 
 void QtSingleApplicationTest::noMessageIsLost()
