@@ -6,6 +6,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTextBrowser>
+#include <QTextCodec>
 #include <QTextStream>
 #include <QTimer>
 #include <QUrlQuery>
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr int QueryTimeout = 10000; // milliseconds
+constexpr qint64 MaximalPageSize = 64 * 1024 * 1024; // bytes
 
 struct Language
 {
@@ -37,6 +39,23 @@ QString helpLanguage(const QString &code)
     return code;
 }
 
+// By itself a browser takes a page that it is led to and that declares no encoding as Latin-1.
+class Browser : public QTextBrowser
+{
+public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl &name) override
+    {
+        const QVariant resource = QTextBrowser::loadResource(type, name);
+        if (type != QTextDocument::HtmlResource || resource.type() != QVariant::ByteArray) {
+            return resource;
+        }
+        const QByteArray page = resource.toByteArray();
+        return QTextCodec::codecForHtml(page, QTextCodec::codecForName("UTF-8"))->toUnicode(page);
+    }
+};
+
 } // namespace
 
 class HelpWindowPrivate
@@ -58,7 +77,7 @@ public:
 HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent) :
     QDialog(parent), d(std::make_unique<HelpWindowPrivate>(context))
 {
-    d->browser = new QTextBrowser(this);
+    d->browser = new Browser(this);
     d->browser->setSearchPaths({d->offlinePath});
     d->browser->setOpenExternalLinks(true);
 
@@ -96,6 +115,12 @@ void HelpWindow::query()
     d->timer.start(QueryTimeout);
     QNetworkReply *reply = d->network.get(QNetworkRequest(url));
     connect(this, &HelpWindow::sigAbortRequest, reply, &QNetworkReply::abort);
+    // Not by a limited buffer, which a compressed page never gets out of.
+    connect(reply, &QNetworkReply::readyRead, this, [reply] {
+        if (reply->bytesAvailable() > MaximalPageSize) {
+            reply->abort();
+        }
+    });
 }
 
 void HelpWindow::slotReceiveReply(QNetworkReply *reply)

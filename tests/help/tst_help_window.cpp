@@ -40,6 +40,7 @@ namespace {
 const QString Host = QStringLiteral("help.vela.invalid");
 constexpr int TimeLimit = 10000; // milliseconds that a request may take
 constexpr int Patience = 8000; // for what is to come at once
+constexpr int MaximalPageSize = 64 * 1024 * 1024; // bytes
 
 /// Certificates made for this run: an authority's, and two that it has signed.
 class Certificates
@@ -297,6 +298,9 @@ private Q_SLOTS:
     void anHttpErrorShowsTheOfflinePage();
     void aRefusedConnectionShowsTheOfflinePage();
     void aMissingProxyShowsTheOfflinePage();
+    void anEndlessBodyShowsTheOfflinePage();
+    void aBodyThatUnfoldsShowsTheOfflinePage();
+    void aLongPageIsShown();
     void aHalfSentBodyShowsTheOfflinePage();
     void aWrongCertificateShowsTheOfflinePage_data();
     void aWrongCertificateShowsTheOfflinePage();
@@ -316,6 +320,8 @@ private Q_SLOTS:
     void imagesOfAPageAreThoseOfTheOfflineFolder();
     void linksOfAPageLeadIntoTheOfflineFolder_data();
     void linksOfAPageLeadIntoTheOfflineFolder();
+    void aLinkedPageIsWhatItDeclaresAndUtf8ByDefault_data();
+    void aLinkedPageIsWhatItDeclaresAndUtf8ByDefault();
     void externalLinksAreOpenedOutside();
 
     void afterTenSecondsTheOfflinePageIsShownForGood();
@@ -694,6 +700,47 @@ void HelpWindowTest::aMissingProxyShowsTheOfflinePage()
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(Offline + QStringLiteral(" enu")), Patience);
 }
 
+void HelpWindowTest::anEndlessBodyShowsTheOfflinePage()
+{
+    qint64 sent = 0;
+    m_knowledgeBase->answer = [&sent](QSslSocket *socket, const QByteArray &) {
+        constexpr int ChunkSize = 1 << 20;
+        socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n");
+        const auto sendMore = [socket, &sent] {
+            if (socket->bytesToWrite() + socket->encryptedBytesToWrite() < ChunkSize) {
+                sent += socket->write(QByteArray(ChunkSize, 'v'));
+            }
+        };
+        connect(socket, &QSslSocket::encryptedBytesWritten, socket, sendMore);
+        sendMore();
+    };
+    const Help help(context(root()));
+    const QSignalSpy aborted(help.window.get(), &HelpWindow::sigAbortRequest);
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(Offline + QStringLiteral(" enu")), Patience);
+    QVERIFY2(sent < qint64(MaximalPageSize) * 3 / 2, qPrintable(QString::number(sent)));
+    QCOMPARE(aborted.count(), 0); // nor has the time run out
+    QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->openConnections(), 0, Patience);
+}
+
+void HelpWindowTest::aBodyThatUnfoldsShowsTheOfflinePage()
+{
+    constexpr int HeaderOfQt = 4; // bytes in front of what is compressed
+    const QByteArray body = qCompress(QByteArray(MaximalPageSize + (1 << 20), 'v')).mid(HeaderOfQt);
+    answerWith(KnowledgeBase::ok(body).replace("Content-Type", "Content-Encoding: deflate\r\nContent-Type"));
+    const Help help(context(root()));
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(Offline + QStringLiteral(" enu")), Patience);
+}
+
+// Most of it a comment, which costs the browser little.
+void HelpWindowTest::aLongPageIsShown()
+{
+    const QByteArray comment = "<!--" + QByteArray(MaximalPageSize, 'v') + "-->";
+    const QByteArray body = page(Online) + comment;
+    answerWith(KnowledgeBase::ok(body.left(MaximalPageSize - 3) + "-->"));
+    const Help help(context(root()));
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), Online, Patience);
+}
+
 void HelpWindowTest::aHalfSentBodyShowsTheOfflinePage()
 {
     m_knowledgeBase->answer = [](QSslSocket *socket, const QByteArray &) {
@@ -890,6 +937,39 @@ void HelpWindowTest::linksOfAPageLeadIntoTheOfflineFolder()
     help.click(QStringLiteral("onward"));
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QStringLiteral("the other page"), Patience);
     QCOMPARE(external.opened, QList<QUrl>());
+}
+
+void HelpWindowTest::aLinkedPageIsWhatItDeclaresAndUtf8ByDefault_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+    QTest::addColumn<QByteArray>("declaration");
+    const auto declared = [](const char *codec) -> QByteArray {
+        return "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=" + QByteArray(codec) + "\">";
+    };
+    QTest::newRow("nothing") << QByteArray("UTF-8") << QByteArray();
+    QTest::newRow("UTF-8") << QByteArray("UTF-8") << declared("utf-8");
+    QTest::newRow("UTF-8, in short") << QByteArray("UTF-8") << QByteArray("<meta charset=\"utf-8\">");
+    QTest::newRow("Latin-1") << QByteArray("ISO-8859-1") << declared("iso-8859-1");
+    QTest::newRow("Windows") << QByteArray("Windows-1252") << declared("windows-1252");
+    QTest::newRow("what nobody knows") << QByteArray("UTF-8") << declared("no-such-codec");
+    QTest::newRow("by a mark") << QByteArray("UTF-16") << QByteArray();
+}
+
+void HelpWindowTest::aLinkedPageIsWhatItDeclaresAndUtf8ByDefault()
+{
+    QFETCH(QByteArray, codec);
+    QFETCH(QByteArray, declaration);
+    const QString text = QStringLiteral("Grüße");
+    const QString whole = QStringLiteral("<html><head>%1</head><body><p>%2</p></body></html>")
+                              .arg(QString::fromLatin1(declaration), text);
+    writeHelp(QStringLiteral("enu/other.html"), QTextCodec::codecForName(codec)->fromUnicode(whole));
+    const Help help(offer("<html><body><p><a href=\"other.html\">onward</a></p></body></html>", false));
+    help.show();
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), QStringLiteral("onward"), Patience);
+    help.click(QStringLiteral("onward"));
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), text, Patience);
+    help.browser()->reload();
+    QCOMPARE(help.text(), text);
 }
 
 void HelpWindowTest::externalLinksAreOpenedOutside()
