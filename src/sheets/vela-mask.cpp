@@ -5,18 +5,55 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMargins>
+#include <QPointer>
 
 class VelaMaskPrivate : public QObject
 {
 public:
     explicit VelaMaskPrivate(VelaMask *mask) : QObject(mask), q(mask) { }
 
+    void follow();
+    void rest();
+    bool eventFilter(QObject *mask, QEvent *event) override;
+
     VelaMask *const q;
     QColor color {0, 0, 0, 20};
     QWidget *content = nullptr;
+    QPointer<QWidget> covered;
+    ParentEventFilterWidget *coveredFilter = nullptr;
     bool hasCustomMargins = false;
     QMargins margins; // logical pixels
 };
+
+void VelaMaskPrivate::follow()
+{
+    content->installEventFilter(q);
+    if (covered) {
+        covered->installEventFilter(coveredFilter);
+        q->resize();
+    }
+}
+
+/// A window keeps all its masks; those that are empty leave it alone.
+void VelaMaskPrivate::rest()
+{
+    content->removeEventFilter(q);
+    if (covered) {
+        covered->removeEventFilter(coveredFilter);
+    }
+    q->hide();
+}
+
+/// Content that passes into another mask is not this one's any more.
+bool VelaMaskPrivate::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::ChildAdded && static_cast<QChildEvent *>(event)->child() == content) {
+        follow();
+    } else if (event->type() == QEvent::ChildRemoved && static_cast<QChildEvent *>(event)->child() == content) {
+        rest();
+    }
+    return false;
+}
 
 VelaMask::VelaMask(QWidget *widget, QWidget *parent, QColor color) : QFrame(parent), d(new VelaMaskPrivate(this))
 {
@@ -64,20 +101,22 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
     setPalette(filled);
     setAutoFillBackground(true);
 
+    d->content = widget;
+    d->covered = parent;
+    d->coveredFilter = new ParentEventFilterWidget(this, parent);
+    d->coveredFilter->setParent(this);
+    installEventFilter(d);
     row->addWidget(widget);
     if (d->hasCustomMargins) {
         row->setContentsMargins(scaled(d->margins.left()), scaled(d->margins.top()), scaled(d->margins.right()),
                                 scaled(d->margins.bottom()));
     }
-    d->content = widget;
-    resize();
 
-    widget->installEventFilter(this);
     // A widget that is destroyed while it is shown sends no HideToParent.
-    connect(widget, &QObject::destroyed, d, [this] { hide(); });
-    auto *parentFilter = new ParentEventFilterWidget(this, parent);
-    parentFilter->setParent(this);
-    parent->installEventFilter(parentFilter);
+    connect(widget, &QObject::destroyed, d, [this] {
+        d->rest();
+        d->content = nullptr;
+    });
 }
 
 void VelaMask::resize()

@@ -10,7 +10,7 @@ class VelaMaskPrivate;
 /// Translucent layer that dims a window while something, a sheet usually, is shown over it.
 ///
 /// The mask is as large as the window and visible exactly while its content is. It stays in the window when its content
-/// is gone, hidden and empty, until the window is destroyed.
+/// is gone or has passed into another mask, hidden, empty and of the size that it had, until the window is destroyed.
 class VELA_EXPORT VelaMask : public QFrame
 {
     Q_OBJECT

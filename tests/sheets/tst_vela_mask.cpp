@@ -156,6 +156,10 @@ private Q_SLOTS:
 
     void theContentIsDeletedWithTheMask();
     void aMaskOutlivesItsContentHiddenAndEmpty();
+    void contentInANewMaskLeavesTheFormerOneAlone();
+    void contentThatComesBackHasItsMaskAgain();
+    void anEmptyMaskWatchesNothing_data();
+    void anEmptyMaskWatchesNothing();
     void everyCallLeavesOneMoreMask();
     void masksAreDeletedWithTheWindow();
     void aMaskMayBeDeletedWhileItIsShown_data();
@@ -686,8 +690,85 @@ void VelaMaskTest::aMaskOutlivesItsContentHiddenAndEmpty()
         QVERIFY(mask->findChildren<QWidget *>().isEmpty());
     }
     window.resize(WindowSize + QSize(1, 2));
-    QTRY_COMPARE(window.mask()->size(), WindowSize + QSize(1, 2));
+    QTRY_COMPARE(window.size(), WindowSize + QSize(1, 2));
     QVERIFY(window.mask()->isHidden());
+}
+
+// As when a sheet is put into a new mask for each answer, in one window or another.
+void VelaMaskTest::contentInANewMaskLeavesTheFormerOneAlone()
+{
+    CoveredWindow window;
+    CoveredWindow other;
+    QVERIFY(window.showAndWait());
+    Panel content;
+    VelaMask::createMask(&content, &window, Dimming);
+    content.show();
+    QVERIFY(window.mask()->isVisible());
+
+    VelaMask::createMask(&content, &window, Dimming);
+    content.show();
+    QVERIFY(window.mask()->isHidden());
+    QVERIFY(content.parentWidget()->isVisible());
+
+    VelaMask::createMask(&content, &other, Dimming);
+    content.show();
+    QCOMPARE(window.childAt(ButtonPlace.center()), window.button);
+    content.hide();
+    VelaMask::createMask(&content, &window, Dimming);
+    content.show();
+    QVERIFY(other.mask()->isHidden());
+}
+
+void VelaMaskTest::contentThatComesBackHasItsMaskAgain()
+{
+    CoveredWindow window;
+    QVERIFY(window.showAndWait());
+    auto *content = new Panel;
+    VelaMask::createMask(content, &window, Dimming);
+    content->show();
+    content->setParent(nullptr);
+    content->show();
+    QVERIFY(window.mask()->isHidden());
+    content->hide();
+    window.resize(WindowSize + QSize(2, 1));
+    QTRY_COMPARE(window.size(), WindowSize + QSize(2, 1));
+
+    content->setParent(window.mask());
+    QVERIFY(window.mask()->isHidden());
+    content->show();
+    QVERIFY(window.mask()->isVisible());
+    QCOMPARE(window.mask()->size(), window.size());
+    content->hide();
+    QVERIFY(window.mask()->isHidden());
+}
+
+void VelaMaskTest::anEmptyMaskWatchesNothing_data()
+{
+    QTest::addColumn<bool>("isContentDeleted"); // or in another window
+    QTest::newRow("content deleted") << true;
+    QTest::newRow("content in another window") << false;
+}
+
+// Thousands of them may be in a window, which would ask each at every event.
+void VelaMaskTest::anEmptyMaskWatchesNothing()
+{
+    QFETCH(bool, isContentDeleted);
+    CoveredWindow window;
+    CoveredWindow other;
+    QVERIFY(window.showAndWait());
+    auto *content = new Panel;
+    VelaMask::createMask(content, &window, Dimming);
+    content->show();
+    VelaMask *mask = window.mask();
+    if (isContentDeleted) {
+        delete content;
+    } else {
+        VelaMask::createMask(content, &other, Dimming);
+    }
+    mask->setFixedSize(1, 1);
+    QResizeEvent resized(WindowSize, WindowSize);
+    QCoreApplication::sendEvent(&window, &resized);
+    QCOMPARE(mask->size(), QSize(1, 1));
 }
 
 void VelaMaskTest::everyCallLeavesOneMoreMask()
