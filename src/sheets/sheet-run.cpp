@@ -1,15 +1,19 @@
 #include "sheets/sheet-run_p.h"
 
+#include "sheets/sheet-stack_p.h"
 #include "sheets/vela-sheet.h"
 #include "utils/util.h"
 #include "utils/window-close-button_p.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QScopeGuard>
 #include <QVector>
 
 #include <algorithm>
 #include <utility>
+
+using Vela::Private::SheetStack;
 
 namespace {
 
@@ -20,9 +24,29 @@ QVector<SheetRun *> &runs()
     return runs;
 }
 
+/// Gives the focus to the next, or previous, widget of @p sheet that takes it by Tab.
+void moveFocusIn(VelaSheet *sheet, bool next)
+{
+    const auto takesFocus = [sheet](const QWidget *widget) {
+        return sheet->isAncestorOf(widget) && widget->isVisible() && widget->isEnabled()
+            && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+    };
+    QWidget *start = QApplication::focusWidget();
+    if (!start || !sheet->isAncestorOf(start)) {
+        start = sheet;
+    }
+    QWidget *widget = start;
+    do {
+        widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    } while (widget != start && !takesFocus(widget));
+    if (widget != start) {
+        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
+}
+
 } // namespace
 
-SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet) { }
+SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet), m_keys(sheet) { }
 
 void SheetRun::setBlockWindowButton(bool block)
 {
@@ -43,7 +67,16 @@ void SheetRun::comeUp()
         m_window = m_sheet->window();
         m_formerFocus = m_window->focusWidget();
         runs().append(this);
+        SheetStack::push(m_sheet);
+        m_keys.keep();
     }
+}
+
+void SheetRun::goDown()
+{
+    runs().removeOne(this);
+    SheetStack::remove(m_sheet);
+    m_keys.release();
 }
 
 void SheetRun::watchWindow()
@@ -70,13 +103,12 @@ int SheetRun::wait()
     QEventLoop loop(m_sheet);
     m_loop = &loop;
     ++m_waits;
-
-    const QPointer<SheetRun> self(this);
-    const int result = loop.exec();
-    if (self) {
-        --m_waits;
-    }
-    return result;
+    const auto returned = qScopeGuard([self = QPointer<SheetRun>(this)] {
+        if (self) {
+            --self->m_waits;
+        }
+    });
+    return loop.exec();
 }
 
 void SheetRun::watchAncestors()
@@ -129,7 +161,7 @@ void SheetRun::leave(QObject *dying)
         giveCloseButtonBack();
         m_window->removeEventFilter(m_sheet);
     }
-    runs().removeOne(this);
+    goDown();
     discardWindowState(&m_savedWindowState);
     m_sheet->setParent(nullptr);
     if (isWaiting()) { // not when the answer is there already
@@ -143,6 +175,7 @@ void SheetRun::takeCloseButton()
         SHAPISetCloseButtonOfWindowEnable(m_window, false, &m_savedWindowState);
         runs().removeOne(this); // behind those whose state was taken before
         runs().append(this);
+        SheetStack::push(m_sheet);
     }
 }
 
@@ -171,27 +204,19 @@ void SheetRun::handWindowStateOn()
     }
 }
 
-/// The last one that came up in the same window.
-SheetRun *SheetRun::otherInWindow() const
-{
-    const auto other = std::find_if(runs().crbegin(), runs().crend(),
-                                    [this](const SheetRun *run) { return run != this && run->m_window == m_window; });
-    return other == runs().crend() ? nullptr : *other;
-}
-
 /// Before the sheet is hidden, or the focus would pass to whatever is next to it, below another sheet's mask perhaps.
 void SheetRun::giveFocusBack()
 {
     if (!m_sheet->isAncestorOf(m_window->focusWidget())) {
         return;
     }
-    SheetRun *other = otherInWindow();
-    const QWidget *scope = other ? other->m_sheet : m_window.data();
+    VelaSheet *other = SheetStack::top(m_window, m_sheet);
+    const QWidget *scope = other ? other : m_window.data();
     if (m_formerFocus && scope->isAncestorOf(m_formerFocus) && m_formerFocus->isVisible()
         && m_formerFocus->isEnabled()) {
         m_formerFocus->setFocus(Qt::OtherFocusReason);
     } else if (other) {
-        other->moveFocus(true);
+        moveFocusIn(other, true);
     }
 }
 
@@ -210,7 +235,7 @@ void SheetRun::end(int result)
         m_loop->exit(result);
     }
     m_window->removeEventFilter(m_sheet);
-    runs().removeOne(this);
+    goDown();
     giveFocusBack();
     m_sheet->hide();
     QWidget *focused = m_sheet->window()->focusWidget();
@@ -218,17 +243,18 @@ void SheetRun::end(int result)
         focused->clearFocus();
     }
 
-    const QPointer<SheetRun> self(this);
+    const auto ended = qScopeGuard([self = QPointer<SheetRun>(this)] { // also when a slot throws
+        if (self) {
+            self->m_isEnding = false;
+        }
+    });
     Q_EMIT m_sheet->finished(result);
-    if (self) {
-        m_isEnding = false;
-    }
 }
 
 void SheetRun::abandon()
 {
     giveCloseButtonBack();
-    runs().removeOne(this);
+    goDown();
     discardWindowState(&m_savedWindowState);
     if (isWaiting()) {
         m_loop->exit(0);
@@ -251,19 +277,5 @@ bool SheetRun::refusesClose(QEvent *event) const
 
 void SheetRun::moveFocus(bool next)
 {
-    const auto takesFocus = [this](const QWidget *widget) {
-        return m_sheet->isAncestorOf(widget) && widget->isVisible() && widget->isEnabled()
-            && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
-    };
-    QWidget *start = QApplication::focusWidget();
-    if (!start || !m_sheet->isAncestorOf(start)) {
-        start = m_sheet;
-    }
-    QWidget *widget = start;
-    do {
-        widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
-    } while (widget != start && !takesFocus(widget));
-    if (widget != start) {
-        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    }
+    moveFocusIn(m_sheet, next);
 }

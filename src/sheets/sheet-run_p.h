@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sheets/sheet-keys_p.h"
+
 #include <QEventLoop>
 #include <QObject>
 #include <QPointer>
@@ -45,7 +47,7 @@ public:
 private:
     bool isUp() const;
     void comeUp();
-    SheetRun *otherInWindow() const;
+    void goDown();
     void takeCloseButton();
     void giveCloseButtonBack();
     void handWindowStateOn();
@@ -55,6 +57,7 @@ private:
     void leave(QObject *dying);
 
     VelaSheet *const m_sheet;
+    Vela::Private::SheetKeys m_keys;
     QPointer<QEventLoop> m_loop;
     int m_waits = 0; // calls of wait() that have not returned
     QPointer<QWidget> m_window; // that is watched

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/vela-sheet.h"
+#include "sheets/vela-sheet.h"
 #include "vela_export.h"
 
 #include <QMessageBox>
@@ -11,8 +11,8 @@ class VelaInputSheetPrivate;
 
 /// Asks for a line of text inside its window: a prompt, a line edit, Ok and cancel.
 ///
-/// Results are those of VelaMessageSheet. It needs a parent, from whose width its own is computed; put it into a
-/// VelaMask before exec() to dim the window.
+/// Results are those of VelaMessageSheet, and so is what it does with the keys of its window. It needs a parent, from
+/// whose width its own is computed; put it into a VelaMask before exec() to dim the window.
 class VELA_EXPORT VelaInputSheet : public VelaSheet
 {
     Q_OBJECT

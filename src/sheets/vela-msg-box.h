@@ -1,6 +1,6 @@
 #pragma once
 
-#include "component/vela-msg-sheet.h"
+#include "sheets/vela-msg-sheet.h"
 #include "vela_export.h"
 
 /// @file

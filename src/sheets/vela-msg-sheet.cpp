@@ -110,6 +110,7 @@ public:
     VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
     QDialogButtonBox *const buttonBox;
     SheetRun run;
+    QPointer<QMovie> runningMovie; // that exec() has started
     QVector<QPointer<QWidget>> focusList; // some may be deleted before it is made again
     QPointer<QWidget> firstFocusWidget;
     QPointer<QWidget> lastFocusWidget;
@@ -389,6 +390,7 @@ int VelaMessageSheet::exec()
     d->textLabel->setFocus(Qt::TabFocusReason);
     QMovie *movie = d->iconLabel->movie();
     if (d->type == ProcessingMessage && movie && movie->isValid()) {
+        d->runningMovie = movie;
         movie->start();
     }
     return d->run.wait();
@@ -396,6 +398,9 @@ int VelaMessageSheet::exec()
 
 void VelaMessageSheet::done(int ret)
 {
+    if (d->runningMovie) {
+        d->runningMovie->stop();
+    }
     d->run.end(ret);
 }
 

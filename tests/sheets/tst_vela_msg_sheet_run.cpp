@@ -265,6 +265,7 @@ private Q_SLOTS:
     void eachDoneIsReportedAndExecReturnsTheLast();
     void doneBeforeExecIsNoAnswerToIt();
     void doneInASlotOfFinishedIsNoSecondAnswer();
+    void aSlotOfFinishedMayThrow();
     void itCanBeExecutedAgain();
     void itCanBeExecutedAgainFromASlotOfFinished();
     void itCanBeShownAgainFromASlotOfFinished();
@@ -276,6 +277,7 @@ private Q_SLOTS:
     void aSecondSheetMayBeAnInputSheet();
     void theFocusPassesToTheSheetBelow_data();
     void theFocusPassesToTheSheetBelow();
+    void theFocusPassesOverASheetThatWasHidden();
     void aSheetThatIsMovedWatchesItsNewWindow_data();
     void aSheetThatIsMovedWatchesItsNewWindow();
     void theWindowMayBeResizedHiddenAndShown();
@@ -487,10 +489,14 @@ void VelaMessageSheetRunTest::processingIsAnimated()
     sheet.showSheet();
     QCOMPARE(movie->state(), QMovie::NotRunning); // only a sheet that blocks is at work
     sheet.done(0);
-    execute(&sheet, [&] {
-        QCOMPARE(movie->state(), QMovie::Running);
-        sheet.quit();
-    });
+    connect(&sheet, &VelaSheet::finished, this, [movie] { QCOMPARE(movie->state(), QMovie::NotRunning); });
+    for (int i = 0; i < 2; ++i) {
+        execute(&sheet, [&] {
+            QCOMPARE(movie->state(), QMovie::Running);
+            sheet.quit();
+            QCOMPARE(movie->state(), QMovie::NotRunning);
+        });
+    }
 }
 
 void VelaMessageSheetRunTest::otherTypesAreNotAnimated()
@@ -1235,6 +1241,19 @@ void VelaMessageSheetRunTest::doneInASlotOfFinishedIsNoSecondAnswer()
     QCOMPARE(finished.count(), 2);
 }
 
+void VelaMessageSheetRunTest::aSlotOfFinishedMayThrow()
+{
+    ShownSheet shown;
+    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
+    const auto connection = connect(shown.sheet.get(), &VelaSheet::finished, this, [] { throw 1; });
+    shown.sheet->showSheet();
+    QVERIFY_EXCEPTION_THROWN(shown.sheet->done(1), int);
+    disconnect(connection);
+    shown.sheet->done(2);
+    QCOMPARE(finished.count(), 2);
+    QCOMPARE(finished.last().first().toInt(), 2);
+}
+
 void VelaMessageSheetRunTest::itCanBeExecutedAgain()
 {
     ShownSheet shown;
@@ -1417,6 +1436,19 @@ void VelaMessageSheetRunTest::theFocusPassesToTheSheetBelow()
         shown.sheet->quit();
     });
     QCOMPARE(shown.window.above->text() + shown.window.below->text(), QString());
+}
+
+// It is up still, but nobody sees it.
+void VelaMessageSheetRunTest::theFocusPassesOverASheetThatWasHidden()
+{
+    ShownSheet shown;
+    QVERIFY(shown.isActive);
+    VelaMessageSheet hidden(VelaMessageSheet::InfoMessage, Text, &shown.window);
+    hidden.showSheet();
+    hidden.hide();
+    shown.window.below->setFocus();
+    shown.execute([&] { shown.window.press(Qt::Key_Return); });
+    QCOMPARE(QApplication::focusWidget(), shown.window.below);
 }
 
 void VelaMessageSheetRunTest::aSheetThatIsMovedWatchesItsNewWindow_data()

@@ -1,0 +1,769 @@
+#include "component/vela-input-sheet.h"
+#include "component/vela-msg-sheet.h"
+#include "support/modal-sheet.h"
+#include "support/resource-folder.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QClipboard>
+#include <QCompleter>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProcess>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QStringListModel>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+bool isOnX()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+/// Presses keys as a user does: on an X server they come from the keyboard, elsewhere through the window, which asks
+/// for shortcuts as well.
+class Keyboard : public QObject
+{
+public:
+    Keyboard() { qApp->installEventFilter(this); }
+
+    static bool isMissing() { return isOnX() && QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty(); }
+
+    /// A key as QKeySequence writes it, or "Alt", in the active window.
+    void press(const QString &key)
+    {
+        if (!isOnX()) {
+            const bool isAlt = key == QLatin1String("Alt");
+            const int pressed = isAlt ? static_cast<int>(Qt::Key_Alt) : QKeySequence(key)[0];
+            const auto modifiers = isAlt ? Qt::AltModifier : Qt::KeyboardModifiers(pressed & Qt::KeyboardModifierMask);
+            const auto plain = static_cast<Qt::Key>(pressed & ~int(Qt::KeyboardModifierMask));
+            QTest::keyPress(QGuiApplication::focusWindow(), plain, modifiers);
+            QTest::keyRelease(QGuiApplication::focusWindow(), plain, modifiers);
+            return;
+        }
+        m_isReleased = false;
+        m_awaited = isAltAlone(key) ? static_cast<int>(Qt::Key_Alt) : QKeySequence(key)[0] & ~Qt::KeyboardModifierMask;
+        QProcess::startDetached(QStringLiteral("xdotool"), {QStringLiteral("key"), nameOf(key)});
+        QVERIFY2(QTest::qWaitFor([this] { return m_isReleased; }, Patience), qPrintable(key));
+        QCoreApplication::processEvents();
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyRelease && watched->isWindowType()) {
+            m_isReleased = m_isReleased || static_cast<QKeyEvent *>(event)->key() == m_awaited;
+        }
+        return false;
+    }
+
+private:
+    static bool isAltAlone(const QString &key) { return key == QLatin1String("Alt"); }
+    /// As the X server knows it.
+    static QString nameOf(const QString &key)
+    {
+        const QHash<QString, QString> names {
+            {QStringLiteral("Alt"), QStringLiteral("Alt_L")},
+            {QStringLiteral("Del"), QStringLiteral("Delete")},
+            {QStringLiteral("Esc"), QStringLiteral("Escape")},
+            {QStringLiteral("Space"), QStringLiteral("space")},
+        };
+        QStringList parts = key.split(QLatin1Char('+'));
+        parts.last() = names.value(parts.last(), parts.last());
+        if (parts.last().size() == 1) { // or it would be typed with Shift
+            parts.last() = parts.last().toLower();
+        }
+        return parts.join(QLatin1Char('+'));
+    }
+
+    int m_awaited = 0;
+    bool m_isReleased = false;
+};
+
+/// What a key does in a window: installed there, it is told whenever it happens.
+using Install = std::function<void(SheetWindow &window, const std::function<void()> &happened)>;
+
+Install action(const char *key, Qt::ShortcutContext context)
+{
+    return [key, context](SheetWindow &window, const std::function<void()> &happened) {
+        auto *action = new QAction(&window);
+        action->setShortcut(QKeySequence(QString::fromLatin1(key)));
+        action->setShortcutContext(context);
+        QObject::connect(action, &QAction::triggered, &window, happened);
+        window.addAction(action);
+    };
+}
+
+Install shortcut(const char *key, Qt::ShortcutContext context)
+{
+    return [key, context](SheetWindow &window, const std::function<void()> &happened) {
+        auto *shortcut = new QShortcut(QKeySequence(QString::fromLatin1(key)), &window);
+        shortcut->setContext(context);
+        QObject::connect(shortcut, &QShortcut::activated, &window, happened);
+    };
+}
+
+void installInAnotherWindow(SheetWindow &window, const std::function<void()> &happened)
+{
+    auto *other = new QWidget;
+    QObject::connect(&window, &QObject::destroyed, other, [other] { delete other; });
+    auto *shortcut = new QShortcut(QKeySequence(QStringLiteral("F6")), other);
+    shortcut->setContext(Qt::ApplicationShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &window, happened);
+    other->show();
+    QVERIFY(QTest::qWaitForWindowExposed(other));
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+
+void installButton(SheetWindow &window, const std::function<void()> &happened)
+{
+    auto *button = new QPushButton(QStringLiteral("&Delete"), &window);
+    QObject::connect(button, &QPushButton::clicked, &window, happened);
+    button->show();
+}
+
+void installLabel(SheetWindow &window, const std::function<void()> &happened)
+{
+    auto *label = new QLabel(QStringLiteral("&Name"), &window);
+    label->setBuddy(window.below);
+    label->show();
+    QObject::connect(qApp, &QApplication::focusChanged, &window, [&window, happened](QWidget *, QWidget *now) {
+        if (now == window.below) {
+            happened();
+        }
+    });
+}
+
+QMenuBar *addMenuBar(QWidget &window, const std::function<void()> &happened)
+{
+    auto *bar = new QMenuBar(&window);
+    bar->setNativeMenuBar(false);
+    QMenu *menu = bar->addMenu(QStringLiteral("&File"));
+    menu->addAction(QStringLiteral("Quit"));
+    QObject::connect(menu, &QMenu::aboutToShow, &window, [menu, happened] {
+        happened();
+        QTimer::singleShot(0, menu, &QMenu::close);
+    });
+    QObject::connect(qApp, &QApplication::focusChanged, bar, [bar, happened](QWidget *, QWidget *now) {
+        if (now == bar) {
+            happened();
+        }
+    });
+    bar->show();
+    return bar;
+}
+
+void installMenuBar(SheetWindow &window, const std::function<void()> &happened)
+{
+    addMenuBar(window, happened);
+}
+
+struct WindowKey
+{
+    const char *name;
+    const char *key;
+    Install install;
+};
+
+const WindowKey WindowKeys[] = {
+    {"action", "Ctrl+Q", action("Ctrl+Q", Qt::WindowShortcut)},
+    {"action of the application", "Ctrl+Q", action("Ctrl+Q", Qt::ApplicationShortcut)},
+    {"shortcut", "F5", shortcut("F5", Qt::WindowShortcut)},
+    {"shortcut of the application", "F5", shortcut("F5", Qt::ApplicationShortcut)},
+    {"shortcut of the application in another window", "F6", &installInAnotherWindow},
+    {"shortcut on a letter", "X", shortcut("X", Qt::WindowShortcut)},
+    {"shortcut on a function key with Alt", "Alt+F8", shortcut("Alt+F8", Qt::WindowShortcut)},
+    {"shortcut on a digit with Alt", "Alt+7", shortcut("Alt+7", Qt::WindowShortcut)},
+    {"button's access key", "Alt+D", &installButton},
+    {"label's access key", "Alt+N", &installLabel},
+    {"menu's access key", "Alt+F", &installMenuBar},
+    {"Alt for the menu bar", "Alt", &installMenuBar},
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Install)
+
+/// Which keys are shortcuts while a sheet is up.
+class SheetKeysTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void theWindowsShortcutsRestMeanwhile_data();
+    void theWindowsShortcutsRestMeanwhile();
+    void theWindowsShortcutsComeBack_data();
+    void theWindowsShortcutsComeBack();
+    void aShortcutOfTheWindowKeepsNoKeyFromTheSheet_data();
+    void aShortcutOfTheWindowKeepsNoKeyFromTheSheet();
+    void aShownSheetThatDoesNotWaitKeepsTheKeysToo_data();
+    void aShownSheetThatDoesNotWaitKeepsTheKeysToo();
+    void aMenuBarThatComesLaterRestsToo_data();
+    void aMenuBarThatComesLaterRestsToo();
+    void aSequenceThatWasBegunBeforeIsNotCompleted_data();
+    void aSequenceThatWasBegunBeforeIsNotCompleted();
+
+    void theSheetsAccessKeysWork_data();
+    void theSheetsAccessKeysWork();
+    void aDisabledButtonHasNoAccessKey_data();
+    void aDisabledButtonHasNoAccessKey();
+    void theSheetsOwnShortcutsWork_data();
+    void theSheetsOwnShortcutsWork();
+    void theLineEditKeepsItsEditingKeys();
+    void arrowsMoveTheFocusThoughTheWindowUsesThem();
+    void aMenuOfTheSheetIsUsedByKeys();
+    void aCompletersListIsUsedByKeys();
+
+    void theUppermostOfTwoSheetsRules_data();
+    void theUppermostOfTwoSheetsRules();
+    void anotherWindowKeepsItsShortcuts_data();
+    void anotherWindowKeepsItsShortcuts();
+    void theEventFilterOfASheetLetsOverridesPass_data();
+    void theEventFilterOfASheetLetsOverridesPass();
+
+private:
+    ResourceFolder m_folder;
+};
+
+void SheetKeysTest::initTestCase()
+{
+    installSheetTheme(m_folder);
+}
+
+void SheetKeysTest::init()
+{
+    if (Keyboard::isMissing()) {
+        QSKIP("needs xdotool");
+    }
+}
+
+void SheetKeysTest::cleanup()
+{
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+/// Each kind of sheet with each key that does something in its window.
+static void addKindsAndKeys()
+{
+    QTest::addColumn<ModalSheet::Kind>("kind");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<Install>("install");
+    for (const ModalSheet::Kind kind : {ModalSheet::Message, ModalSheet::Input}) {
+        for (const WindowKey &key : WindowKeys) {
+            QTest::addRow("%s, %s", kind == ModalSheet::Message ? "message" : "input", key.name)
+                << kind << QString::fromLatin1(key.key) << key.install;
+        }
+    }
+}
+
+void SheetKeysTest::theWindowsShortcutsRestMeanwhile_data()
+{
+    addKindsAndKeys();
+}
+
+void SheetKeysTest::theWindowsShortcutsRestMeanwhile()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    QFETCH(QString, key);
+    QFETCH(Install, install);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    int happened = 0;
+    install(window, [&] { ++happened; });
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    const int result = sheet.execute([&] {
+        keyboard.press(key);
+        QCOMPARE(happened, 0);
+        QVERIFY(sheet.firstFocus()->hasFocus());
+        sheet.ok()->setFocus();
+        keyboard.press(key);
+        QCOMPARE(happened, 0);
+        QVERIFY(sheet.ok()->hasFocus());
+        window.setFocus(); // nothing of the sheet has it
+        keyboard.press(key);
+        QCOMPARE(happened, 0);
+        QVERIFY(sheet->isVisible());
+        sheet.done(3);
+    });
+    QCOMPARE(result, 3);
+    QCOMPARE(window.keys, 0);
+}
+
+void SheetKeysTest::theWindowsShortcutsComeBack_data()
+{
+    addKindsAndKeys();
+}
+
+void SheetKeysTest::theWindowsShortcutsComeBack()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    QFETCH(QString, key);
+    QFETCH(Install, install);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    int happened = 0;
+    install(window, [&] { ++happened; });
+    Keyboard keyboard;
+    const auto works = [&] {
+        window.activateWindow(); // the offscreen platform leaves a closed menu active
+        window.setFocus(); // the fields would take letters
+        happened = 0;
+        if (!QTest::qWaitForWindowActive(&window)) {
+            return false;
+        }
+        keyboard.press(key);
+        return QTest::qWaitFor([&] { return happened > 0 && !QApplication::activePopupWidget(); }, Patience);
+    };
+    QVERIFY(works());
+
+    auto sheet = std::make_unique<ModalSheet>(kind, &window);
+    sheet->setBlockWindowButton(false);
+    sheet->execute([&] { sheet->quit(); });
+    QVERIFY(works());
+    (*sheet)->showSheet();
+    (*sheet)->hide();
+    QVERIFY(works());
+    (*sheet)->showSheet();
+    sheet.reset();
+    QVERIFY(works());
+    {
+        SheetWindow other;
+        QVERIFY(other.showAndWait());
+        ModalSheet moved(kind, &window);
+        moved->showSheet();
+        moved->setParent(&other);
+        moved->show();
+        QVERIFY(works());
+    }
+}
+
+void SheetKeysTest::aShortcutOfTheWindowKeepsNoKeyFromTheSheet_data()
+{
+    QTest::addColumn<ModalSheet::Kind>("kind");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("result");
+    const struct
+    {
+        const char *key;
+        int result;
+    } keys[] = {
+        {"Esc", CancelCode},
+        {"Return", OkCode},
+        {"Alt+Return", OkCode},
+        {"Space", OkCode},
+    };
+    for (const auto &key : keys) {
+        QTest::addRow("message, %s", key.key) << ModalSheet::Message << QString::fromLatin1(key.key) << key.result;
+        if (qstrcmp(key.key, "Space") != 0) { // which its line edit takes
+            QTest::addRow("input, %s", key.key) << ModalSheet::Input << QString::fromLatin1(key.key) << key.result;
+        }
+    }
+}
+
+void SheetKeysTest::aShortcutOfTheWindowKeepsNoKeyFromTheSheet()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    QFETCH(QString, key);
+    QFETCH(int, result);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    QShortcut shortcut(QKeySequence(key), &window);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    QCOMPARE(sheet.execute([&] { keyboard.press(key); }), result);
+    QCOMPARE(activated.count(), 0);
+}
+
+void SheetKeysTest::aShownSheetThatDoesNotWaitKeepsTheKeysToo_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::aShownSheetThatDoesNotWaitKeepsTheKeysToo()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    QShortcut shortcut(QKeySequence(QStringLiteral("F5")), &window);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet->showSheet();
+    keyboard.press(QStringLiteral("F5"));
+    QCOMPARE(activated.count(), 0);
+    QCOMPARE(window.keys, 0);
+    sheet.done(0);
+    keyboard.press(QStringLiteral("F5"));
+    QCOMPARE(activated.count(), 1);
+}
+
+void SheetKeysTest::aMenuBarThatComesLaterRestsToo_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::aMenuBarThatComesLaterRestsToo()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    sheet.execute([&] {
+        int happened = 0;
+        addMenuBar(window, [&] { ++happened; });
+        for (const char *key : {"Alt", "Alt+F"}) {
+            keyboard.press(QString::fromLatin1(key));
+        }
+        QCOMPARE(happened, 0);
+        QVERIFY(sheet.firstFocus()->hasFocus());
+        sheet.quit();
+    });
+}
+
+void SheetKeysTest::aSequenceThatWasBegunBeforeIsNotCompleted_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::aSequenceThatWasBegunBeforeIsNotCompleted()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    QShortcut shortcut(QKeySequence(QStringLiteral("Ctrl+K, Ctrl+D")), &window);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    window.setFocus();
+    keyboard.press(QStringLiteral("Ctrl+K"));
+    sheet.execute([&] {
+        keyboard.press(QStringLiteral("Ctrl+D"));
+        QCOMPARE(activated.count(), 0);
+        sheet.quit();
+    });
+}
+
+void SheetKeysTest::theSheetsAccessKeysWork_data()
+{
+    QTest::addColumn<ModalSheet::Kind>("kind");
+    QTest::addColumn<bool>("hasWindowTheSame");
+    for (const bool hasWindowTheSame : {false, true}) {
+        const char *const where = hasWindowTheSame ? "in the window too" : "in the sheet only";
+        QTest::addRow("message, %s", where) << ModalSheet::Message << hasWindowTheSame;
+        QTest::addRow("input, %s", where) << ModalSheet::Input << hasWindowTheSame;
+    }
+}
+
+void SheetKeysTest::theSheetsAccessKeysWork()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    QFETCH(bool, hasWindowTheSame);
+    SheetWindow window;
+    QPushButton below(QStringLiteral("&Delete"), &window);
+    below.setVisible(hasWindowTheSame);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy clicked(&below, &QPushButton::clicked);
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    sheet.ok()->setText(QStringLiteral("&Delete"));
+    sheet.cancel()->setText(QStringLiteral("&Keep"));
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(sheet.execute([&] { keyboard.press(QStringLiteral("Alt+D")); }), OkCode);
+        QCOMPARE(sheet.execute([&] { keyboard.press(QStringLiteral("Alt+K")); }), CancelCode);
+    }
+    QCOMPARE(clicked.count(), 0);
+    QVERIFY(window.above->hasFocus());
+    if (kind == ModalSheet::Input) {
+        QCOMPARE(qobject_cast<VelaInputSheet *>(sheet.get())->getContent(), QString());
+    }
+}
+
+void SheetKeysTest::aDisabledButtonHasNoAccessKey_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::aDisabledButtonHasNoAccessKey()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QPushButton below(QStringLiteral("&Delete"), &window);
+    QVERIFY(window.showAndWait());
+    const QSignalSpy clicked(&below, &QPushButton::clicked);
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    sheet.ok()->setText(QStringLiteral("&Delete"));
+    const int result = sheet.execute([&] {
+        sheet.ok()->setEnabled(false);
+        keyboard.press(QStringLiteral("Alt+D"));
+        sheet.ok()->setEnabled(true);
+        sheet.ok()->hide();
+        keyboard.press(QStringLiteral("Alt+D"));
+        QTimer::singleShot(300, sheet.get(), [&] { sheet.done(3); }); // a click takes a third of that
+    });
+    QCOMPARE(result, 3);
+    QCOMPARE(clicked.count(), 0);
+}
+
+void SheetKeysTest::theSheetsOwnShortcutsWork_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::theSheetsOwnShortcutsWork()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    QShortcut shortcut(QKeySequence(QStringLiteral("F1")), sheet.get());
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    QAction action;
+    action.setShortcut(QKeySequence(QStringLiteral("F2")));
+    sheet.firstFocus()->addAction(&action);
+    const QSignalSpy triggered(&action, &QAction::triggered);
+    sheet.execute([&] {
+        keyboard.press(QStringLiteral("F1"));
+        keyboard.press(QStringLiteral("F2"));
+        sheet.quit();
+    });
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(triggered.count(), 1);
+}
+
+void SheetKeysTest::theLineEditKeepsItsEditingKeys()
+{
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    int happened = 0;
+    for (const char *key : {"Ctrl+A", "Ctrl+C", "Ctrl+V", "Ctrl+X", "Ctrl+Z", "Left", "Home", "Del"}) {
+        action(key, Qt::ApplicationShortcut)(window, [&] { ++happened; });
+    }
+    Keyboard keyboard;
+    ModalSheet sheet(ModalSheet::Input, &window);
+    sheet.setBlockWindowButton(false);
+    QLineEdit *field = qobject_cast<VelaInputSheet *>(sheet.get())->getLineEdit();
+    sheet.execute([&] {
+        keyboard.press(QStringLiteral("A"));
+        keyboard.press(QStringLiteral("B"));
+        keyboard.press(QStringLiteral("Ctrl+A"));
+        QCOMPARE(field->selectedText(), QStringLiteral("ab"));
+        keyboard.press(QStringLiteral("Ctrl+C"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("ab"));
+        keyboard.press(QStringLiteral("Home"));
+        keyboard.press(QStringLiteral("Ctrl+V"));
+        QCOMPARE(field->text(), QStringLiteral("abab"));
+        keyboard.press(QStringLiteral("Ctrl+Z"));
+        QCOMPARE(field->text(), QStringLiteral("ab"));
+        keyboard.press(QStringLiteral("Home"));
+        keyboard.press(QStringLiteral("Del"));
+        QCOMPARE(field->text(), QStringLiteral("b"));
+        sheet.quit();
+    });
+    QCOMPARE(happened, 0);
+    QCOMPARE(field->text(), QStringLiteral("b"));
+}
+
+void SheetKeysTest::arrowsMoveTheFocusThoughTheWindowUsesThem()
+{
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    QShortcut shortcut(QKeySequence(QStringLiteral("Left")), &window);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    Keyboard keyboard;
+    ModalSheet sheet(ModalSheet::Message, &window);
+    sheet.setBlockWindowButton(false);
+    sheet.execute([&] {
+        sheet.cancel()->setFocus();
+        keyboard.press(QStringLiteral("Left"));
+        QVERIFY(sheet.ok()->hasFocus());
+        sheet.quit();
+    });
+    QCOMPARE(activated.count(), 0);
+}
+
+void SheetKeysTest::aMenuOfTheSheetIsUsedByKeys()
+{
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    int happened = 0;
+    for (const char *key : {"Esc", "Down", "Return", "Ctrl+Q", "T", "Alt+T"}) {
+        shortcut(key, Qt::ApplicationShortcut)(window, [&] { ++happened; });
+    }
+    Keyboard keyboard;
+    ModalSheet sheet(ModalSheet::Input, &window);
+    sheet.setBlockWindowButton(false);
+    QMenu menu(sheet.firstFocus());
+    QAction *one = menu.addAction(QStringLiteral("&One"));
+    QAction *two = menu.addAction(QStringLiteral("&Two"));
+    const QSignalSpy first(one, &QAction::triggered);
+    const QSignalSpy second(two, &QAction::triggered);
+    sheet.execute([&] {
+        const auto open = [&] {
+            menu.popup(sheet.firstFocus()->mapToGlobal(QPoint(0, 0)));
+            return QTest::qWaitForWindowExposed(&menu);
+        };
+        QVERIFY(open());
+        keyboard.press(QStringLiteral("Ctrl+Q"));
+        QVERIFY(menu.isVisible());
+        keyboard.press(QStringLiteral("Down"));
+        keyboard.press(QStringLiteral("Return"));
+        QTRY_COMPARE(first.count(), 1);
+        QVERIFY(open());
+        keyboard.press(QStringLiteral("T"));
+        QTRY_COMPARE(second.count(), 1);
+        QVERIFY(open());
+        keyboard.press(QStringLiteral("Esc"));
+        QTRY_VERIFY(!menu.isVisible());
+        QVERIFY(sheet->isVisible());
+        sheet.quit();
+    });
+    QCOMPARE(happened, 0);
+}
+
+void SheetKeysTest::aCompletersListIsUsedByKeys()
+{
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    int happened = 0;
+    for (const char *key : {"Esc", "Down", "Return", "Ctrl+Q"}) {
+        shortcut(key, Qt::WindowShortcut)(window, [&] { ++happened; });
+    }
+    Keyboard keyboard;
+    ModalSheet sheet(ModalSheet::Input, &window);
+    sheet.setBlockWindowButton(false);
+    QLineEdit *field = qobject_cast<VelaInputSheet *>(sheet.get())->getLineEdit();
+    QCompleter completer({QStringLiteral("apple"), QStringLiteral("apricot")});
+    field->setCompleter(&completer);
+    sheet.execute([&] {
+        keyboard.press(QStringLiteral("A"));
+        QTRY_VERIFY(completer.popup()->isVisible());
+        keyboard.press(QStringLiteral("Ctrl+Q"));
+        QVERIFY(completer.popup()->isVisible());
+        keyboard.press(QStringLiteral("Down"));
+        keyboard.press(QStringLiteral("Return"));
+        QTRY_COMPARE(field->text(), QStringLiteral("apple"));
+        QVERIFY(sheet->isVisible());
+        sheet.quit();
+    });
+    QCOMPARE(happened, 0);
+}
+
+void SheetKeysTest::theUppermostOfTwoSheetsRules_data()
+{
+    QTest::addColumn<ModalSheet::Kind>("below");
+    QTest::addColumn<ModalSheet::Kind>("above");
+    QTest::newRow("message above message") << ModalSheet::Message << ModalSheet::Message;
+    QTest::newRow("message above input") << ModalSheet::Input << ModalSheet::Message;
+    QTest::newRow("input above message") << ModalSheet::Message << ModalSheet::Input;
+}
+
+void SheetKeysTest::theUppermostOfTwoSheetsRules()
+{
+    QFETCH(ModalSheet::Kind, below);
+    QFETCH(ModalSheet::Kind, above);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    Keyboard keyboard;
+    ModalSheet first(below, &window);
+    first.setBlockWindowButton(false);
+    first.ok()->setText(QStringLiteral("&Delete"));
+    first.cancel()->setText(QStringLiteral("&Keep"));
+    QShortcut shortcut(QKeySequence(QStringLiteral("F1")), first.get());
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    const QSignalSpy firstFinished(first.get(), &VelaSheet::finished);
+    first.execute([&] {
+        ModalSheet second(above, &window);
+        second.setBlockWindowButton(false);
+        second.ok()->setText(QStringLiteral("&Discard"));
+        QCOMPARE(second.execute([&] {
+            keyboard.press(QStringLiteral("F1"));
+            keyboard.press(QStringLiteral("Alt+K")); // of the one below
+            keyboard.press(QStringLiteral("Alt+D")); // of both
+        }),
+                 OkCode);
+        QCOMPARE(activated.count(), 0);
+        QCOMPARE(firstFinished.count(), 0);
+        keyboard.press(QStringLiteral("F1"));
+        keyboard.press(QStringLiteral("Alt+K"));
+    });
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(firstFinished.count(), 1);
+    QCOMPARE(firstFinished.first().first().toInt(), CancelCode);
+}
+
+void SheetKeysTest::anotherWindowKeepsItsShortcuts_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::anotherWindowKeepsItsShortcuts()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    Keyboard keyboard;
+    ModalSheet sheet(kind, &window);
+    sheet.setBlockWindowButton(false);
+    sheet.execute([&] {
+        SheetWindow other;
+        int happened = 0;
+        const auto count = [&] { ++happened; };
+        action("Ctrl+Q", Qt::WindowShortcut)(other, count);
+        shortcut("F5", Qt::ApplicationShortcut)(other, count);
+        installButton(other, count);
+        installMenuBar(other, count);
+        QVERIFY(other.showAndWait());
+        int expected = 0;
+        for (const char *key : {"Ctrl+Q", "F5", "Alt+D", "Alt"}) {
+            keyboard.press(QString::fromLatin1(key));
+            ++expected;
+            QTRY_COMPARE(happened, expected);
+        }
+        sheet.quit();
+    });
+}
+
+void SheetKeysTest::theEventFilterOfASheetLetsOverridesPass_data()
+{
+    ModalSheet::addKinds();
+}
+
+void SheetKeysTest::theEventFilterOfASheetLetsOverridesPass()
+{
+    QFETCH(ModalSheet::Kind, kind);
+    SheetWindow window;
+    QVERIFY(window.showAndWait());
+    ModalSheet sheet(kind, &window);
+    sheet->showSheet();
+    QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+    QVERIFY(!sheet->eventFilter(&window, &override));
+    QVERIFY(!override.isAccepted());
+}
+
+QTEST_MAIN(SheetKeysTest)
+#include "tst_sheet_keys.moc"

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QLineEdit;
+class QPushButton;
+class ResourceFolder;
+class VelaInputSheet;
+class VelaMessageSheet;
+class VelaSheet;
+
+constexpr int OkCode = 0x400;
+constexpr int CancelCode = 0x800000;
+constexpr int NoAnswer = -1; // of a sheet that nobody answered in time
+constexpr int Patience = 10000; // milliseconds
+
+/// Makes the start-up calls with what sheets ask for: images, captions "OK" and "Cancel", style sheets.
+void installSheetTheme(ResourceFolder &folder);
+
+/// A window of two fields, the upper one with the focus, that ends up below a sheet. Counts what reaches it, and is
+/// never closed.
+class SheetWindow : public QWidget
+{
+public:
+    SheetWindow();
+
+    /// Whether the window became active.
+    bool showAndWait();
+
+    /// What an application would be sent by its user, through the window and whatever has the focus in it.
+    void press(int key, Qt::KeyboardModifiers modifiers = {});
+    void clickOn(const QWidget *widget);
+    /// A key that nothing in the window has wanted. Whether it ended there.
+    bool send(int key);
+
+    QLineEdit *const above;
+    QLineEdit *const below;
+    int closings = 0;
+    int keys = 0;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+};
+
+/// Runs exec() of a sheet with @p action in its event loop; nobody waits for ever.
+template<typename Sheet>
+int execute(Sheet *sheet, const std::function<void()> &action)
+{
+    QTimer::singleShot(0, sheet, action);
+    QTimer guard;
+    QObject::connect(&guard, &QTimer::timeout, sheet, [sheet] { sheet->done(NoAnswer); });
+    guard.start(Patience);
+    return sheet->exec();
+}
+
+/// A sheet of one of the kinds that wait for an answer, in a mask over its window, both kinds behind one face.
+class ModalSheet
+{
+public:
+    enum Kind { Message, Input };
+
+    /// Rows "message" and "input" of a column "kind".
+    static void addKinds();
+
+    ModalSheet(Kind kind, QWidget *window);
+    ~ModalSheet();
+    Q_DISABLE_COPY_MOVE(ModalSheet)
+
+    VelaSheet *get() const;
+    VelaSheet *operator->() const;
+    /// Leaves the sheet to its parents and to the caller.
+    VelaSheet *release();
+
+    int exec();
+    int execute(const std::function<void()> &action);
+    void done(int result);
+    void quit();
+    void setBlockWindowButton(bool block);
+    QPushButton *button(QMessageBox::StandardButton which) const;
+    QPushButton *ok() const;
+    QPushButton *cancel() const;
+    /// What has the focus at first.
+    QWidget *firstFocus() const;
+
+private:
+    template<typename Use>
+    auto use(const Use &use) const;
+
+    std::unique_ptr<VelaSheet> m_sheet;
+    VelaMessageSheet *m_message = nullptr; // one of these is the sheet
+    VelaInputSheet *m_input = nullptr;
+};
+
+Q_DECLARE_METATYPE(ModalSheet::Kind)
