@@ -68,7 +68,8 @@ constexpr TypeRow Types[] = {
 
 void startAnimation(VelaMessageSheet *sheet)
 {
-    for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+    const auto labels = sheet->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
         if (label->movie()) {
             label->movie()->start();
         }

@@ -19,7 +19,7 @@ QString comboBoxSheet()
     const QString padding =
         QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad + QLatin1String("px;");
     const QString border = QStringLiteral("border: 1px solid #C8D2DC;");
-    const QString boxSheet = Look::sheet(Style::ComboBox).arg(padding).arg(border);
+    const QString boxSheet = Look::sheet(Style::ComboBox).arg(padding).arg(border); // clazy:exclude=qstring-arg
     return boxSheet + Look::sheet(Style::ScrollBar);
 }
 

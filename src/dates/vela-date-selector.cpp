@@ -177,7 +177,7 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
 
     weekdayView->insertRow(0);
     for (int i = 0; i < DaysPerWeek; ++i) {
-        auto *item = new QTableWidgetItem(text(WeekdayKeys[i]).left(1));
+        auto *item = new QTableWidgetItem(text(WeekdayKeys[i]).left(1)); // clazy:exclude=qstring-left
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         weekdayView->setItem(0, i, item);
     }
