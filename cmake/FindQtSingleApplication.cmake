@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # FindQtSingleApplication
 #
 # Looks for the single-instance support of Qt Solutions as distributions package it, built for Qt 5, and defines the

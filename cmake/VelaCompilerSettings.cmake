@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # How everything of this project is compiled: library, gallery, tests, benchmarks.
 
 set(CMAKE_CXX_STANDARD 17)

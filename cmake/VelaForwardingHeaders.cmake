@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # vela_public_header(<path below src/> [PUBLISHED_IN <folder>] [CLASSES <class> ...])
 #
 # Registers a public header of the library: applications include it by its name in the folder that it is published in,

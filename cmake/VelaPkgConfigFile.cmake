@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # vela_generate_pkgconfig_file(...)
 #
 # ecm_generate_pkgconfig_file(), which writes the configured prefix into the file, with one difference: the prefix is

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "pages.h"
 
 const std::vector<PageEntry> &galleryPages()

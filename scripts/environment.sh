@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # An environment of their own for the programs that a script starts. Sourced by scripts/bench and tests/consumer/run.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Vela Components authors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Named steps of a check, one line each: what a failed one printed is shown in full, what a good one printed is not.
 # Sourced by scripts/check and tests/consumer/run.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "component/vela-button.h"
 #include "component/vela-check-box.h"
 #include "component/vela-combo-box.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "vela_export.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "controls/vela-check-box.h"
 
 #include "look/look_p.h"

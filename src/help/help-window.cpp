@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "help/help-window.h"
 
 #include "style-manager/style-manager.h"

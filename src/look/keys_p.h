@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 // Everything that the library asks a theme and a table of texts for, and who does. What an application's theme has to

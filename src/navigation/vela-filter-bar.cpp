@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "navigation/vela-filter-bar.h"
 
 #include "controls/vela-button.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "sheets/sheet-keys_p.h"
 
 #include "sheets/sheet-stack_p.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "sheets/vela-countdown-msg-box.h"
 
 #include "style-manager/style-manager.h"

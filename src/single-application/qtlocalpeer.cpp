@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "single-application/qtlocalpeer.h"
 
 #include "single-application/first-place_p.h"

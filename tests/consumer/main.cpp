@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 // Makes the start-up calls with the installed theme, shows a button and fails unless its style sheet is in effect.
 // Arguments: the theme's folder and one that can be written to.
 

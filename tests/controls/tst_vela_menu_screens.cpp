@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "component/vela-menu.h"
 #include "support/x-connection.h"
 #include "support/x-server.h"

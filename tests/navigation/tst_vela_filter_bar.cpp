@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "component/vela-button.h"
 #include "component/vela-filter-bar.h"
 #include "support/controls.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 // A process of a single-instance application, driven by its arguments: an id, or nothing to have that of the program,
 // and then what to do.
 

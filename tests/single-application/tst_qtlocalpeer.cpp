@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "single-application/peers.h"
 #include "single-application/qtlocalpeer.h"
 #include "support/log-capture.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "single-application/instance-process.h"
 #include "single-application/qtlockedfile.h"
 #include "support/log-capture.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -36,8 +39,8 @@ void EnvironmentTest::noPluginOfADesktopIsLoaded()
                                          [](const QByteArray &line) { return line.contains("/plugins/platforms/"); });
     QVERIFY(hasPlatform); // plugins can be told by their folder
     for (const QByteArray &line : mapped) {
-        for (const char *folder : {"/platformthemes/", "/styles/", "/platforminputcontexts/libibus",
-                                   "/xcbglintegrations/"}) {
+        for (const char *folder :
+             {"/platformthemes/", "/styles/", "/platforminputcontexts/libibus", "/xcbglintegrations/"}) {
             QVERIFY2(!line.contains(folder), line.constData());
         }
     }
