@@ -57,17 +57,37 @@ public:
 protected:
     void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
 
-    /// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
     bool event(QEvent *event) override
     {
-        if (event->type() == QEvent::ShortcutOverride) {
-            const int key = static_cast<QKeyEvent *>(event)->key();
-            event->setAccepted(key == Qt::Key_Return || key == Qt::Key_Enter);
+        switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            keepEnter(static_cast<QKeyEvent *>(event));
+            return QCalendarWidget::event(event);
+        case QEvent::LocaleChange:
+            showYear();
+            [[fallthrough]];
+        case QEvent::LayoutDirectionChange:
+            // Qt's calendar would begin the week on another day and give the months and the arrows its own looks.
+            return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
+        default:
+            return QCalendarWidget::event(event);
         }
-        return QCalendarWidget::event(event);
     }
 
 private:
+    /// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
+    static void keepEnter(QKeyEvent *event)
+    {
+        event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
+    }
+
+    /// Shows the year with the locale's digits, as its edit does already.
+    void showYear()
+    {
+        const auto *edit = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
+        findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton"))->setText(edit->text());
+    }
+
     QWidget *const m_dayGrid;
 };
 

@@ -18,7 +18,8 @@ class VelaDateSelectorPrivate;
 /// Calendar of a month with a button for today below it.
 ///
 /// It is an item view only so that a combo box takes it as its popup, see VelaDateSelector; it has no model and works
-/// on its own as well. Texts are those of the language that is installed when it is made.
+/// on its own as well. Texts are those of the language that is installed when it is made. In
+/// every locale the week starts on Sunday; the locale decides on the digits of the year.
 class VELA_EXPORT VelaCalanderView : public QAbstractItemView
 {
     Q_OBJECT

@@ -29,6 +29,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 Q_DECLARE_METATYPE(Qt::Key)
@@ -288,6 +289,10 @@ int countReddish(const QImage &image)
 
 } // namespace
 
+/// Of a view that has no parent, or that lies in a window.
+using Change = std::function<void(VelaCalanderView *view, QWidget *window)>;
+Q_DECLARE_METATYPE(Change)
+
 class VelaDateSelectorTest : public QObject
 {
     Q_OBJECT
@@ -320,6 +325,12 @@ private Q_SLOTS:
     void aChosenMonthIsShownByItsWholeName();
     void theSlotsWriteTheMonthOnly();
     void aLaterLanguageIsNotPickedUp();
+    void anotherLocaleChangesNeitherWeekNorMonths_data();
+    void anotherLocaleChangesNeitherWeekNorMonths();
+    void anotherLocaleLeavesTheSelectedDayWhereItIs();
+    void theYearFollowsTheLocale();
+    void anotherLayoutDirectionLeavesTheArrowsTheirImages_data();
+    void anotherLayoutDirectionLeavesTheArrowsTheirImages();
     void theWeekdayRowShowsOneLetterPerDayStartingWithSunday_data();
     void theWeekdayRowShowsOneLetterPerDayStartingWithSunday();
     void theWeekdayRowIsSetUpAsAHeader();
@@ -748,6 +759,133 @@ void VelaDateSelectorTest::aLaterLanguageIsNotPickedUp()
     view.setCurrentPage(2024, 4);
     QCOMPARE(calendar.month()->text(), QStringLiteral("April"));
     QCOMPARE(calendar.weekdays()->item(0, 0)->text(), QStringLiteral("S"));
+}
+
+void VelaDateSelectorTest::anotherLocaleChangesNeitherWeekNorMonths_data()
+{
+    QTest::addColumn<Change>("change");
+    const QLocale german(QLocale::German); // whose week starts on Monday
+    QTest::newRow("of the view") << Change([german](VelaCalanderView *view, QWidget *) { view->setLocale(german); });
+    QTest::newRow("of the window") << Change([german](VelaCalanderView *view, QWidget *window) {
+        view->setParent(window);
+        window->setLocale(german);
+    });
+    QTest::newRow("by another parent") << Change([german](VelaCalanderView *view, QWidget *window) {
+        window->setLocale(german);
+        view->setParent(window);
+    });
+    QTest::newRow("and back") << Change([german](VelaCalanderView *view, QWidget *) {
+        view->setLocale(german);
+        view->unsetLocale();
+    });
+    QTest::newRow("as a popup") << Change([german](VelaCalanderView *view, QWidget *window) {
+        auto *comboBox = new QComboBox(window);
+        comboBox->setView(view);
+        comboBox->setLocale(german);
+    });
+}
+
+void VelaDateSelectorTest::anotherLocaleChangesNeitherWeekNorMonths()
+{
+    QFETCH(Change, change);
+    QWidget window;
+    auto *view = new VelaCalanderView;
+    const Calendar calendar(view);
+    view->setCurrentPage(2024, 4);
+    EventCounter changes(view, QEvent::LocaleChange);
+    change(view, &window);
+    QVERIFY(changes.take() > 0);
+    const std::unique_ptr<VelaCalanderView> owned(view->parent() ? nullptr : view);
+
+    QCOMPARE(calendar.widget()->firstDayOfWeek(), Qt::Sunday);
+    QCOMPARE(calendar.weekdays()->item(0, 1)->text(), QStringLiteral("M"));
+    QCOMPARE(calendar.cell(1).column(), 1); // a Monday
+    QCOMPARE(calendar.month()->text(), QStringLiteral("April"));
+    QCOMPARE(calendar.page(), QDate(2024, 4, 1));
+    const QList<QAction *> actions = calendar.month()->menu()->actions();
+    QCOMPARE(actions.size(), MonthsPerYear);
+    for (int i = 0; i < MonthsPerYear; ++i) {
+        QCOMPARE(actions[i]->text(), EnglishMonths[i].left(3));
+    }
+    calendar.next()->click();
+    QCOMPARE(calendar.month()->text(), QStringLiteral("May"));
+    QCOMPARE(calendar.cell(1).column(), 3);
+    calendar.previous()->click();
+    QCOMPARE(calendar.page(), QDate(2024, 4, 1));
+}
+
+void VelaDateSelectorTest::anotherLocaleLeavesTheSelectedDayWhereItIs()
+{
+    const ShownCalendar calendar;
+    calendar.view->setCurrentPage(2024, 4);
+    calendar.click(17);
+    const QSignalSpy chosen(calendar.view, &VelaCalanderView::sigDateSelect);
+    const QSignalSpy selected(calendar.widget(), &QCalendarWidget::selectionChanged);
+    const QSignalSpy turned(calendar.widget(), &QCalendarWidget::currentPageChanged);
+    const QPoint place = calendar.middleOf(17);
+    calendar.view->setLocale(QLocale(QLocale::German));
+    QCOMPARE(calendar.widget()->selectedDate(), SomeDay);
+    QCOMPARE(calendar.grid()->currentIndex(), calendar.cell(17));
+    QCOMPARE(calendar.middleOf(17), place);
+    QCOMPARE(chosen.count() + selected.count() + turned.count(), 0);
+    calendar.click(18);
+    QCOMPARE(dates(chosen), QList<QDate> {SomeDay.addDays(1)});
+}
+
+void VelaDateSelectorTest::theYearFollowsTheLocale()
+{
+    VelaCalanderView view;
+    const Calendar calendar(&view);
+    view.setCurrentPage(2024, 4);
+    view.setLocale(QLocale(QLocale::Arabic, QLocale::Egypt));
+    const QString year = QStringLiteral("٢٠٢٤");
+    QCOMPARE(calendar.yearEdit()->text(), year);
+    QCOMPARE(calendar.year()->text(), year);
+    view.setCurrentPage(2025, 4);
+    QCOMPARE(calendar.year()->text(), calendar.yearEdit()->text());
+    QCOMPARE(calendar.month()->text(), QStringLiteral("April"));
+}
+
+void VelaDateSelectorTest::anotherLayoutDirectionLeavesTheArrowsTheirImages_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::newRow("of the view") << Change(
+        [](VelaCalanderView *view, QWidget *) { view->setLayoutDirection(Qt::RightToLeft); });
+    QTest::newRow("of the window") << Change(
+        [](VelaCalanderView *, QWidget *window) { window->setLayoutDirection(Qt::RightToLeft); });
+    QTest::newRow("of the application") << Change(
+        [](VelaCalanderView *, QWidget *) { QApplication::setLayoutDirection(Qt::RightToLeft); });
+    QTest::newRow("and back") << Change([](VelaCalanderView *view, QWidget *) {
+        view->setLayoutDirection(Qt::RightToLeft);
+        view->setLayoutDirection(Qt::LeftToRight);
+    });
+}
+
+void VelaDateSelectorTest::anotherLayoutDirectionLeavesTheArrowsTheirImages()
+{
+    QFETCH(Change, change);
+    QWidget window;
+    auto *column = new QVBoxLayout(&window);
+    auto *view = new VelaCalanderView(&window);
+    column->addWidget(view);
+    const Calendar calendar(view);
+    view->setCurrentPage(2024, 4);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    EventCounter changes(view, QEvent::LayoutDirectionChange);
+    change(view, &window);
+    QVERIFY(changes.take() > 0);
+    QCoreApplication::processEvents(); // which lays the bar out
+
+    const bool isMirrored = view->isRightToLeft();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(calendar.previous()->iconSize(), expectedImageSize(QSize(64, 48)) / expectedRatio());
+    QCOMPARE(calendar.next()->iconSize(), expectedImageSize(QSize(48, 64)) / expectedRatio());
+    QCOMPARE(paintedColor(calendar.previous()), QColor(Qt::magenta));
+    QCOMPARE(paintedColor(calendar.next()), QColor(Qt::blue));
+    QCOMPARE(calendar.month()->text(), QStringLiteral("April"));
+    QCOMPARE(calendar.previous()->x() > calendar.next()->x(), isMirrored);
+    QCOMPARE(calendar.widget()->firstDayOfWeek(), Qt::Sunday);
 }
 
 void VelaDateSelectorTest::theWeekdayRowShowsOneLetterPerDayStartingWithSunday_data()
