@@ -7,6 +7,7 @@
 #include "scale/scaled.h"
 #include "style-manager/style-manager.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QList>
 #include <QMenu>
@@ -16,6 +17,8 @@
 #include <QSignalMapper>
 #include <QToolButton>
 #include <QVector>
+
+#include <functional>
 
 namespace {
 
@@ -38,20 +41,48 @@ QString withoutMnemonic(QString name)
     return name.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
+/// Name that the keyboard finds in full view. Under a press of the mouse nothing may move.
+class NameButton : public QPushButton
+{
+public:
+    NameButton(const QString &text, QWidget *parent, std::function<void()> showInFull) :
+        QPushButton(text, parent), m_showInFull(std::move(showInFull))
+    {
+    }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QPushButton::focusInEvent(event);
+        switch (event->reason()) {
+        case Qt::MouseFocusReason:
+        case Qt::ActiveWindowFocusReason: // which a press gives first
+        case Qt::PopupFocusReason:
+            break;
+        default:
+            m_showInFull();
+        }
+    }
+
+private:
+    const std::function<void()> m_showInFull;
+};
+
 // Buttons are made where they stay, as a styled widget that is given another parent is polished again.
 QPushButton *createArrow(QWidget *parent)
 {
     auto *arrow = new QPushButton(parent);
     arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
     arrow->setFlat(true);
+    arrow->setFocusPolicy(Qt::NoFocus);
     arrow->setStyleSheet(getStyleSheet("component.button_path_arrow", false));
     arrow->setFixedSize(scaled(ArrowWidth), scaled(BarHeight));
     return arrow;
 }
 
-QPushButton *createNameButton(const QString &name, QWidget *parent)
+QPushButton *createNameButton(const QString &name, QWidget *parent, std::function<void()> showInFull)
 {
-    auto *button = new QPushButton(withoutMnemonic(name), parent);
+    auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
     button->setFlat(true);
     button->setStyleSheet(getStyleSheet("component.button_path_name_button", false));
     button->setFixedHeight(scaled(NameButtonHeight));
@@ -77,6 +108,8 @@ public:
     void discard(QAction *action);
     void discard(QPushButton *button);
     void setButton(int column, QPushButton *button);
+    void setTabOrder();
+    void showInFull(int column);
 
     VelaButtonPath *const q;
     QList<QPushButton *> buttons; // names at even indices, arrows at odd ones
@@ -99,6 +132,7 @@ void VelaButtonPathPrivate::setUpTable()
     q->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     q->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     q->setFocusPolicy(Qt::NoFocus);
+    q->setTabKeyNavigation(false);
     q->setFixedHeight(scaled(BarHeight));
 }
 
@@ -147,6 +181,7 @@ void VelaButtonPathPrivate::discard(QPushButton *button)
 {
     if (sources.contains(button)) {
         nameMapper->removeMappings(button);
+        button->clearFocus(); // or a neighbour of the bar might get it
         button->setParent(nullptr); // deleted once the click is told; the table may be quicker
     } else {
         delete button;
@@ -159,6 +194,34 @@ void VelaButtonPathPrivate::setButton(int column, QPushButton *button)
     q->setCellWidget(0, column, button);
     if (!isArrow(column)) {
         q->setColumnWidth(column, button->width());
+    }
+}
+
+// New widgets are the window's last stops.
+void VelaButtonPathPrivate::setTabOrder()
+{
+    QWidget *previous = menuButton;
+    for (int column = 0; column < buttons.size(); column += 2) {
+        QWidget::setTabOrder(previous, buttons.at(column));
+        previous = buttons.at(column);
+    }
+}
+
+// The table shows a cell that gets the focus as well, but under the menu's button. Of a name that is too long the
+// beginning counts.
+void VelaButtonPathPrivate::showInFull(int column)
+{
+    const int left = q->columnViewportPosition(column);
+    const int right = left + q->columnWidth(column);
+    const int covered = menuButton->isVisible() ? menuButton->geometry().right() + 1 - q->viewport()->x() : 0;
+    const int atLeft = left - covered; // negative if it is hidden there
+    const int atRight = right - q->viewport()->width(); // positive if it is hidden there
+
+    QScrollBar *bar = q->horizontalScrollBar();
+    if (q->isRightToLeft()) {
+        bar->setValue(bar->value() - qMax(qMin(0, atLeft), atRight));
+    } else {
+        bar->setValue(bar->value() + qMin(qMax(0, atRight), atLeft));
     }
 }
 
@@ -186,11 +249,12 @@ void VelaButtonPath::refresh(QString path)
         if (i > 0) {
             d->setButton(2 * i - 1, createArrow(viewport()));
         }
-        QPushButton *button = createNameButton(names.at(i), viewport());
+        QPushButton *button = createNameButton(names.at(i), viewport(), [this, i] { d->showInFull(2 * i); });
         connect(button, &QPushButton::clicked, d->nameMapper, qOverload<>(&QSignalMapper::map));
         d->nameMapper->setMapping(button, 2 * i);
         d->setButton(2 * i, button);
     }
+    d->setTabOrder();
     updateColumnSize();
 }
 

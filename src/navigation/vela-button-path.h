@@ -16,7 +16,7 @@ class VelaButtonPathPrivate;
 ///
 /// A click asks for a path and does nothing else; the client changes folder and calls slotUpdatePath() or refresh(),
 /// from the slot itself if it likes. When the row is wider than the bar, its end is in view and a menu at the left
-/// lists the folders that are not.
+/// lists the folders that are not. Tab stops at each name, in full view, and leaves the bar at its ends.
 class VELA_EXPORT VelaButtonPath : public QTableWidget
 {
     Q_OBJECT

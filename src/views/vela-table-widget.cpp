@@ -169,6 +169,7 @@ void VelaTableWidgetPrivate::setUpBody()
 {
     body->setSelectionBehavior(QAbstractItemView::SelectRows);
     body->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    body->setTabKeyNavigation(false);
     body->verticalHeader()->hide();
     body->horizontalHeader()->hide();
     body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

@@ -56,7 +56,8 @@ protected:
 /// Table with declared columns whose header stays above the scrolling rows.
 ///
 /// Columns that stretch share the width that the others leave free, each by its ratio and never below its base width,
-/// whenever the table is resized. Fill rows in through getTable().
+/// whenever the table is resized. Fill rows in through getTable(). Arrow keys move among the cells, Tab
+/// leaves the table.
 class VELA_EXPORT VelaTableWidget : public QWidget
 {
     Q_OBJECT

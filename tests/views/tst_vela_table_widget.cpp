@@ -241,6 +241,7 @@ private Q_SLOTS:
     void keysForTheHeaderDoNotScrollIt();
     void focusMovingAlongTheHeaderDoesNotScrollIt();
     void theHeaderTakesNoFocus();
+    void tabLeavesTheTableAndArrowKeysMoveInIt();
     void draggingAcrossTheHeaderDoesNotScrollIt();
     void theHeaderFollowsBeforeTheTableIsShown();
     void theHeaderFollowsAWheelOverTheRows();
@@ -953,7 +954,6 @@ void VelaTableWidgetTest::focusMovingAlongTheHeaderDoesNotScrollIt()
 void VelaTableWidgetTest::theHeaderTakesNoFocus()
 {
     TableWindow window(Wide);
-    window.body->setTabKeyNavigation(false); // among the cells
     auto *neighbour = new QLineEdit(&window);
     neighbour->move(0, TableSize.height());
     QVERIFY(window.showAndWait());
@@ -967,6 +967,48 @@ void VelaTableWidgetTest::theHeaderTakesNoFocus()
     }
     QCOMPARE(visited, (QSet<QWidget *> {neighbour, window.body}));
     QCOMPARE(window.header->focusPolicy(), Qt::NoFocus);
+}
+
+void VelaTableWidgetTest::tabLeavesTheTableAndArrowKeysMoveInIt()
+{
+    QWidget host;
+    auto *column = new QVBoxLayout(&host);
+    auto *before = new QLineEdit;
+    auto *table = new VelaTableWidget(declared(Plain));
+    auto *after = new QLineEdit;
+    for (QWidget *widget :
+         {static_cast<QWidget *>(before), static_cast<QWidget *>(table), static_cast<QWidget *>(after)}) {
+        column->addWidget(widget);
+    }
+    QTableWidget *const body = table->getTable();
+    body->setRowCount(3);
+    host.show();
+    QVERIFY(QTest::qWaitForWindowActive(&host));
+    const auto press = [&host](Qt::Key key) {
+        QTest::keyClick(host.windowHandle(), key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+    };
+
+    for (const auto &cell : {std::pair(0, 0), std::pair(1, 1), std::pair(2, 2)}) {
+        before->setFocus();
+        press(Qt::Key_Tab);
+        QVERIFY(body->hasFocus());
+        body->setCurrentCell(cell.first, cell.second);
+        press(Qt::Key_Tab);
+        QVERIFY(after->hasFocus());
+        press(Qt::Key_Backtab);
+        QVERIFY(body->hasFocus());
+        press(Qt::Key_Backtab);
+        QVERIFY(before->hasFocus());
+        QCOMPARE(std::pair(body->currentRow(), body->currentColumn()), cell);
+    }
+    body->setFocus();
+    body->setCurrentCell(1, 1);
+    for (const auto &step : {std::pair(Qt::Key_Right, std::pair(1, 2)), std::pair(Qt::Key_Down, std::pair(2, 2)),
+                             std::pair(Qt::Key_Left, std::pair(2, 1)), std::pair(Qt::Key_Up, std::pair(1, 1))}) {
+        press(step.first);
+        QCOMPARE(std::pair(body->currentRow(), body->currentColumn()), step.second);
+        QVERIFY(body->hasFocus());
+    }
 }
 
 void VelaTableWidgetTest::draggingAcrossTheHeaderDoesNotScrollIt()
