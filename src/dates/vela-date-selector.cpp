@@ -211,8 +211,10 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     weekdayView->setFrameStyle(0);
     weekdayView->setShowGrid(false);
 
+    // Minimum sizes would else depend on the font, and the sections of a large one might not fit.
+    dayGrid()->verticalHeader()->setMinimumSectionSize(0);
     for (QHeaderView *header : {dayGrid()->horizontalHeader(), weekdayView->horizontalHeader()}) {
-        header->setMinimumSectionSize(0); // which else depends on the font, and seven of them may not fit
+        header->setMinimumSectionSize(0);
         header->setDefaultSectionSize(SectionSize);
     }
     weekdayView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
