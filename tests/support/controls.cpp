@@ -102,14 +102,14 @@ void ControlWindow::leave()
     QTest::mouseMove(windowHandle(), Outside);
 }
 
-void ControlWindow::press()
+void ControlWindow::press(Qt::MouseButton which)
 {
-    QTest::mousePress(windowHandle(), Qt::LeftButton, {}, center());
+    QTest::mousePress(windowHandle(), which, {}, center());
 }
 
-void ControlWindow::release()
+void ControlWindow::release(Qt::MouseButton which)
 {
-    QTest::mouseRelease(windowHandle(), Qt::LeftButton, {}, center());
+    QTest::mouseRelease(windowHandle(), which, {}, center());
 }
 
 void ControlWindow::click()

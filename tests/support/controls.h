@@ -39,11 +39,12 @@ public:
     /// Whether the window became active.
     bool showAndWait();
 
-    // As the user does it, at the control's middle.
+    /// The control's middle, where the user acts.
+    QPoint center() const;
     void enter();
     void leave();
-    void press();
-    void release();
+    void press(Qt::MouseButton which = Qt::LeftButton);
+    void release(Qt::MouseButton which = Qt::LeftButton);
     void click();
     /// To what has the focus.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
@@ -51,9 +52,6 @@ public:
 
     QWidget *const control;
     QLineEdit *const neighbour;
-
-private:
-    QPoint center() const;
 };
 
 /// Counts the events of a type that an object gets.
