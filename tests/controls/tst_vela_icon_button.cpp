@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "component/vela-button.h"
 #include "image-manager/image-manager.h"
 #include "style-manager/style-manager.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
 #include "component/paging/vela-paging-bar.h"
 #include "support/controls.h"
 
