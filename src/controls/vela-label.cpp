@@ -3,17 +3,25 @@
 
 #include "controls/vela-label.h"
 
-#include "style-manager/style-manager.h"
+#include "look/look_p.h"
+
+using namespace Vela;
+
+class VelaLabelPrivate
+{
+};
 
 VelaLabel::VelaLabel(QWidget *parent, Qt::WindowFlags f) : QLabel(parent, f)
 {
-    setStyleSheet(getStyleSheet("component.label", false));
+    setStyleSheet(Look::sheet(Style::Label));
 }
 
 VelaLabel::VelaLabel(const QString &text, QWidget *parent, Qt::WindowFlags f) : QLabel(text, parent, f)
 {
-    setStyleSheet(getStyleSheet("component.label", false));
+    setStyleSheet(Look::sheet(Style::Label));
 }
+
+VelaLabel::~VelaLabel() = default;
 
 void VelaLabel::resizeEvent(QResizeEvent *event)
 {

@@ -7,6 +7,10 @@
 
 #include <QLabel>
 
+#include <memory>
+
+class VelaLabelPrivate;
+
 /// Label in the look of "component.label".
 ///
 /// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that
@@ -18,7 +22,11 @@ class VELA_EXPORT VelaLabel : public QLabel
 public:
     explicit VelaLabel(QWidget *parent = nullptr, Qt::WindowFlags f = {});
     explicit VelaLabel(const QString &text, QWidget *parent = nullptr, Qt::WindowFlags f = {});
+    ~VelaLabel() override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    const std::unique_ptr<VelaLabelPrivate> d;
 };

@@ -3,7 +3,7 @@
 
 #include "help/help-window.h"
 
-#include "style-manager/style-manager.h"
+#include "look/look_p.h"
 
 #include <QFile>
 #include <QNetworkAccessManager>
@@ -14,6 +14,8 @@
 #include <QTimer>
 #include <QUrlQuery>
 #include <QVBoxLayout>
+
+using namespace Vela;
 
 namespace {
 
@@ -89,7 +91,7 @@ HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent) :
     auto *column = new QVBoxLayout(this);
     column->addWidget(d->browser);
     setWindowModality(Qt::ApplicationModal);
-    setStyleSheet(getStyleSheet("component.scrollbar", false));
+    setStyleSheet(Look::sheet(Style::ScrollBar));
 }
 
 HelpWindow::~HelpWindow() = default;

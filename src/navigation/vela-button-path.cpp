@@ -3,9 +3,9 @@
 
 #include "navigation/vela-button-path.h"
 
-#include "image-manager/image-manager.h"
+#include "look/look_p.h"
+#include "look/metrics_p.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
 
 #include <QFocusEvent>
 #include <QHeaderView>
@@ -18,12 +18,13 @@
 #include <QToolButton>
 #include <QVector>
 
+using namespace Vela;
+
 #include <functional>
 
 namespace {
 
 // Logical pixels, but for the icon.
-constexpr int BarHeight = 28;
 constexpr int ArrowWidth = 6;
 constexpr int NameButtonHeight = 26;
 constexpr int NamePadding = 16; // both sides of a name together
@@ -72,11 +73,11 @@ private:
 QPushButton *createArrow(QWidget *parent)
 {
     auto *arrow = new QPushButton(parent);
-    arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
+    arrow->setIcon(Look::image(Image::PathArrow));
     arrow->setFlat(true);
     arrow->setFocusPolicy(Qt::NoFocus);
-    arrow->setStyleSheet(getStyleSheet("component.button_path_arrow", false));
-    arrow->setFixedSize(scaled(ArrowWidth), scaled(BarHeight));
+    arrow->setStyleSheet(Look::sheet(Style::ButtonPathArrow));
+    arrow->setFixedSize(scaled(ArrowWidth), scaled(Metric::FieldHeight));
     return arrow;
 }
 
@@ -84,7 +85,7 @@ QPushButton *createNameButton(const QString &name, QWidget *parent, std::functio
 {
     auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
     button->setFlat(true);
-    button->setStyleSheet(getStyleSheet("component.button_path_name_button", false));
+    button->setStyleSheet(Look::sheet(Style::ButtonPathName));
     button->setFixedHeight(scaled(NameButtonHeight));
     button->ensurePolished(); // the sheet may set the font
     // The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
@@ -133,19 +134,19 @@ void VelaButtonPathPrivate::setUpTable()
     q->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     q->setFocusPolicy(Qt::NoFocus);
     q->setTabKeyNavigation(false);
-    q->setFixedHeight(scaled(BarHeight));
+    q->setFixedHeight(scaled(Metric::FieldHeight));
 }
 
 void VelaButtonPathPrivate::setUpMenuButton()
 {
     menu = std::make_unique<QMenu>();
-    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    menu->setStyleSheet(Look::sheet(Style::Menu));
     menuButton->setMenu(menu.get());
-    menuButton->setIcon(getGlobalImage("folder", ImageManager::IMAGE_NORMAL));
+    menuButton->setIcon(Look::image(Image::Folder));
     menuButton->setIconSize(MenuIconSize);
     menuButton->setPopupMode(QToolButton::InstantPopup);
     menuButton->hide();
-    menuButton->setStyleSheet(getStyleSheet("component.button_path_change_folder_btn", false));
+    menuButton->setStyleSheet(Look::sheet(Style::ButtonPathMenuButton));
     menuButton->setFixedSize(scaled(MenuButtonSize), scaled(MenuButtonSize));
     menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset));
 }
@@ -231,7 +232,7 @@ VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::m
     d->setUpMenuButton();
     connect(d->nameMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
     connect(d->menuMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
-    setStyleSheet(getStyleSheet("component.button_path", false));
+    setStyleSheet(Look::sheet(Style::ButtonPath));
 }
 
 VelaButtonPath::~VelaButtonPath() = default;

@@ -3,8 +3,10 @@
 
 #include "views/vela-table-widget.h"
 
+#include "look/look_p.h"
+#include "look/metrics_p.h"
+#include "scale/dpi-info.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -13,12 +15,13 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+using namespace Vela;
+
 namespace {
 
 // Logical pixels.
 constexpr int HeaderWidth = 20000; // wider than any sum of sections: the area around the header clips it
 constexpr int HeaderHeight = 30;
-constexpr int RowHeight = 28;
 constexpr int FillerWidth = 12; // above the vertical scroll bar
 
 /// Header whose sections are as narrow as they are declared, while one that a person drags keeps a usable width.
@@ -74,23 +77,43 @@ QHeaderView::ResizeMode resizeModeOf(const VelaTableColumnsInfo::ColumnInfo &col
 
 } // namespace
 
+class VelaTableColumnsInfoPrivate : public QSharedData
+{
+public:
+    std::vector<VelaTableColumnsInfo::ColumnInfo> columns;
+};
+
+VelaTableColumnsInfo::VelaTableColumnsInfo() : d(new VelaTableColumnsInfoPrivate) { }
+
+VelaTableColumnsInfo::VelaTableColumnsInfo(const VelaTableColumnsInfo &other) = default;
+
+VelaTableColumnsInfo::~VelaTableColumnsInfo() = default;
+
+VelaTableColumnsInfo &VelaTableColumnsInfo::operator=(const VelaTableColumnsInfo &other) = default;
+
 int VelaTableColumnsInfo::addColumn(const QString &title, int width, bool resizable, double stretchRatio)
 {
-    m_columns.push_back({title, width, resizable, stretchRatio});
+    d->columns.push_back({title, width, resizable, stretchRatio});
     return columnCount() - 1;
 }
 
 int VelaTableColumnsInfo::columnCount() const
 {
-    return static_cast<int>(m_columns.size());
+    return static_cast<int>(d->columns.size());
 }
 
 const VelaTableColumnsInfo::ColumnInfo &VelaTableColumnsInfo::column(int index) const
 {
-    return m_columns[static_cast<std::size_t>(index)];
+    return d->columns[static_cast<std::size_t>(index)];
 }
 
+class ResizeSignalTableWidgetPrivate
+{
+};
+
 ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns) : QTableWidget(rows, columns) { }
+
+ResizeSignalTableWidget::~ResizeSignalTableWidget() = default;
 
 void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 {
@@ -129,7 +152,7 @@ void VelaTableWidgetPrivate::createHeader(VelaTableWidget *table)
     header->setModel(headerModel.model());
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    header->setStyleSheet(getStyleSheet("component.table_header", false));
+    header->setStyleSheet(Look::sheet(Style::TableHeader));
     header->setFixedSize(scaled(HeaderWidth), scaled(HeaderHeight));
 
     QStringList labels;
@@ -175,9 +198,9 @@ void VelaTableWidgetPrivate::setUpBody()
     body->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     body->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     body->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    body->verticalHeader()->setDefaultSectionSize(scaled(RowHeight));
-    const QString sheet = getStyleSheet("component.table", false);
-    body->setStyleSheet(sheet + getStyleSheet("component.scrollbar", false));
+    body->verticalHeader()->setDefaultSectionSize(scaled(Metric::RowHeight));
+    const QString sheet = Look::sheet(Style::Table);
+    body->setStyleSheet(sheet + Look::sheet(Style::ScrollBar));
     body->setShowGrid(false);
     body->verticalScrollBar()->hide();
 }

@@ -5,12 +5,14 @@
 
 #include "vela_export.h"
 
+#include <QSharedDataPointer>
 #include <QTableWidget>
 
 #include <memory>
-#include <vector>
 
 class QHeaderView;
+class ResizeSignalTableWidgetPrivate;
+class VelaTableColumnsInfoPrivate;
 class VelaTableWidgetPrivate;
 
 /// The columns of a VelaTableWidget, declared before it is made. A value: copies are independent.
@@ -25,6 +27,11 @@ public:
         double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
     };
 
+    VelaTableColumnsInfo();
+    VelaTableColumnsInfo(const VelaTableColumnsInfo &other);
+    ~VelaTableColumnsInfo();
+    VelaTableColumnsInfo &operator=(const VelaTableColumnsInfo &other);
+
     /// Appends a column and returns its index. Nothing is checked. Let the ratios of the columns that stretch sum to 1
     /// to fill the table.
     int addColumn(const QString &title, int width, bool resizable, double stretchRatio);
@@ -34,7 +41,7 @@ public:
     const ColumnInfo &column(int index) const;
 
 private:
-    std::vector<ColumnInfo> m_columns;
+    QSharedDataPointer<VelaTableColumnsInfoPrivate> d;
 };
 
 /// Table that reports its resizing before it acts on it.
@@ -44,6 +51,7 @@ class VELA_EXPORT ResizeSignalTableWidget : public QTableWidget
 
 public:
     ResizeSignalTableWidget(int rows, int columns);
+    ~ResizeSignalTableWidget() override;
 
 Q_SIGNALS:
     /// The room for the rows is @p size now: that of the viewport, without the vertical scroll bar.
@@ -51,6 +59,9 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    const std::unique_ptr<ResizeSignalTableWidgetPrivate> d;
 };
 
 /// Table with declared columns whose header stays above the scrolling rows.
