@@ -27,6 +27,22 @@ VelaDateSelector *createSelector(GalleryPage *page, const QString &caption)
     return selector;
 }
 
+VelaCalanderView *createCalendar(GalleryPage *page, const QString &caption)
+{
+    auto *calendar = new VelaCalanderView;
+    calendar->setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
+    calendar->setFixedSize(scaled(CalendarSize.width()), scaled(CalendarSize.height()));
+    page->logSignal(caption, calendar, &VelaCalanderView::sigDateSelect);
+    return calendar;
+}
+
+void limitDates(VelaCalanderView *calendar)
+{
+    const QDate today = QDate::currentDate();
+    calendar->setMinimumDate(today.addDays(-LimitDays));
+    calendar->setMaximumDate(today.addDays(LimitDays));
+}
+
 } // namespace
 
 GalleryPage *createDatesPage(const QString &title)
@@ -41,10 +57,8 @@ GalleryPage *createDatesPage(const QString &title)
     page->addExample(QStringLiteral("Without a date at first"), QStringLiteral("clearDate()"), {plain, clear});
 
     VelaDateSelector *limited = createSelector(page, QStringLiteral("Limited selector"));
-    const QDate today = QDate::currentDate();
-    limited->getCalendarView()->setMinimumDate(today.addDays(-LimitDays));
-    limited->getCalendarView()->setMaximumDate(today.addDays(LimitDays));
-    limited->dateSelect(today);
+    limitDates(limited->getCalendarView());
+    limited->dateSelect(QDate::currentDate());
     page->addExample(QStringLiteral("Two weeks around today"), QStringLiteral("setMinimumDate(), setMaximumDate()"),
                      {limited});
 
@@ -53,10 +67,10 @@ GalleryPage *createDatesPage(const QString &title)
     page->addExample(QStringLiteral("Disabled"), {}, {disabled});
 
     page->addSection(QStringLiteral("VelaCalanderView"), QStringLiteral("Tab visits all that can be used, in turn."));
-    auto *calendar = new VelaCalanderView;
-    calendar->setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
-    calendar->setFixedSize(scaled(CalendarSize.width()), scaled(CalendarSize.height()));
-    page->logSignal(QStringLiteral("Calendar"), calendar, &VelaCalanderView::sigDateSelect);
-    page->addExample(QStringLiteral("On its own"), {}, {calendar});
+    page->addExample(QStringLiteral("On its own"), {}, {createCalendar(page, QStringLiteral("Calendar"))});
+    VelaCalanderView *limitedCalendar = createCalendar(page, QStringLiteral("Limited calendar"));
+    limitDates(limitedCalendar);
+    page->addExample(QStringLiteral("Two weeks around today"), QStringLiteral("setMinimumDate(), setMaximumDate()"),
+                     {limitedCalendar});
     return page;
 }

@@ -14,7 +14,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QSpinBox>
+#include <QStyle>
 #include <QTableWidget>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -56,6 +58,27 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
+
+    /// Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then
+    /// they look as in a disabled grid, if that has another surface.
+    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override
+    {
+        QCalendarWidget::paintCell(painter, rect, date);
+        const QPalette palette = m_dayGrid->palette();
+        const QBrush surface = palette.brush(QPalette::Disabled, QPalette::Base);
+        const bool isMarked = palette.window() != palette.base() || surface == palette.base();
+        if (isMarked || (date >= minimumDate() && date <= maximumDate())) {
+            return;
+        }
+        painter->save();
+        painter->fillRect(rect, surface);
+        painter->setPen(palette.color(QPalette::Disabled, QPalette::Text));
+        painter->setFont(m_dayGrid->font());
+        const QString day = m_dayGrid->locale().toString(date.day());
+        const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, day);
+        painter->drawText(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect), Qt::AlignCenter, day);
+        painter->restore();
+    }
 
     bool event(QEvent *event) override
     {

@@ -311,6 +311,8 @@ private Q_SLOTS:
     void theTodayButtonStandsCentredBelowTheCalendar();
     void theWeekStartsOnSundayWithoutHeadersOfQt();
     void saturdayAndSundayAreDrawnInBlack();
+    void daysThatCannotBeChosenLookAsInADisabledGrid_data();
+    void daysThatCannotBeChosenLookAsInADisabledGrid();
     void thePartsAreNamedForAssistiveTools();
     void theButtonsOfTheBarTakeTheFocus();
     void theArrowsShowTheirImages();
@@ -570,6 +572,39 @@ void VelaDateSelectorTest::saturdayAndSundayAreDrawnInBlack()
         QCOMPARE(calendar.widget()->weekdayTextFormat(day), expected);
     }
     QCOMPARE(calendar.widget()->weekdayTextFormat(Qt::Friday), plain.weekdayTextFormat(Qt::Friday));
+}
+
+void VelaDateSelectorTest::daysThatCannotBeChosenLookAsInADisabledGrid_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QColor>("expected");
+    const QString plain = QStringLiteral("QTableView { background-color: #ffffff } ");
+    QTest::newRow("no sheet, Qt's mark") << QString() << QPalette().color(QPalette::Window);
+    QTest::newRow("no look of a disabled grid") << plain << QColor(Qt::white);
+    QTest::newRow("another text only") << plain + QStringLiteral("QTableView:disabled { color: #ff0000 }")
+                                       << QColor(Qt::white);
+    QTest::newRow("another surface") << plain + QStringLiteral("QTableView:disabled { background-color: #00ff00 }")
+                                     << QColor(Qt::green);
+}
+
+void VelaDateSelectorTest::daysThatCannotBeChosenLookAsInADisabledGrid()
+{
+    QFETCH(QString, sheet);
+    QFETCH(QColor, expected);
+    VelaCalanderView view;
+    auto *grid = view.findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"));
+    grid->setStyleSheet(sheet);
+    view.resize(expectedPixels(280), expectedPixels(260));
+    view.setCurrentPage(2024, 4);
+    view.setMinimumDate(SomeDay);
+    view.setMaximumDate(SomeDay.addDays(7));
+    view.show();
+    const auto surface = [grid](int row) {
+        const QRect rect = grid->visualRect(grid->model()->index(row, 0));
+        return paintedColor(grid->viewport(), rect.topLeft() + QPoint(2, 2));
+    };
+    QCOMPARE(surface(1), expected); // the seventh
+    QCOMPARE(surface(3), grid->palette().color(QPalette::Base)); // the 21st
 }
 
 void VelaDateSelectorTest::thePartsAreNamedForAssistiveTools()
