@@ -9,6 +9,7 @@
 #include "scale/scaled.h"
 
 #include <QKeyEvent>
+#include <QStyle>
 
 using namespace Vela;
 
@@ -50,6 +51,15 @@ VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_u
 }
 
 VelaFilterBar::~VelaFilterBar() = default;
+
+// A sheet can give the text other room right to left, but its rules are chosen anew only when the field is polished.
+void VelaFilterBar::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        style()->polish(this);
+    }
+}
 
 void VelaFilterBar::setMenu(QMenu *menu)
 {

@@ -39,6 +39,7 @@ public Q_SLOTS:
     void slotKeywordChange();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
