@@ -22,8 +22,8 @@ namespace {
 
 constexpr int TreeHeight = 420;
 constexpr int Spacing = 12;
-const QColor SelectedColor(0xDC, 0xE8, 0xF8);
-const QColor HoverColor(0xEE, 0xF3, 0xF9);
+const QColor SelectedColor(0xDC, 0xE8, 0xFA);
+const QColor HoverColor(0xF3, 0xF6, 0xFA);
 const char HomePath[] = "home"; // what the tree keeps in front
 
 /// The person's folders, read when they are opened, with a breadcrumb path in step.
@@ -59,11 +59,7 @@ FolderBrowser::FolderBrowser(GalleryPage *page)
     m_tree->setBackgroundColor(SelectedColor, HoverColor);
     m_tree->setEditTriggers(QAbstractItemView::EditKeyPressed);
     m_tree->setMouseTracking(true);
-    QPalette palette = m_tree->palette(); // the tree paints its highlight itself
-    palette.setColor(QPalette::Highlight, Qt::transparent);
-    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
-    m_tree->setPalette(palette);
-    m_tree->setStyleSheet(getStyleSheet("component.scrollbar", false));
+    m_tree->setStyleSheet(getStyleSheet("component.tree_item", false) + getStyleSheet("component.scrollbar", false));
 
     m_tree->addTopLevelItem(createItem(QStringLiteral("Home"), QLatin1String(HomePath), QDir::home()));
     m_tree->addTopLevelItem(createItem(QStringLiteral("Computer"), QDir::rootPath(), QDir::root()));
