@@ -31,8 +31,9 @@ public:
     /// Shows a month, 1 to 12, without selecting a day.
     void setCurrentPage(int year, int month);
     /// \name The days that can be chosen here
-    /// They limit neither the date that selectToday() emits nor VelaDateSelector::dateSelect(). The other days lie on the
-    /// window's colour, or look as in a disabled grid where a style sheet gives all days one surface and that another.
+    /// They limit neither the date that selectToday() emits nor VelaDateSelector::dateSelect(). The other days lie on
+    /// the window's colour, or look as in a disabled grid where a style sheet gives all days one surface and that
+    /// another.
     /// @{
     void setMinimumDate(const QDate &date);
     void setMaximumDate(const QDate &date);
