@@ -4,8 +4,8 @@
 #include "image-manager/image-manager.h"
 
 #include "scale/dpi-info.h"
+#include "utils/debug-message.h"
 #include "utils/ui-path-manager.h"
-#include "utils/util.h"
 
 #include <QDir>
 #include <QFile>

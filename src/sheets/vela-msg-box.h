@@ -14,11 +14,11 @@
 ///
 /// Each call with a parent leaves a hidden, empty VelaMask behind in the window, which goes with the window: some 3 kB
 /// each. On X11 it also leaves two connections to the X server open until the process ends, some 150 kB, since the
-/// window's close button is switched off and on again, see SHAPISetCloseButtonOfWindowEnable(). A server accepts 256
-/// clients by default, of all programs together. From then on, after some 125 calls, it refuses new programs too, and
-/// close buttons are not switched any more: one that was off then stays off. An application that runs for long and
-/// reports often keeps a VelaMessageSheet of its own instead and calls VelaMessageSheet::setBlockWindowButton() with
-/// false.
+/// window's close button is switched off and on again, see SHAPISetCloseButtonOfWindowEnable(), unless the library is
+/// built with VELA_CLOSE_X_CONNECTIONS. A server accepts 256 clients by default, of all programs together. From then
+/// on, after some 125 calls, it refuses new programs too, and close buttons are not switched any more: one that was off
+/// then stays off. An application that runs for long and reports often keeps a VelaMessageSheet of its own instead and
+/// calls VelaMessageSheet::setBlockWindowButton() with false.
 
 /// Gives information. A sheet is answered by Ok, Return, Enter and Space only, a window also by being closed.
 VELA_EXPORT void showInfoMsg(const QString &title, const QString &text, QWidget *parent = nullptr);

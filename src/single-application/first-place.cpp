@@ -3,7 +3,7 @@
 
 #include "single-application/first-place_p.h"
 
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 #include <cstring>
 

@@ -5,7 +5,7 @@
 
 #include "single-application/first-place_p.h"
 #include "single-application/message_p.h"
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -3,7 +3,7 @@
 
 #include "single-application/qtlockedfile.h"
 
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 #include <cerrno>
 #include <cstring>

@@ -5,7 +5,7 @@
 
 #include "image-manager/image-manager.h"
 #include "style-manager/sheet-sections_p.h"
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 #include <QFile>
 

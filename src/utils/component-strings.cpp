@@ -3,7 +3,7 @@
 
 #include "utils/component-strings.h"
 
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 ComponentStrings *ComponentStrings::getInstance()
 {

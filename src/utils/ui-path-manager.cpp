@@ -3,7 +3,7 @@
 
 #include "utils/ui-path-manager.h"
 
-#include "utils/util.h"
+#include "utils/debug-message.h"
 
 UIPathManager *UIPathManager::getInstance()
 {

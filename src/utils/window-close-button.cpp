@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "utils/window-close-button_p.h"
+#include "utils/window-close-button.h"
 
-#include "utils/util.h"
+#include "utils/window-close-button_p.h"
 
 #include <QGuiApplication>
 #include <QWidget>
@@ -38,6 +38,17 @@ constexpr long NoDecorations = 0;
 constexpr int ElementBits = 32;
 constexpr int ElementCount = 5; // written
 constexpr int MaximalElements = 20; // asked for
+
+// By default a connection is left open on purpose, as documented. Packagers choose otherwise.
+struct CloseIfChosen
+{
+    void operator()(Display *display) const
+    {
+        if (VELA_CLOSE_X_CONNECTIONS) {
+            XCloseDisplay(display);
+        }
+    }
+};
 
 struct Free
 {
@@ -76,14 +87,13 @@ void SHAPISetCloseButtonOfWindowEnable(QWidget *widget, bool enable, void **save
     }
     const auto window = static_cast<xcb_window_t>(handle->winId());
 
-    // Left open on purpose, as documented.
-    Display *display = XOpenDisplay(nullptr);
+    const std::unique_ptr<Display, CloseIfChosen> display(XOpenDisplay(nullptr));
     if (!display) {
         return;
     }
-    xcb_connection_t *connection = XGetXCBConnection(display);
-    XSetEventQueueOwner(display, XCBOwnsEventQueue);
-    const auto property = static_cast<xcb_atom_t>(XInternAtom(display, "_MOTIF_WM_HINTS", False));
+    xcb_connection_t *connection = XGetXCBConnection(display.get());
+    XSetEventQueueOwner(display.get(), XCBOwnsEventQueue);
+    const auto property = static_cast<xcb_atom_t>(XInternAtom(display.get(), "_MOTIF_WM_HINTS", False));
 
     MotifHints hints = readHints(connection, window, property);
     if (enable) {

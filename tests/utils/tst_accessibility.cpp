@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "utils/util.h"
+#include "utils/accessibility.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTextBlock>
-#include <QTextDocument>
-#include <QTextLayout>
 #include <QTimer>
-#include <QToolTip>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -38,20 +33,6 @@ QString namesOf(const Widgets &widgets)
         names.append(widget->objectName());
     }
     return names.join(QLatin1Char(' '));
-}
-
-/// The tool tip's own widget, once it is shown.
-QLabel *shownToolTip(const QString &text)
-{
-    QToolTip::showText(QPoint(10, 10), text);
-    const Widgets windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        auto *label = qobject_cast<QLabel *>(window);
-        if (label && label->isVisible() && label->text() == text) {
-            return label;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -90,12 +71,6 @@ private Q_SLOTS:
     void thePolicyIsSetOnEveryWidgetOfTheList_data();
     void thePolicyIsSetOnEveryWidgetOfTheList();
     void noPolicyIsSetOnWidgetsOutsideTheList();
-
-    void textIsEscapedForAToolTip_data();
-    void textIsEscapedForAToolTip();
-    void aToolTipShowsTheTextWithItsLinesAndBlanks_data();
-    void aToolTipShowsTheTextWithItsLinesAndBlanks();
-    void aToolTipIsNotWrapped();
 };
 
 void AccessibilityTest::theDefaultFilterHasNoWidgetsAndTheLevelOfNoFocus()
@@ -404,84 +379,6 @@ void AccessibilityTest::noPolicyIsSetOnWidgetsOutsideTheList()
     QCOMPARE(window.focusPolicy(), Qt::NoFocus);
     QCOMPARE(parent->focusPolicy(), Qt::TabFocus);
     QCOMPARE(child->focusPolicy(), Qt::ClickFocus);
-}
-
-void AccessibilityTest::textIsEscapedForAToolTip_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("inner");
-    QTest::newRow("a sign and a line break") << "a<b\nc"
-                                             << "a&lt;b<br>c";
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("null") << QString() << "";
-    QTest::newRow("plain") << "plain"
-                           << "plain";
-    QTest::newRow("every escaped sign") << "<>&\""
-                                        << "&lt;&gt;&amp;&quot;";
-    QTest::newRow("single quotes stay") << "it's"
-                                        << "it's";
-    QTest::newRow("an element is text") << "<b>bold</b>"
-                                        << "&lt;b&gt;bold&lt;/b&gt;";
-    QTest::newRow("a written line break is text") << "a<br>b"
-                                                  << "a&lt;br&gt;b";
-    QTest::newRow("an entity is text") << "a&lt;b"
-                                       << "a&amp;lt;b";
-    QTest::newRow("line breaks at both ends and in a row") << "\na\n\nb\n"
-                                                           << "<br>a<br><br>b<br>";
-    QTest::newRow("carriage returns stay") << "a\r\nb\rc"
-                                           << "a\r<br>b\rc";
-    QTest::newRow("blanks and tabs stay") << "  a   b\tc "
-                                          << "  a   b\tc ";
-    QTest::newRow("other letters stay") << QStringLiteral("Größe 尺寸") << QStringLiteral("Größe 尺寸");
-}
-
-void AccessibilityTest::textIsEscapedForAToolTip()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, inner);
-    QCOMPARE(getHtmlEscapedStringForToolTip(text),
-             QStringLiteral("<p style='white-space:pre'>") + inner + QStringLiteral("</p>"));
-}
-
-void AccessibilityTest::aToolTipShowsTheTextWithItsLinesAndBlanks_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("line breaks") << "first\nsecond\n\nfourth";
-    QTest::newRow("runs of blanks") << "name:   value\n   x:   y";
-    QTest::newRow("signs") << "a < b && c > \"d\" &amp; <br>";
-}
-
-void AccessibilityTest::aToolTipShowsTheTextWithItsLinesAndBlanks()
-{
-    QFETCH(QString, text);
-    const QString toolTip = getHtmlEscapedStringForToolTip(text);
-    QVERIFY(Qt::mightBeRichText(toolTip));
-
-    QTextDocument document;
-    document.setHtml(toolTip);
-    QCOMPARE(document.toPlainText(), text);
-
-    document.setTextWidth(1.0);
-    document.documentLayout()->documentSize(); // lays out
-    QCOMPARE(document.firstBlock().layout()->lineCount(), text.count(QLatin1Char('\n')) + 1);
-}
-
-void AccessibilityTest::aToolTipIsNotWrapped()
-{
-    const QString words = QStringLiteral("several words ").repeated(60);
-    const QLabel *shortOne = shownToolTip(getHtmlEscapedStringForToolTip(QStringLiteral("word")));
-    QVERIFY(shortOne);
-    const int lineHeight = shortOne->height();
-
-    const QLabel *wrapped = shownToolTip(QStringLiteral("<p>") + words + QStringLiteral("</p>"));
-    QVERIFY(wrapped);
-    QVERIFY(wrapped->height() > lineHeight);
-
-    const QLabel *longOne = shownToolTip(getHtmlEscapedStringForToolTip(words));
-    QVERIFY(longOne);
-    QCOMPARE(longOne->height(), lineHeight);
-    QToolTip::hideText();
 }
 
 QTEST_MAIN(AccessibilityTest)

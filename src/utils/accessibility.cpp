@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "utils/util.h"
+#include "utils/accessibility.h"
 
 #include <QWidget>
-
-Q_LOGGING_CATEGORY(debug_message, "debug.message")
 
 namespace {
 
@@ -80,10 +78,4 @@ void adjustFocusPolicy(Qt::FocusPolicy policy, QList<QWidget *> widgets)
     for (QWidget *widget : qAsConst(widgets)) {
         widget->setFocusPolicy(policy);
     }
-}
-
-QString getHtmlEscapedStringForToolTip(const QString &text)
-{
-    const QString lines = text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
-    return QLatin1String("<p style='white-space:pre'>") + lines + QLatin1String("</p>");
 }

@@ -3,12 +3,12 @@
 
 #include "support/log-capture.h"
 #include "utils/component-strings.h"
+#include "utils/debug-message.h"
 #include "utils/ui-path-manager.h"
-#include "utils/util.h"
 
 #include <QtTest>
 
-class UtilTest : public QObject
+class DebugMessageTest : public QObject
 {
     Q_OBJECT
 
@@ -21,18 +21,18 @@ private Q_SLOTS:
     void nothingIsEmittedWhenWarningsOfTheCategoryAreOff();
 };
 
-void UtilTest::cleanup()
+void DebugMessageTest::cleanup()
 {
     QLoggingCategory::setFilterRules(QString());
 }
 
-void UtilTest::theCategoryIsNamedDebugMessage()
+void DebugMessageTest::theCategoryIsNamedDebugMessage()
 {
     QCOMPARE(debug_message().categoryName(), "debug.message");
     QVERIFY(debug_message().isWarningEnabled());
 }
 
-void UtilTest::aWarningCarriesFileLineAndFunctionOfItsPlace()
+void DebugMessageTest::aWarningCarriesFileLineAndFunctionOfItsPlace()
 {
     LogCapture log;
     UIPathManager::getInstance()->getPath(QStringLiteral("unknown"));
@@ -51,14 +51,14 @@ void UtilTest::aWarningCarriesFileLineAndFunctionOfItsPlace()
     QCOMPARE(messages[1].function, QStringLiteral("QString ComponentStrings::getString(const QString&)"));
 }
 
-void UtilTest::partsAreSeparatedByBlanksAndStringsQuoted()
+void DebugMessageTest::partsAreSeparatedByBlanksAndStringsQuoted()
 {
     LogCapture log;
     UIPathManager::getInstance()->getPath(QStringLiteral("a \"b\""));
     QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find path by key \"a \\\"b\\\"\"")});
 }
 
-void UtilTest::nothingIsEmittedWhenWarningsOfTheCategoryAreOff()
+void DebugMessageTest::nothingIsEmittedWhenWarningsOfTheCategoryAreOff()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
     LogCapture log;
@@ -71,5 +71,5 @@ void UtilTest::nothingIsEmittedWhenWarningsOfTheCategoryAreOff()
     QCOMPARE(log.takeMessages().size(), 0);
 }
 
-QTEST_GUILESS_MAIN(UtilTest)
-#include "tst_util.moc"
+QTEST_GUILESS_MAIN(DebugMessageTest)
+#include "tst_debug_message.moc"

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "vela_export.h"
+
+#include <QLoggingCategory>
+
+/// Logging category of the whole library, named "debug.message".
+///
+/// Every warning of the library goes through it. Switch it with `QLoggingCategory::setFilterRules()`, for instance
+/// `debug.message.warning=false`; while it is off nothing is formatted.
+VELA_EXPORT Q_DECLARE_LOGGING_CATEGORY(debug_message)
