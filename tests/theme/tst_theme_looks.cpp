@@ -21,10 +21,10 @@
 #include <QTimer>
 #include <QtTest>
 
-#include <functional>
-
-Q_DECLARE_METATYPE(std::function<QWidget *()>)
-Q_DECLARE_METATYPE(std::function<void(const QString &)>)
+using Show = void (*)(const QString &text);
+using Create = QWidget *(*)();
+Q_DECLARE_METATYPE(Show)
+Q_DECLARE_METATYPE(Create)
 
 namespace {
 
@@ -223,14 +223,13 @@ void ThemeLooksTest::initTestCase()
 
 void ThemeLooksTest::boxesShowTheirWholeText_data()
 {
-    QTest::addColumn<std::function<void(const QString &)>>("show");
+    QTest::addColumn<Show>("show");
     QTest::addColumn<int>("length");
     struct Kind
     {
         const char *name;
-        std::function<void(const QString &)> show;
+        Show show;
     };
-    const MsgBoxCustomBtnText captions(QStringLiteral("Delete all of them"), QStringLiteral("Keep them for now"));
     const Kind kinds[] = {
         {"information", [](const QString &text) { showInfoMsg(QString(), text, nullptr); }},
         {"warning", [](const QString &text) { showWarningMsg(QString(), text, nullptr); }},
@@ -238,7 +237,12 @@ void ThemeLooksTest::boxesShowTheirWholeText_data()
          [](const QString &text) { showWarningMsg(QString(), sentence(10), text, nullptr); }},
         {"question", [](const QString &text) { showConfirmMsg(QString(), text, nullptr); }},
         {"question with captions",
-         [captions](const QString &text) { showConfirmMsgCustomBtn(QString(), text, captions, nullptr); }},
+         [](const QString &text) {
+             showConfirmMsgCustomBtn(
+                 QString(), text,
+                 MsgBoxCustomBtnText(QStringLiteral("Delete all of them"), QStringLiteral("Keep them for now")),
+                 nullptr);
+         }},
         {"upgrade", [](const QString &text) { showUpgradingMsg(QString(), text, nullptr); }},
     };
     for (const Kind &kind : kinds) {
@@ -251,7 +255,7 @@ void ThemeLooksTest::boxesShowTheirWholeText_data()
 
 void ThemeLooksTest::boxesShowTheirWholeText()
 {
-    QFETCH(std::function<void(const QString &)>, show);
+    QFETCH(Show, show);
     QFETCH(int, length);
     bool isSeen = false;
     QStringList cut;
@@ -292,10 +296,10 @@ void ThemeLooksTest::theCountdownBoxShowsItsWholeText()
 
 void ThemeLooksTest::placeholdersLookAnotherWayThanTexts_data()
 {
-    QTest::addColumn<std::function<QWidget *()>>("create");
-    QTest::newRow("field") << std::function<QWidget *()>([] { return new VelaLineEdit(nullptr); });
-    QTest::newRow("filter bar") << std::function<QWidget *()>([] { return new VelaFilterBar; });
-    QTest::newRow("combo box") << std::function<QWidget *()>([] {
+    QTest::addColumn<Create>("create");
+    QTest::newRow("field") << Create([]() -> QWidget * { return new VelaLineEdit(nullptr); });
+    QTest::newRow("filter bar") << Create([]() -> QWidget * { return new VelaFilterBar; });
+    QTest::newRow("combo box") << Create([]() -> QWidget * {
         auto *combo = new VelaComboBox;
         combo->setEditable(true);
         return combo;
@@ -304,7 +308,7 @@ void ThemeLooksTest::placeholdersLookAnotherWayThanTexts_data()
 
 void ThemeLooksTest::placeholdersLookAnotherWayThanTexts()
 {
-    QFETCH(std::function<QWidget *()>, create);
+    QFETCH(Create, create);
     const QScopedPointer<QWidget> field(create());
     const QString keyword = QString::fromLatin1(Keyword);
     QVERIFY(isNear(inkOn(Surface, fieldPicture(field.data(), keyword, true)), Text));
