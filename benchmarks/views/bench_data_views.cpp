@@ -31,6 +31,7 @@ namespace {
 constexpr double TableTarget = 1.25;
 constexpr double TreeTarget = 1.05;
 constexpr double MovingTarget = 1.05;
+constexpr double JumpTarget = 1.1;
 constexpr double PagingTarget = 1.2;
 constexpr double ShallowPathTarget = 1.3;
 constexpr double DeepPathTarget = 1.0;
@@ -44,6 +45,7 @@ constexpr int RowHeight = 28;
 constexpr int BarHeight = 28;
 constexpr QSize WindowSize(900, 600);
 const QPoint TreePosition(100, 100);
+constexpr int WheelStep = 3;
 
 QString sheetOf(const char *key)
 {
@@ -257,9 +259,9 @@ void constructTrees(benchmark::State &state, int count)
     }
 }
 
-/// With the pointer at @p pointer; ours highlights the row under it, which is more to paint.
+/// By @p step rows at a time, with the pointer at @p pointer; ours highlights the row under it, which is more to paint.
 template<typename Side>
-void scrollTrees(benchmark::State &state, int count, const QPoint &pointer)
+void scrollTrees(benchmark::State &state, int count, int step, const QPoint &pointer)
 {
     const auto shownTree = tree<Side>(count);
     QCursor::setPos(pointer);
@@ -269,7 +271,7 @@ void scrollTrees(benchmark::State &state, int count, const QPoint &pointer)
     int value = 0;
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        value = (value + 3) % bar->maximum();
+        value = (value + step) % bar->maximum();
         bar->setValue(value);
         QApplication::processEvents();
     }
@@ -277,18 +279,22 @@ void scrollTrees(benchmark::State &state, int count, const QPoint &pointer)
 
 void compareTrees(const std::string &size, int count)
 {
-    const auto compareScrolling = [&](const char *how, std::optional<double> target, const QPoint &pointer) {
+    const auto compareScrolling = [&](const std::string &how, double target, int step, const QPoint &pointer) {
         compare(
             "VelaTreeWidget, " + size + " items, " + how, target,
-            [count, pointer](benchmark::State &state) { scrollTrees<Ours>(state, count, pointer); },
-            [count, pointer](benchmark::State &state) { scrollTrees<Bare>(state, count, pointer); });
+            [=](benchmark::State &state) { scrollTrees<Ours>(state, count, step, pointer); },
+            [=](benchmark::State &state) { scrollTrees<Bare>(state, count, step, pointer); });
     };
     compare(
         "VelaTreeWidget, " + size + " items, first paint", TreeTarget,
         [count](benchmark::State &state) { constructTrees<Ours>(state, count); },
         [count](benchmark::State &state) { constructTrees<Bare>(state, count); });
-    compareScrolling("scrolling", MovingTarget, QPoint(0, 0));
-    compareScrolling("pointer over it", std::nullopt, TreePosition + QPoint(300, 300));
+    compareScrolling("scrolling", MovingTarget, WheelStep, QPoint(0, 0));
+    for (const int step : {1, WheelStep, 10, 30, 1237, 40000}) {
+        if (step < count) {
+            compareScrolling("jump of " + std::to_string(step), JumpTarget, step, TreePosition + QPoint(300, 300));
+        }
+    }
 }
 
 // ---- paging

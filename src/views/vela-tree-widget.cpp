@@ -9,6 +9,7 @@
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QRegExpValidator>
 #include <QScrollBar>
 
@@ -22,11 +23,44 @@ constexpr int HighlightRightMargin = 3;
 constexpr int RowHeight = 28;
 constexpr int VisibleWidth = 100; // of an item that need not be scrolled to
 
+constexpr int OutlineWidth = 1; // pixels, half of it within the highlight
+
 // Pixels that a frame of the usual width moves rows down in the tree, in whose coordinates the pointer is looked for.
 constexpr int FrameWidth = 1;
 
 // No dot in front; nowhere what some file system does not allow.
 const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
+
+void paintHighlight(QPainter *painter, const QRect &rect, const QColor &color)
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(QBrush(color, Qt::SolidPattern));
+    painter->setPen(QColor(0xff, 0xff, 0xff));
+    painter->drawRoundedRect(rect, scaled(HighlightRadius), scaled(HighlightRadius));
+    painter->restore();
+}
+
+/// Where the outline is one device pixel wide, it takes longer to paint than two rows, so that its picture is kept.
+void drawHighlight(QPainter *painter, const QRect &rect, const QColor &color)
+{
+    if (rect.isEmpty() || painter->deviceTransform().type() > QTransform::TxTranslate) {
+        paintHighlight(painter, rect, color);
+        return;
+    }
+    const QString key =
+        QStringLiteral("vela-tree-highlight/%1/%2/%3").arg(rect.width()).arg(rect.height()).arg(color.rgba());
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = QPixmap(rect.size() + 2 * QSize(OutlineWidth, OutlineWidth));
+        picture.fill(Qt::transparent);
+        QPainter picturePainter(&picture);
+        paintHighlight(&picturePainter, QRect(QPoint(OutlineWidth, OutlineWidth), rect.size()), color);
+        picturePainter.end();
+        QPixmapCache::insert(key, picture);
+    }
+    painter->drawPixmap(rect.topLeft() - QPoint(OutlineWidth, OutlineWidth), picture);
+}
 
 } // namespace
 
@@ -100,16 +134,18 @@ void VelaTreeWidget::paintEvent(QPaintEvent *event)
     paintPointer = pointer();
     QTreeWidget::paintEvent(event);
     updateHoveredRow(); // rows move under a pointer at rest, too
+    isPaintOfAllDue = false;
     paintPointer.reset();
 }
 
 void VelaTreeWidget::scrollContentsBy(int dx, int dy)
 {
     QTreeWidget::scrollContentsBy(dx, dy);
-    if (dx != 0) {
-        viewport()->update(); // the ends of highlights stay where they are
-    }
-    if (viewport()->underMouse() || hoveredRow.isValid()) {
+    const bool isJump = qAbs(dy) > viewport()->height() / scaled(RowHeight);
+    if (dx != 0 || isJump) {
+        viewport()->update(); // the ends of highlights stay where they are; after a jump the base does so, too
+        isPaintOfAllDue = true; // or else looking for the row that was highlighted would walk all rows between
+    } else if (viewport()->underMouse() || hoveredRow.isValid()) {
         updateHoveredRow(); // the next paint would do so too late for itself
     }
 }
@@ -119,19 +155,26 @@ QPoint VelaTreeWidget::pointer() const
     return paintPointer ? *paintPointer : mapFromGlobal(QCursor::pos());
 }
 
+QModelIndex VelaTreeWidget::rowUnderPointer() const
+{
+    const QPoint position = pointer();
+    const bool isWithin = position.x() >= 0 && position.x() < viewport()->width();
+    return isWithin ? indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
+}
+
 // The base paints the row under the pointer again, which is not always the one that is highlighted, and nothing of what
 // the outline covers of its neighbours.
 void VelaTreeWidget::updateHoveredRow()
 {
-    const QPoint position = pointer();
-    const bool isWithin = position.x() >= 0 && position.x() < viewport()->width();
-    const QModelIndex row = isWithin ? indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
+    const QModelIndex row = rowUnderPointer();
     if (row == hoveredRow) {
         return;
     }
-    for (const QModelIndex &changed : {QModelIndex(hoveredRow), row}) {
-        const QRect rect = visualRect(changed);
-        viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
+    if (!isPaintOfAllDue) {
+        for (const QModelIndex &changed : {QModelIndex(hoveredRow), row}) {
+            const QRect rect = visualRect(changed);
+            viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
+        }
     }
     hoveredRow = row;
 }
@@ -144,12 +187,7 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
         highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setBrush(QBrush(isSelected ? selectedColor : hoverColor, Qt::SolidPattern));
-        painter->setPen(QColor(0xff, 0xff, 0xff));
-        painter->drawRoundedRect(highlight, scaled(HighlightRadius), scaled(HighlightRadius));
-        painter->restore();
+        drawHighlight(painter, highlight, isSelected ? selectedColor : hoverColor);
     }
 
     // Whether a row can be checked is what marks it as active in this tree.

@@ -57,11 +57,13 @@ protected:
 
 private:
     QPoint pointer() const;
+    QModelIndex rowUnderPointer() const;
     void updateHoveredRow();
 
     QColor selectedColor;
     QColor hoverColor;
     QPersistentModelIndex hoveredRow; // as it is painted, or will be by the updates that are due
+    bool isPaintOfAllDue = false; // so that no row need be updated by itself
     std::optional<QPoint> paintPointer; // during a paint
 };
 

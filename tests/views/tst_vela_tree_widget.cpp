@@ -22,6 +22,7 @@
 #include <cstdlib>
 #include <typeinfo>
 
+Q_DECLARE_METATYPE(QAbstractItemView::ScrollMode)
 Q_DECLARE_METATYPE(Qt::MouseButton)
 
 namespace {
@@ -289,6 +290,7 @@ private Q_SLOTS:
     void theRowUnderThePointerIsHighlighted();
     void aSelectedRowHasTheSelectionsColorEvenUnderThePointer();
     void withoutColorsHighlightsAreBlackWithAWhiteOutline();
+    void translucentHighlightsLetTheGroundThroughAtAnyWidth();
     void theHighlightsRightMarginAndCornersStayFree();
     void theHighlightFollowsThePointer_data();
     void theHighlightFollowsThePointer();
@@ -296,6 +298,10 @@ private Q_SLOTS:
     void theWindowFollowsThePointer();
     void theWindowFollowsTheSelection();
     void theWindowFollowsTheWheelUnderAPointerAtRest();
+    void theWindowFollowsJumpsUnderAPointerAtRest_data();
+    void theWindowFollowsJumpsUnderAPointerAtRest();
+    void aJumpLooksForNoMoreRowsThanInTheBase_data();
+    void aJumpLooksForNoMoreRowsThanInTheBase();
     void theWindowFollowsRowsThatMoveUnderAPointerAtRest_data();
     void theWindowFollowsRowsThatMoveUnderAPointerAtRest();
     void theWindowFollowsAPointerThatIsAheadOfItsEvents();
@@ -467,6 +473,22 @@ void VelaTreeWidgetTest::withoutColorsHighlightsAreBlackWithAWhiteOutline()
     QCOMPARE(difference(tree.painted(), expectedPicture(tree, {{0, Qt::black}, {2, Qt::black}})), QString());
 }
 
+void VelaTreeWidgetTest::translucentHighlightsLetTheGroundThroughAtAnyWidth()
+{
+    const QColor selected(0xd0, 0x40, 0x10, 0x90);
+    const QColor hovered(0x10, 0x90, 0x60, 0x40);
+    PlainTree tree;
+    tree.setBackgroundColor(selected, hovered);
+    QVERIFY(tree.showAndWait());
+    tree.topLevelItem(1)->setSelected(true);
+    for (const int width : {300, 211, 420}) {
+        tree.resize(width, tree.height());
+        QTRY_COMPARE(tree.viewport()->width(), width);
+        tree.pointAt(tree.rowRect(3).center());
+        QCOMPARE(difference(tree.painted(), expectedPicture(tree, {{1, selected}, {3, hovered}})), QString());
+    }
+}
+
 void VelaTreeWidgetTest::theHighlightsRightMarginAndCornersStayFree()
 {
     PlainTree tree;
@@ -598,6 +620,92 @@ void VelaTreeWidgetTest::theWindowFollowsTheWheelUnderAPointerAtRest()
         QVERIFY(tree.verticalScrollBar()->value() != before);
         QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
     }
+}
+
+void VelaTreeWidgetTest::theWindowFollowsJumpsUnderAPointerAtRest_data()
+{
+    QTest::addColumn<QAbstractItemView::ScrollMode>("mode");
+    QTest::newRow("rows") << QAbstractItemView::ScrollPerItem;
+    QTest::newRow("pixels") << QAbstractItemView::ScrollPerPixel;
+}
+
+void VelaTreeWidgetTest::theWindowFollowsJumpsUnderAPointerAtRest()
+{
+    QFETCH(const QAbstractItemView::ScrollMode, mode);
+    PlainTree tree(3000);
+    tree.setBackgroundColor(Selected, Hovered);
+    tree.setVerticalScrollMode(mode);
+    tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QVERIFY(tree.showAndWait());
+    tree.topLevelItem(1240)->setSelected(true);
+    const QPoint pointer = tree.rowRect(3).center();
+    tree.moveTo(pointer);
+    QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{3, Hovered}})), QString());
+    for (const int row : {1237, 1238, 1237, 0, 13, 2900, 2888, 40}) {
+        tree.verticalScrollBar()->setValue(mode == QAbstractItemView::ScrollPerItem ? row
+                                                                                    : row * tree.rowRect(0).height());
+        QCOMPARE(tree.itemAt(0, 0), tree.topLevelItem(row));
+        QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
+        const bool isSelectedUnderPointer = row + 3 == 1240;
+        QCOMPARE(paintedColor(tree.viewport(), pointer), isSelectedUnderPointer ? Selected : Hovered);
+        tree.moveTo(tree.rowRect(row + 5).center());
+        QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
+        tree.moveTo(pointer);
+        QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
+    }
+}
+
+/// How often a tree of many rows looks for the place of one until it has painted a jump under the pointer.
+template<typename Tree>
+int lookUpsOfAJump(QAbstractItemView::ScrollMode mode)
+{
+    class CountingTree : public Tree
+    {
+    public:
+        QRect visualRect(const QModelIndex &index) const override
+        {
+            ++lookUpCount;
+            return Tree::visualRect(index);
+        }
+
+        mutable int lookUpCount = 0;
+    };
+    CountingTree tree;
+    tree.setVerticalScrollMode(mode);
+    tree.setHeaderHidden(true);
+    for (int i = 0; i < 3000; ++i) {
+        tree.addTopLevelItem(new QTreeWidgetItem({QString::number(i)}));
+    }
+    tree.setGeometry(100, 100, 300, 350);
+    tree.show();
+    if (!QTest::qWaitForWindowExposed(&tree)) {
+        return -1;
+    }
+    QCursor::setPos(tree.mapToGlobal(tree.rect().center()));
+    EventCounter paints(tree.viewport(), QEvent::Paint);
+    const auto jumpTo = [&tree, &paints](int quarter) {
+        paints.take();
+        tree.lookUpCount = 0;
+        QScrollBar *bar = tree.verticalScrollBar();
+        bar->setValue(bar->maximum() * quarter / 4);
+        return QTest::qWaitFor([&paints] { return paints.take() > 0; });
+    };
+    return jumpTo(1) && jumpTo(3) ? tree.lookUpCount : -1;
+}
+
+void VelaTreeWidgetTest::aJumpLooksForNoMoreRowsThanInTheBase_data()
+{
+    theWindowFollowsJumpsUnderAPointerAtRest_data();
+}
+
+// Each look-up walks all rows between the one asked for and the last one asked for.
+void VelaTreeWidgetTest::aJumpLooksForNoMoreRowsThanInTheBase()
+{
+    QFETCH(const QAbstractItemView::ScrollMode, mode);
+    const int expected = lookUpsOfAJump<QTreeWidget>(mode);
+    QVERIFY(expected > 0);
+    QCOMPARE(lookUpsOfAJump<VelaTreeWidget>(mode), expected);
 }
 
 void VelaTreeWidgetTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest_data()
