@@ -75,7 +75,9 @@ private:
 /// Date field: a combo box that holds one item, the chosen date or a text that says there is none, and pops up a
 /// calendar.
 ///
-/// The item's user data is the date, a null QDate while none is chosen.
+/// The item's user data is the date, a null QDate while none is chosen. Its text is the date in the short format of the
+/// default QLocale, while the names in the calendar are of the installed texts: let QLocale::setDefault() agree with
+/// their language.
 class VELA_EXPORT VelaDateSelector : public QComboBox
 {
     Q_OBJECT

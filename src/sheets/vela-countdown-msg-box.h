@@ -15,6 +15,9 @@
 /// from then on; the click comes as many seconds after the box is shown as were given. Results are QMessageBox::Ok and,
 /// for the button with the cancel caption, QMessageBox::Discard. Once it is answered nothing clicks itself, unless the
 /// box is shown again.
+///
+/// Escape and the window's close button are ignored, since QMessageBox finds no button for them among these two, unless
+/// setEscapeButton() names one.
 class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
 {
     Q_OBJECT

@@ -9,8 +9,9 @@
 /// @file
 /// Message boxes by one call, which returns when the box is answered.
 ///
-/// With a parent the message is a VelaMessageSheet inside the dimmed window of that parent, as wide as the parent's own
-/// width allows; it has no title. Without one it is a QMessageBox, a window of its own.
+/// With a parent the message is a VelaMessageSheet inside the window of that parent, as wide as the parent's own width
+/// allows; it has no title. The VelaMask that dims the window has the colour QColor(0, 0, 0, 20). Without a parent the
+/// message is a QMessageBox, a window of its own.
 ///
 /// Each call with a parent leaves a hidden, empty VelaMask behind in the window, which goes with the window: some 3 kB
 /// each. On X11 it also leaves two connections to the X server open until the process ends, some 150 kB, since the

@@ -13,7 +13,8 @@
 ///
 /// The library reads two keys: "resource_path", the read-only folder that holds `images.json`, `images/` and usually
 /// the style sheets, and "user_data_path", a writable folder for generated images. Set both before
-/// ImageManager::initialize(). GUI thread only.
+/// ImageManager::initialize(). Neither path may hold digits directly before "px", see StyleManager::initialize(). GUI
+/// thread only.
 class VELA_EXPORT UIPathManager
 {
 public:
