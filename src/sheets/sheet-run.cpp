@@ -5,99 +5,82 @@
 
 #include "sheets/sheet-stack_p.h"
 #include "sheets/vela-sheet.h"
-#include "utils/util.h"
-#include "utils/window-close-button_p.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QScopeGuard>
-#include <QVector>
 
-#include <algorithm>
-#include <utility>
+namespace Vela::Private {
 
-using Vela::Private::SheetStack;
+SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet), m_keys(sheet), m_focus(sheet) { }
 
-namespace {
-
-/// Of all sheets that are up, in the order in which they came.
-QVector<SheetRun *> &runs()
+SheetRun::~SheetRun()
 {
-    static QVector<SheetRun *> runs;
-    return runs;
-}
-
-/// Gives the focus to the next, or previous, widget of @p sheet that takes it by Tab.
-void moveFocusIn(VelaSheet *sheet, bool next)
-{
-    const auto takesFocus = [sheet](const QWidget *widget) {
-        return sheet->isAncestorOf(widget) && widget->isVisible() && widget->isEnabled()
-            && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
-    };
-    QWidget *start = QApplication::focusWidget();
-    if (!start || !sheet->isAncestorOf(start)) {
-        start = sheet;
-    }
-    QWidget *widget = start;
-    do {
-        widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
-    } while (widget != start && !takesFocus(widget));
-    if (widget != start) {
-        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    goDown();
+    endWait();
+    // They are on the stack, in wait().
+    const auto loops = m_sheet->findChildren<QEventLoop *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QEventLoop *loop : loops) {
+        loop->setParent(nullptr);
     }
 }
 
-} // namespace
-
-SheetRun::SheetRun(VelaSheet *sheet) : m_sheet(sheet), m_keys(sheet) { }
+SheetRun::State SheetRun::state() const
+{
+    return m_state;
+}
 
 void SheetRun::setBlockWindowButton(bool block)
 {
     m_blocksWindowButton = block;
 }
 
+bool SheetRun::isUp() const
+{
+    return m_state == State::Up || m_state == State::Waiting;
+}
+
 void SheetRun::begin()
 {
     m_sheet->show();
     comeUp();
-    takeCloseButton();
+    SheetStack::push(m_sheet);
+    if (m_blocksWindowButton) { // an answer leaves the claim when it is not told to block any more
+        m_closeButton.make(m_window);
+    }
     watchWindow();
 }
 
 void SheetRun::comeUp()
 {
-    if (!isUp()) {
-        m_window = m_sheet->window();
-        m_formerFocus = m_window->focusWidget();
-        runs().append(this);
-        SheetStack::push(m_sheet);
-        m_keys.keep();
+    if (isUp()) {
+        return;
     }
+    m_state = State::Up;
+    m_window = m_sheet->window();
+    m_focus.remember();
+    SheetStack::push(m_sheet);
+    m_keys.keep();
 }
 
 void SheetRun::goDown()
 {
-    runs().removeOne(this);
     SheetStack::remove(m_sheet);
     m_keys.release();
 }
 
+/// Without an answer.
+void SheetRun::endWait()
+{
+    if (m_loop && m_loop->isRunning()) { // or there is an answer already
+        m_loop->exit(0);
+    }
+}
+
 void SheetRun::watchWindow()
 {
-    m_isEnding = false; // it may be shown again by a slot of finished()
     comeUp();
     m_window->installEventFilter(m_sheet);
     watchAncestors();
-}
-
-bool SheetRun::isUp() const
-{
-    return std::find(runs().cbegin(), runs().cend(), this) != runs().cend();
-}
-
-bool SheetRun::isWaiting() const
-{
-    return m_loop && m_loop->isRunning();
 }
 
 int SheetRun::wait()
@@ -105,10 +88,12 @@ int SheetRun::wait()
     // A sheet that is answered may wait again before this call has returned, from a slot or below another sheet's loop.
     QEventLoop loop(m_sheet);
     m_loop = &loop;
+    m_state = State::Waiting;
     ++m_waits;
     const auto returned = qScopeGuard([self = QPointer<SheetRun>(this)] {
         if (self) {
             --self->m_waits;
+            self->m_state = self->m_state == State::Waiting ? State::Up : self->m_state; // the application was quit
         }
     });
     return loop.exec();
@@ -137,16 +122,18 @@ void SheetRun::followToWindow()
     if (m_sheet->window() == m_window) {
         return;
     }
-    const bool takesButton = m_savedWindowState != nullptr;
+    const bool takesButton = m_closeButton.isMade() && m_blocksWindowButton;
     if (m_window) {
-        giveCloseButtonBack();
         m_window->removeEventFilter(m_sheet);
     }
-    discardWindowState(&m_savedWindowState); // of a window that is gone
+    if (m_closeButton.isMade()) {
+        m_closeButton.giveBack(m_window);
+    }
     m_window = m_sheet->window();
     m_window->installEventFilter(m_sheet);
     if (takesButton) {
-        takeCloseButton();
+        m_closeButton.make(m_window);
+        SheetStack::push(m_sheet);
     }
 }
 
@@ -161,112 +148,43 @@ void SheetRun::leave(QObject *dying)
         return;
     }
     if (m_window && m_window != dying) {
-        giveCloseButtonBack();
         m_window->removeEventFilter(m_sheet);
-    }
-    goDown();
-    discardWindowState(&m_savedWindowState);
-    m_sheet->setParent(nullptr);
-    if (isWaiting()) { // not when the answer is there already
-        m_loop->exit(0);
-    }
-}
-
-void SheetRun::takeCloseButton()
-{
-    if (m_blocksWindowButton && !m_savedWindowState) { // which end() leaves when it is not told to block any more
-        SHAPISetCloseButtonOfWindowEnable(m_window, false, &m_savedWindowState);
-        runs().removeOne(this); // behind those whose state was taken before
-        runs().append(this);
-        SheetStack::push(m_sheet);
-    }
-}
-
-void SheetRun::giveCloseButtonBack()
-{
-    if (m_savedWindowState && m_window) {
-        handWindowStateOn();
-        SHAPISetCloseButtonOfWindowEnable(m_window, true, &m_savedWindowState);
-    }
-}
-
-/// Each sheet keeps the window's hints as they were when it came up. One that goes before a later one hands its own on
-/// and leaves what that one found: without the close button until the last has gone, and with it then.
-void SheetRun::handWindowStateOn()
-{
-    const int own = runs().indexOf(this);
-    if (!m_savedWindowState || own < 0) {
-        return;
-    }
-    for (int i = own + 1; i < runs().size(); ++i) {
-        SheetRun *later = runs().at(i);
-        if (later->m_savedWindowState && later->m_window == m_window) {
-            std::swap(m_savedWindowState, later->m_savedWindowState);
-            return;
+        if (m_closeButton.isMade()) {
+            m_closeButton.giveBack(m_window);
         }
     }
-}
-
-/// Before the sheet is hidden, or the focus would pass to whatever is next to it, below another sheet's mask perhaps.
-void SheetRun::giveFocusBack()
-{
-    if (!m_sheet->isAncestorOf(m_window->focusWidget())) {
-        return;
-    }
-    VelaSheet *other = SheetStack::top(m_window, m_sheet);
-    const QWidget *scope = other ? other : m_window.data();
-    if (m_formerFocus && scope->isAncestorOf(m_formerFocus) && m_formerFocus->isVisible()
-        && m_formerFocus->isEnabled()) {
-        m_formerFocus->setFocus(Qt::OtherFocusReason);
-    } else if (other) {
-        moveFocusIn(other, true);
-    }
+    m_closeButton.drop();
+    m_state = isUp() ? State::Down : m_state;
+    goDown();
+    m_sheet->setParent(nullptr);
+    endWait();
 }
 
 void SheetRun::end(int result)
 {
-    if (m_isEnding) { // called by a slot of finished()
+    if (m_state == State::Answering) {
         return;
     }
-    m_isEnding = true;
     m_window = m_sheet->window();
     if (m_blocksWindowButton) {
-        handWindowStateOn();
-        SHAPISetCloseButtonOfWindowEnable(m_sheet, true, &m_savedWindowState);
+        m_closeButton.giveBack(m_window);
     }
     if (m_loop) {
         m_loop->exit(result);
     }
     m_window->removeEventFilter(m_sheet);
+    m_state = State::Answering;
     goDown();
-    giveFocusBack();
+    m_focus.giveBack();
     m_sheet->hide();
-    QWidget *focused = m_sheet->window()->focusWidget();
-    if (m_sheet->isAncestorOf(focused)) { // where nothing else takes it, and a key would press the hidden button
-        focused->clearFocus();
-    }
+    m_focus.letGo();
 
-    const auto ended = qScopeGuard([self = QPointer<SheetRun>(this)] { // also when a slot throws
-        if (self) {
-            self->m_isEnding = false;
+    const auto emitted = qScopeGuard([self = QPointer<SheetRun>(this)] { // also when a slot throws
+        if (self && self->m_state == State::Answering) {
+            self->m_state = State::Down;
         }
     });
     Q_EMIT m_sheet->finished(result);
-}
-
-void SheetRun::abandon()
-{
-    giveCloseButtonBack();
-    goDown();
-    discardWindowState(&m_savedWindowState);
-    if (isWaiting()) {
-        m_loop->exit(0);
-    }
-    // They are on the stack, in wait().
-    const auto loops = m_sheet->findChildren<QEventLoop *>(QString(), Qt::FindDirectChildrenOnly);
-    for (QEventLoop *loop : loops) {
-        loop->setParent(nullptr);
-    }
 }
 
 bool SheetRun::refusesClose(QEvent *event) const
@@ -278,7 +196,13 @@ bool SheetRun::refusesClose(QEvent *event) const
     return true;
 }
 
-void SheetRun::moveFocus(bool next)
+bool SheetRun::moveFocus(bool next)
 {
-    moveFocusIn(m_sheet, next);
+    if (!m_sheet->isVisible()) { // it is being hidden, and the focus goes back to the window
+        return false;
+    }
+    m_focus.move(next);
+    return true;
 }
+
+} // namespace Vela::Private

@@ -3,24 +3,38 @@
 
 #pragma once
 
+#include "sheets/close-button-claim_p.h"
+#include "sheets/sheet-focus_p.h"
 #include "sheets/sheet-keys_p.h"
 
 #include <QEventLoop>
 #include <QObject>
 #include <QPointer>
 
-class QEvent;
-class QWidget;
 class VelaSheet;
+
+namespace Vela::Private {
 
 /// The modal run of a sheet: what the kinds of sheets share from being shown to being answered.
 ///
 /// Several sheets may be up in one window and be answered in any order, and a sheet may be moved to another window
-/// while it is up, alone or with what it is in.
+/// while it is up, alone or with what it is in. It is to be destroyed with the sheet, before what else the sheet owns:
+/// the window has its close button back then, and wait() has its end.
 class SheetRun : public QObject
 {
 public:
+    enum class State {
+        Down, ///< not shown yet, or answered
+        Up, ///< watches the window; finished() will tell the answer
+        Waiting, ///< up, and wait() will return the answer
+        Answering, ///< answered and undone, finished() being emitted; done() is no answer any more, being shown again
+                   ///< is
+    };
+
     explicit SheetRun(VelaSheet *sheet);
+    ~SheetRun() override;
+
+    State state() const;
 
     /// Whether the window cannot be closed while the sheet is up. Consulted by begin(), end() and refusesClose().
     void setBlockWindowButton(bool block);
@@ -31,19 +45,13 @@ public:
     void watchWindow();
     /// Runs an event loop until end() and returns its result; 0 when the window is destroyed meanwhile.
     int wait();
-    /// Whether wait() waits for an answer.
-    bool isWaiting() const;
     /// Undoes begin() and watchWindow(), ends wait() and emits VelaSheet::finished().
     void end(int result);
 
-    /// To be called by the sheet's destructor: gives the window its close button back, ends wait().
-    void abandon();
-
     /// Whether @p event is an attempt to close the window that is refused, which is done then.
     bool refusesClose(QEvent *event) const;
-
-    /// Gives the focus to the next, or previous, widget of the sheet that takes it by Tab: never to one outside.
-    void moveFocus(bool next);
+    /// Moves the focus within the sheet; does nothing, and says so, when the sheet is not visible.
+    bool moveFocus(bool next);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -51,21 +59,20 @@ private:
     bool isUp() const;
     void comeUp();
     void goDown();
-    void takeCloseButton();
-    void giveCloseButtonBack();
-    void handWindowStateOn();
-    void giveFocusBack();
+    void endWait();
     void watchAncestors();
     void followToWindow();
     void leave(QObject *dying);
 
     VelaSheet *const m_sheet;
-    Vela::Private::SheetKeys m_keys;
-    QPointer<QEventLoop> m_loop;
+    SheetKeys m_keys;
+    SheetFocus m_focus;
+    CloseButtonClaim m_closeButton;
+    State m_state = State::Down;
+    QPointer<QEventLoop> m_loop; // of the last call of wait()
     int m_waits = 0; // calls of wait() that have not returned
     QPointer<QWidget> m_window; // that is watched
-    QPointer<QWidget> m_formerFocus; // the window's, before the sheet came up
-    void *m_savedWindowState = nullptr;
     bool m_blocksWindowButton = true;
-    bool m_isEnding = false;
 };
+
+} // namespace Vela::Private

@@ -3,11 +3,11 @@
 
 #include "sheets/vela-input-sheet.h"
 
+#include "look/look_p.h"
+#include "look/metrics_p.h"
 #include "scale/scaled.h"
-#include "sheets/sheet-run_p.h"
+#include "sheets/modal-sheet_p.h"
 #include "sheets/vela-msg-sheet.h"
-#include "style-manager/style-manager.h"
-#include "utils/component-strings.h"
 
 #include <QDialogButtonBox>
 #include <QKeyEvent>
@@ -15,110 +15,89 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Vela;
+
 namespace {
 
 // Logical pixels.
-constexpr int MSG_BOX_FIX_WIDTH = 480;
-constexpr int WindowMargin = 40; // what a sheet leaves of its window's width
-constexpr int Margin = 10;
-constexpr int LineEditHeight = 28;
 constexpr int LineEditSpacing = 8;
 constexpr int ButtonSpacing = 24;
+constexpr int LineHeight = 20;
 
-struct ButtonLook
+int widthIn(double parentWidth)
 {
-    QDialogButtonBox::StandardButton which;
-    const char *captionKey;
-    const char *styleKey;
-};
-
-constexpr ButtonLook ButtonLooks[] = {
-    {QDialogButtonBox::Ok, "ok", "component.apply_button"},
-    {QDialogButtonBox::Discard, "cancel", "component.cancel_button"},
-};
+    const bool isNarrow = parentWidth < Metric::SheetWidth + Metric::SheetWindowMargin;
+    return isNarrow ? static_cast<int>(parentWidth - Metric::SheetWindowMargin) : Metric::SheetWidth;
+}
 
 } // namespace
 
-class VelaInputSheetPrivate : public QObject
+class VelaInputSheetPrivate : public Private::ModalSheet
 {
 public:
     explicit VelaInputSheetPrivate(VelaInputSheet *sheet);
 
     void initialize();
-    void setupLayout();
-    int getPreferredWidth() const;
+    void setPrompt(const QString &text);
+
+    QLineEdit *const lineEdit;
+
+private:
+    void fill(QVBoxLayout *column) override;
+    void fitToWidth() override;
+    void started() override;
 
     VelaInputSheet *const q;
-    MessageLabel *const promptLabel;
-    QLineEdit *const lineEdit;
-    QDialogButtonBox *const buttonBox;
-    SheetRun run;
 };
 
 VelaInputSheetPrivate::VelaInputSheetPrivate(VelaInputSheet *sheet) :
-    QObject(sheet),
-    q(sheet),
-    promptLabel(new MessageLabel(sheet)),
-    lineEdit(new QLineEdit(sheet)),
-    buttonBox(new QDialogButtonBox(sheet)),
-    run(sheet)
+    ModalSheet(sheet, widthIn, ButtonSpacing), lineEdit(new QLineEdit(sheet)), q(sheet)
 {
+    addButtonBox();
 }
 
 void VelaInputSheetPrivate::initialize()
 {
     // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
     const QMargins shadow = q->contentsMargins(); // which a frame loses when it is styled
-    q->setStyleSheet(getStyleSheet("component.message_sheet_other", false));
+    q->setStyleSheet(Look::sheet(Style::SheetOther));
     q->ensurePolished();
     q->setContentsMargins(shadow);
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
-    for (const ButtonLook &look : ButtonLooks) {
-        QPushButton *button = buttonBox->button(look.which);
-        button->setText(ComponentStrings::getInstance()->getString(QString::fromLatin1(look.captionKey)));
-        button->setStyleSheet(getStyleSheet(look.styleKey, false));
-    }
-    buttonBox->button(QDialogButtonBox::Ok)->setDefault(true);
+    setUpButton(QMessageBox::Ok, Style::ApplyButton, QString(), Text::Ok);
+    setUpButton(QMessageBox::Discard, Style::CancelButton, QString(), Text::Cancel);
     connect(buttonBox, &QDialogButtonBox::clicked, q, &VelaInputSheet::buttonClick);
     setupLayout();
 }
 
-/// Logical pixels.
-int VelaInputSheetPrivate::getPreferredWidth() const
+void VelaInputSheetPrivate::setPrompt(const QString &text)
 {
-    const QWidget *parent = q->parentWidget();
-    if (!parent) {
-        return MSG_BOX_FIX_WIDTH;
-    }
-    const double width = parent->width() / DPIinfo::getInstance()->getDPI();
-    return width < MSG_BOX_FIX_WIDTH + WindowMargin ? static_cast<int>(width - WindowMargin) : MSG_BOX_FIX_WIDTH;
+    setParagraph(textLabel, text, LineHeight);
+    textLabel->setAlignment(Qt::AlignTop);
+    setupLayout();
 }
 
-void VelaInputSheetPrivate::setupLayout()
+void VelaInputSheetPrivate::fill(QVBoxLayout *column)
 {
-    delete q->layout();
-    auto *column = new QVBoxLayout(q);
-    lineEdit->setFixedHeight(scaled(LineEditHeight));
-    lineEdit->setStyleSheet(getStyleSheet("component.lineedit", false));
-
-    column->setContentsMargins(scaled(Margin), scaled(Margin), scaled(Margin), scaled(Margin));
-    column->setSpacing(0);
-    column->addWidget(promptLabel);
+    lineEdit->setFixedHeight(scaled(Metric::FieldHeight));
+    lineEdit->setStyleSheet(Look::sheet(Style::LineEdit));
+    column->addWidget(textLabel);
     column->addSpacing(scaled(LineEditSpacing));
     column->addWidget(lineEdit);
-    if (!buttonBox->buttons().isEmpty()) {
-        column->addSpacing(scaled(ButtonSpacing));
-        column->addWidget(buttonBox);
-    }
+}
 
-    q->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
-    q->setFixedWidth(scaled(getPreferredWidth()));
+void VelaInputSheetPrivate::fitToWidth()
+{
     // The label takes this height when it gets its width; the sheet's own height, which comes first, counts on it.
-    promptLabel->setMinimumHeight(0); // or it would need no less than for the prompt or width that it had before
-    const int textWidth = q->contentsRect().width() - 2 * scaled(Margin);
-    promptLabel->setFixedHeight(qMax(0, promptLabel->heightForWidth(textWidth)));
-    q->updateGeometry();
-    q->adjustSize();
+    textLabel->setMinimumHeight(0); // or it would need no less than for the prompt or width that it had before
+    const int textWidth = q->contentsRect().width() - 2 * scaled(Metric::SheetMargin);
+    textLabel->setFixedHeight(qMax(0, textLabel->heightForWidth(textWidth)));
+}
+
+void VelaInputSheetPrivate::started()
+{
+    q->setFocus(Qt::TabFocusReason);
+    lineEdit->setFocus();
 }
 
 VelaInputSheet::VelaInputSheet(QWidget *parent) : VelaSheet(parent), d(new VelaInputSheetPrivate(this))
@@ -131,19 +110,11 @@ VelaInputSheet::VelaInputSheet(const QString &text, QWidget *parent) : VelaInput
     setText(text);
 }
 
-VelaInputSheet::~VelaInputSheet()
-{
-    d->run.abandon();
-}
+VelaInputSheet::~VelaInputSheet() = default;
 
 void VelaInputSheet::setText(const QString &text)
 {
-    const QString paragraph = QStringLiteral("<p style='line-height: 20px;'>%1</p>").arg(text);
-    d->promptLabel->setText(DPIinfo::getInstance()->getScaledStyleSheet(paragraph));
-    d->promptLabel->setWordWrap(true);
-    d->promptLabel->setAlignment(Qt::AlignTop);
-    d->promptLabel->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
-    d->setupLayout();
+    d->setPrompt(text);
 }
 
 QLineEdit *VelaInputSheet::getLineEdit()
@@ -158,7 +129,7 @@ QString VelaInputSheet::getContent()
 
 QPushButton *VelaInputSheet::button(QMessageBox::StandardButton which) const
 {
-    return d->buttonBox->button(static_cast<QDialogButtonBox::StandardButton>(which));
+    return d->button(which);
 }
 
 void VelaInputSheet::setDefaultButton(QPushButton *button)
@@ -182,13 +153,7 @@ void VelaInputSheet::showSheet()
 
 int VelaInputSheet::exec()
 {
-    if (d->run.isWaiting()) {
-        return 0;
-    }
-    d->run.begin();
-    setFocus(Qt::TabFocusReason);
-    d->lineEdit->setFocus();
-    return d->run.wait();
+    return d->exec();
 }
 
 void VelaInputSheet::done(int ret)
@@ -211,35 +176,15 @@ bool VelaInputSheet::eventFilter(QObject *watched, QEvent *event)
     if (d->run.refusesClose(event)) {
         return true;
     }
-    if (watched != window() || event->type() != QEvent::KeyPress) {
+    if (!d->isKeyOfWindow(watched, event)) {
         return false;
     }
-
-    QPushButton *clicked = nullptr;
-    switch (static_cast<QKeyEvent *>(event)->key()) {
-    case Qt::Key_Escape:
-        clicked = button(QMessageBox::Discard);
-        break;
-    case Qt::Key_Enter:
-    case Qt::Key_Return:
-    case Qt::Key_Space:
-        clicked = button(QMessageBox::Ok);
-        break;
-    default:
-        break;
-    }
-    if (clicked) {
-        clicked->click();
-    }
+    d->answer(static_cast<QKeyEvent *>(event)->key());
     return true; // no key gets past the sheet
 }
 
 // A Tab in a widget of the sheet is answered by that widget, before the window sees it, and asks here.
 bool VelaInputSheet::focusNextPrevChild(bool next)
 {
-    if (!isVisible()) { // it is being hidden, and the focus goes back to the window
-        return VelaSheet::focusNextPrevChild(next);
-    }
-    d->run.moveFocus(next);
-    return true;
+    return d->run.moveFocus(next) || VelaSheet::focusNextPrevChild(next);
 }

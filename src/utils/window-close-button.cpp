@@ -16,7 +16,7 @@
 #include <cstring>
 #include <memory>
 
-namespace {
+namespace Vela::Private {
 
 /// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to
 /// the server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always
@@ -29,6 +29,12 @@ struct MotifHints
     long inputMode;
     long status;
 };
+
+} // namespace Vela::Private
+
+using Vela::Private::MotifHints;
+
+namespace {
 
 constexpr MotifHints DefaultHints {0, 1, 1, 0, 0}; // of a window without the property
 constexpr long FunctionsAreValid = 1;
@@ -112,8 +118,32 @@ void SHAPISetCloseButtonOfWindowEnable(QWidget *widget, bool enable, void **save
     writeHints(connection, window, property, hints);
 }
 
-void discardWindowState(void **savedState)
+namespace Vela::Private {
+
+namespace {
+
+void setCloseButtonEnabled(QWidget *widget, bool enable, KeptHints &kept)
 {
-    delete static_cast<MotifHints *>(*savedState);
-    *savedState = nullptr;
+    void *state = kept.release();
+    SHAPISetCloseButtonOfWindowEnable(widget, enable, &state);
+    kept.reset(static_cast<MotifHints *>(state));
 }
+
+} // namespace
+
+void DeleteHints::operator()(MotifHints *hints) const
+{
+    delete hints;
+}
+
+void takeCloseButton(QWidget *widget, KeptHints &kept)
+{
+    setCloseButtonEnabled(widget, false, kept);
+}
+
+void giveCloseButtonBack(QWidget *widget, KeptHints &kept)
+{
+    setCloseButtonEnabled(widget, true, kept);
+}
+
+} // namespace Vela::Private

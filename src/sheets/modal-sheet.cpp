@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "sheets/modal-sheet_p.h"
+
+#include "look/look_p.h"
+#include "look/metrics_p.h"
+#include "scale/dpi-info.h"
+#include "scale/scaled.h"
+#include "sheets/vela-msg-sheet.h"
+
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace Vela::Private {
+
+ModalSheet::ModalSheet(VelaSheet *sheet, WidthRule widthRule, int buttonSpacing) :
+    QObject(sheet),
+    textLabel(new MessageLabel(sheet)),
+    run(sheet),
+    m_sheet(sheet),
+    m_widthRule(widthRule),
+    m_buttonSpacing(buttonSpacing)
+{
+}
+
+void ModalSheet::addButtonBox()
+{
+    buttonBox = new QDialogButtonBox(m_sheet);
+}
+
+void ModalSheet::setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption)
+{
+    QPushButton *known = button(which);
+    if (!known) {
+        return;
+    }
+    known->setText(Look::textOr(customCaption, caption));
+    if (which == QMessageBox::Ok) {
+        known->setDefault(true);
+    }
+    known->setStyleSheet(Look::sheet(style));
+}
+
+QPushButton *ModalSheet::button(QMessageBox::StandardButton which) const
+{
+    return buttonBox->button(static_cast<QDialogButtonBox::StandardButton>(which));
+}
+
+void ModalSheet::setParagraph(QLabel *label, const QString &text, int lineHeight)
+{
+    const QString paragraph = QStringLiteral("<p style='line-height: %1px;'>%2</p>").arg(lineHeight).arg(text);
+    label->setText(DPIinfo::getInstance()->getScaledStyleSheet(paragraph));
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
+}
+
+int ModalSheet::preferredWidth() const
+{
+    const QWidget *parent = m_sheet->parentWidget();
+    return parent ? m_widthRule(parent->width() / DPIinfo::getInstance()->getDPI()) : Metric::SheetWidth;
+}
+
+void ModalSheet::setupLayout()
+{
+    delete m_sheet->layout();
+    auto *column = new QVBoxLayout(m_sheet);
+    const int margin = scaled(Metric::SheetMargin);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(0);
+    fill(column);
+    if (!buttonBox->buttons().isEmpty()) {
+        column->addSpacing(scaled(m_buttonSpacing));
+        column->addWidget(buttonBox);
+    }
+
+    m_sheet->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Maximum);
+    m_sheet->setFixedWidth(scaled(preferredWidth()));
+    fitToWidth();
+    m_sheet->updateGeometry();
+    m_sheet->adjustSize();
+}
+
+int ModalSheet::exec()
+{
+    if (run.state() == SheetRun::State::Waiting) {
+        return 0;
+    }
+    run.begin();
+    started();
+    return run.wait();
+}
+
+bool ModalSheet::isKeyOfWindow(const QObject *watched, const QEvent *event) const
+{
+    return watched == m_sheet->window() && event->type() == QEvent::KeyPress;
+}
+
+void ModalSheet::answer(int key)
+{
+    QPushButton *meant = nullptr;
+    switch (key) {
+    case Qt::Key_Escape:
+        meant = button(QMessageBox::Discard);
+        break;
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Space:
+        meant = button(QMessageBox::Ok);
+        break;
+    default:
+        break;
+    }
+    if (meant) {
+        meant->click();
+    }
+}
+
+} // namespace Vela::Private

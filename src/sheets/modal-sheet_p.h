@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "look/keys_p.h"
+#include "sheets/sheet-run_p.h"
+
+#include <QMessageBox>
+#include <QObject>
+
+class MessageLabel;
+class QDialogButtonBox;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+class VelaSheet;
+
+namespace Vela::Private {
+
+/// What the sheets that wait for an answer have in common: a text at the top, a box of buttons at the bottom, a width
+/// by a rule, and their modal run.
+class ModalSheet : public QObject
+{
+public:
+    QPushButton *button(QMessageBox::StandardButton which) const;
+    /// Whether the sheet answers @p event, a key that has reached the window @p watched.
+    bool isKeyOfWindow(const QObject *watched, const QEvent *event) const;
+    /// Clicks the button that @p key stands for, if the sheet has it.
+    void answer(int key);
+    /// Shows the sheet and returns the answer to it, 0 at once while it waits for one.
+    int exec();
+    /// Lays the sheet out anew, in the width that its parent leaves it.
+    void setupLayout();
+
+    MessageLabel *const textLabel;
+    QDialogButtonBox *buttonBox = nullptr;
+    SheetRun run;
+
+protected:
+    /// Width of a sheet whose parent is so wide, both in logical pixels.
+    using WidthRule = int (*)(double parentWidth);
+
+    /// @p buttonSpacing, in logical pixels, is above the buttons.
+    ModalSheet(VelaSheet *sheet, WidthRule widthRule, int buttonSpacing);
+
+    /// Makes the box: after what is above it, for that is the order in which Tab visits them.
+    void addButtonBox();
+    /// Gives a button, if the box has it, its style sheet and @p customCaption, or @p caption where that is empty.
+    void setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption);
+    /// Sets @p text, which may be rich, in lines as high as that, in logical pixels.
+    static void setParagraph(QLabel *label, const QString &text, int lineHeight);
+
+private:
+    /// Puts what stands above the buttons into @p column.
+    virtual void fill(QVBoxLayout *column) = 0;
+    /// The sheet has its width, but not yet its height.
+    virtual void fitToWidth() { }
+    /// The sheet is up, and about to wait.
+    virtual void started() = 0;
+
+    int preferredWidth() const;
+
+    VelaSheet *const m_sheet;
+    const WidthRule m_widthRule;
+    const int m_buttonSpacing;
+};
+
+} // namespace Vela::Private

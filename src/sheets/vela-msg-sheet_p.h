@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "sheets/modal-sheet_p.h"
+#include "sheets/vela-msg-sheet.h"
+
+#include <QDialogButtonBox>
+#include <QPointer>
+#include <QVector>
+
+class QMovie;
+
+class VelaMessageSheetPrivate : public Vela::Private::ModalSheet
+{
+public:
+    explicit VelaMessageSheetPrivate(VelaMessageSheet *sheet);
+
+    void initialize(const MsgBoxCustomBtnText &captions = {QString(), QString()});
+    void setText(const QString &text);
+    void setInformativeText(const QString &text);
+    void rememberFocusWidgets();
+
+    QLabel *const iconLabel;
+    VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
+    QPointer<QMovie> runningMovie; // that exec() has started
+    QVector<QPointer<QWidget>> focusList; // some may be deleted before it is made again
+    QPointer<QWidget> firstFocusWidget;
+    QPointer<QWidget> lastFocusWidget;
+
+private:
+    void setUpIcon(Vela::Image icon);
+    void setUpButtonBox(QDialogButtonBox::StandardButtons buttons);
+    void sizeButton(QMessageBox::StandardButton which, int minimumWidth);
+    void setUpTexts();
+    void fill(QVBoxLayout *column) override;
+    void fitToWidth() override;
+    void started() override;
+    bool hasIcon() const;
+
+    VelaMessageSheet *const q;
+    MessageLabel *informativeLabel = nullptr;
+};
