@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "sheets/vela-sheet.h"
+#include "component/vela-sheet.h"
 #include "vela_export.h"
 
 #include <QMessageBox>

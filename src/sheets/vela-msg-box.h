@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "sheets/vela-msg-sheet.h"
+#include "component/vela-msg-sheet.h"
 #include "vela_export.h"
 
 /// @file
