@@ -139,8 +139,8 @@ void installLabel(SheetWindow &window, const std::function<void()> &happened)
     auto *label = new QLabel(QStringLiteral("&Name"), &window);
     label->setBuddy(window.below);
     label->show();
-    QObject::connect(qApp, &QApplication::focusChanged, &window, [&window, happened](QWidget *, QWidget *now) {
-        if (now == window.below) {
+    QObject::connect(qApp, &QApplication::focusChanged, &window, [below = window.below, happened](QWidget *, QWidget *now) {
+        if (now == below) {
             happened();
         }
     });
