@@ -116,9 +116,9 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
     }
 
     // A widget that is destroyed while it is shown sends no HideToParent.
-    connect(widget, &QObject::destroyed, d, [this] {
-        d->rest();
-        d->content = nullptr;
+    connect(widget, &QObject::destroyed, d, [mask = d] { // which is there still when both are destroyed
+        mask->rest();
+        mask->content = nullptr;
     });
 }
 

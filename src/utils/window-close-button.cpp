@@ -138,6 +138,7 @@ void DeleteHints::operator()(MotifHints *hints) const
 
 void takeCloseButton(QWidget *widget, KeptHints &kept)
 {
+    kept.reset();
     setCloseButtonEnabled(widget, false, kept);
 }
 
