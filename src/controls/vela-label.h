@@ -14,7 +14,9 @@ class VelaLabelPrivate;
 /// Label in the look of "component.label".
 ///
 /// When it wraps words and its vertical size policy is QSizePolicy::Minimum, its minimum height follows the height that
-/// the text needs at the label's width. It is computed at each resize, and only then: a new text counts at the next.
+/// the text needs at the label's width. It is computed at each resize, and only then, so that between two a minimum
+/// height of the caller's holds: a new text counts at the next. setMinimumHeight(0) lets a label in a layout
+/// shrink at once for a shorter text.
 class VELA_EXPORT VelaLabel : public QLabel
 {
     Q_OBJECT

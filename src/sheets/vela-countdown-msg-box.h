@@ -17,7 +17,7 @@
 /// box is shown again.
 ///
 /// Escape and the window's close button are ignored, since QMessageBox finds no button for them among these two, unless
-/// setEscapeButton() names one.
+/// setEscapeButton() has named one before the box is shown.
 class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
 {
     Q_OBJECT

@@ -8,6 +8,7 @@
 
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QRegExpValidator>
@@ -132,10 +133,27 @@ bool VelaTreeWidget::viewportEvent(QEvent *event)
 void VelaTreeWidget::paintEvent(QPaintEvent *event)
 {
     paintPointer = pointer();
-    QTreeWidget::paintEvent(event);
+    QPaintEvent withNeighbours(regionOfRowsToPaint(event->region()));
+    QTreeWidget::paintEvent(&withNeighbours);
     updateHoveredRow(); // rows move under a pointer at rest, too
     isPaintOfAllDue = false;
     paintPointer.reset();
+}
+
+// A row that is highlighted has its outline on its neighbours, too, one of which may be all that is to be painted.
+QRegion VelaTreeWidget::regionOfRowsToPaint(const QRegion &region) const
+{
+    QRegion rows = region;
+    const QModelIndex hovered = rowUnderPointer();
+    for (const QRect &rect : region) {
+        for (const int y : {rect.top() - OutlineWidth, rect.bottom() + OutlineWidth}) {
+            const QModelIndex row = indexAt(QPoint(0, y));
+            if (row.isValid() && (row == hovered || selectionModel()->isRowSelected(row.row(), row.parent()))) {
+                rows += QRect(0, y, viewport()->width(), OutlineWidth);
+            }
+        }
+    }
+    return rows;
 }
 
 void VelaTreeWidget::scrollContentsBy(int dx, int dy)

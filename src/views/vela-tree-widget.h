@@ -58,6 +58,7 @@ protected:
 private:
     QPoint pointer() const;
     QModelIndex rowUnderPointer() const;
+    QRegion regionOfRowsToPaint(const QRegion &region) const;
     void updateHoveredRow();
 
     QColor selectedColor;

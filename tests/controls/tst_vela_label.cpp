@@ -76,6 +76,7 @@ private Q_SLOTS:
     void theHorizontalPolicyDoesNotMatter();
     void aMinimumHeightOfTheCallersIsReplaced();
     void aNewTextCountsAtTheNextResize();
+    void withoutItsMinimumItShrinksForAShorterText();
     void aLabelWithoutATextNeedsNoHeight_data();
     void aLabelWithoutATextNeedsNoHeight();
     void whatIsSwitchedOffLaterLeavesTheLastMinimum();
@@ -310,6 +311,30 @@ void VelaLabelTest::aNewTextCountsAtTheNextResize()
     window.label.resize(151, 10);
     QVERIFY(window.label.minimumHeight() < before);
     QCOMPARE(window.label.minimumHeight(), neededHeight(window.label, 151));
+}
+
+void VelaLabelTest::withoutItsMinimumItShrinksForAShorterText()
+{
+    QWidget window;
+    auto *column = new QVBoxLayout(&window);
+    auto *label = new VelaLabel(LongText);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    column->addWidget(label);
+    column->addStretch();
+    window.resize(200, 600);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(label->height(), neededHeight(*label, label->width()));
+    const int before = label->height();
+
+    label->setText(QStringLiteral("short"));
+    QCoreApplication::processEvents();
+    QCOMPARE(label->height(), before);
+    label->setMinimumHeight(0);
+    QTRY_COMPARE(label->height(), neededHeight(*label, label->width()));
+    QVERIFY(label->height() < before);
+    QCOMPARE(label->minimumHeight(), label->height());
 }
 
 void VelaLabelTest::aLabelWithoutATextNeedsNoHeight_data()

@@ -133,6 +133,7 @@ private Q_SLOTS:
     void showingAgainContinues();
     void showingAgainAfterAnAnswerCountsOn();
     void theDefaultButtonIsWhatIsClicked();
+    void escapeAndCloseAreIgnoredWithoutAnEscapeButton();
     void otherButtonsAreSurvived();
     void theCaptionIsWrittenOnDemand();
 
@@ -462,6 +463,27 @@ void VelaCountdownMessageBoxTest::theDefaultButtonIsWhatIsClicked()
     box.slotTick();
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, Patience);
     QCOMPARE(finished.at(0).at(0).toInt(), DiscardResult);
+}
+
+void VelaCountdownMessageBoxTest::escapeAndCloseAreIgnoredWithoutAnEscapeButton()
+{
+    VelaCountdownMessageBox box(60);
+    box.show();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_Escape);
+    QVERIFY(box.isVisible());
+    QVERIFY(!box.close());
+    QVERIFY(box.isVisible());
+
+    box.hide();
+    box.setEscapeButton(QMessageBox::Discard);
+    box.show();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_Escape);
+    QVERIFY(!box.isVisible());
+    QCOMPARE(box.result(), int(QMessageBox::Discard));
+    box.show();
+    QVERIFY(box.close());
 }
 
 void VelaCountdownMessageBoxTest::otherButtonsAreSurvived()

@@ -296,6 +296,7 @@ private Q_SLOTS:
     void theHighlightFollowsThePointer();
     void theWindowFollowsThePointer_data();
     void theWindowFollowsThePointer();
+    void anOutlineStaysWhenItsNeighbourIsPaintedAlone();
     void theWindowFollowsTheSelection();
     void theWindowFollowsTheWheelUnderAPointerAtRest();
     void theWindowFollowsJumpsUnderAPointerAtRest_data();
@@ -583,6 +584,23 @@ void VelaTreeWidgetTest::theWindowFollowsThePointer()
                                           : QPoint(tree.width() / 2, tree.height() - 1); // below all rows
     tree.moveTo(nowhere);
     QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {})), QString());
+}
+
+void VelaTreeWidgetTest::anOutlineStaysWhenItsNeighbourIsPaintedAlone()
+{
+    PlainTree tree;
+    tree.setBackgroundColor(Selected, Hovered);
+    QVERIFY(tree.showAndWait());
+    tree.topLevelItem(1)->setSelected(true);
+    tree.moveTo(tree.rowRect(4).center());
+    const QMap<int, QColor> highlights {{1, Selected}, {4, Hovered}};
+    QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, highlights)), QString());
+    for (const int row : {0, 2, 3, 5}) {
+        EventCounter paints(tree.viewport(), QEvent::Paint);
+        tree.viewport()->update(tree.rowRect(row));
+        QVERIFY(QTest::qWaitFor([&paints] { return paints.take() > 0; }));
+        QCOMPARE(difference(tree.shown(), expectedPicture(tree, highlights)), QString());
+    }
 }
 
 void VelaTreeWidgetTest::theWindowFollowsTheSelection()
