@@ -88,20 +88,3 @@ bool VelaCountdownMessageBox::eventFilter(QObject *watched, QEvent *event)
     watched->event(event);
     return true;
 }
-
-bool MouseButtonFilter::eventFilter(QObject *watched, QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-        return true;
-    default:
-        return QObject::eventFilter(watched, event);
-    }
-}
-
-bool MouseReleaseFilter::eventFilter(QObject *watched, QEvent *event)
-{
-    return event->type() == QEvent::MouseButtonRelease || QObject::eventFilter(watched, event);
-}

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "component/mouse-filters.h"
 #include "vela_export.h"
 
 #include <QMessageBox>
@@ -44,22 +45,4 @@ private:
     bool m_isAnswered = false; // since it was last shown
     QPointer<QPushButton> m_clicked; // by itself: it is seen pressed and its click is still to come
     bool m_isClickVoid = false;
-};
-
-/// Event filter that lets no press, release or double-click of a mouse button through.
-class VELA_EXPORT MouseButtonFilter : public QObject
-{
-    Q_OBJECT
-
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-};
-
-/// Event filter that lets no release of a mouse button through.
-class VELA_EXPORT MouseReleaseFilter : public QObject
-{
-    Q_OBJECT
-
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override;
 };

@@ -11,11 +11,12 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPushButton>
-#include <QWheelEvent>
 #include <QtTest>
 
 #include <limits>
 #include <memory>
+
+static_assert(sizeof(MouseButtonFilter) > 0 && sizeof(MouseReleaseFilter) > 0, "declared by the box's header as well");
 
 namespace {
 
@@ -24,8 +25,6 @@ constexpr int DiscardResult = 0x800000;
 constexpr int VisibleClick = 100; // milliseconds
 constexpr int Tolerance = 60; // milliseconds that timers may be early
 constexpr int Patience = 20000; // milliseconds
-const QSet<int> Releases {QEvent::MouseButtonRelease};
-const QSet<int> Buttons {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
 
 QString okCaption(const VelaCountdownMessageBox &box)
 {
@@ -45,57 +44,6 @@ void countDown(VelaCountdownMessageBox *box, int seconds)
     }
 }
 
-/// A widget that takes the focus, in a window, under a filter.
-class FilteredWindow : public ControlWindow
-{
-public:
-    explicit FilteredWindow(QWidget *filtered, QObject *filter) : ControlWindow(filtered)
-    {
-        control->setFocusPolicy(Qt::StrongFocus);
-        control->setMouseTracking(true);
-        control->setFixedSize(100, 40);
-        control->installEventFilter(filter);
-    }
-
-    void wheel()
-    {
-        const QPoint position = control->geometry().center();
-        QWheelEvent event(position, mapToGlobal(position), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&event);
-        QApplication::instance()->notify(windowHandle(), &event);
-    }
-};
-
-/// The types of the events that a widget handles itself.
-class Recorder : public QWidget
-{
-public:
-    bool took(QEvent::Type type) const { return m_types.contains(type); }
-
-protected:
-    bool event(QEvent *event) override
-    {
-        m_types.insert(event->type());
-        return QWidget::event(event);
-    }
-
-private:
-    QSet<int> m_types;
-};
-
-void addFilters()
-{
-    QTest::addColumn<bool>("isForReleases");
-    QTest::newRow("buttons") << false;
-    QTest::newRow("releases") << true;
-}
-
-std::unique_ptr<QObject> createFilter(bool isForReleases)
-{
-    return isForReleases ? std::unique_ptr<QObject>(new MouseReleaseFilter) : std::make_unique<MouseButtonFilter>();
-}
-
 } // namespace
 
 class VelaCountdownMessageBoxTest : public QObject
@@ -107,7 +55,7 @@ private Q_SLOTS:
 
     void missingSheetsAreLogged();
     void theParentMayBeLeftOut();
-    void theClassesAddOneSlot();
+    void theClassAddsOneSlot();
     void theButtonsAreOkAndDiscard();
     void theSheetsAreSet();
     void titleTextAndIconAreTheCallers();
@@ -136,13 +84,6 @@ private Q_SLOTS:
     void escapeAndCloseAreIgnoredWithoutAnEscapeButton();
     void otherButtonsAreSurvived();
     void theCaptionIsWrittenOnDemand();
-
-    void filtersConsumeTheirEventsAlone_data();
-    void filtersConsumeTheirEventsAlone();
-    void filtersLetTheRestReachAWidget_data();
-    void filtersLetTheRestReachAWidget();
-    void aButtonUnderAReleaseFilterIsPressedForGood();
-    void aButtonUnderAButtonFilterIsLeftAlone();
 
 private:
     ResourceFolder m_folder;
@@ -179,18 +120,14 @@ void VelaCountdownMessageBoxTest::theParentMayBeLeftOut()
     QCOMPARE(child.parentWidget(), &parent);
     QVERIFY(child.isWindow());
     QVERIFY(!VelaCountdownMessageBox(3).parent());
-    QVERIFY(!MouseButtonFilter().parent());
-    QVERIFY(!MouseReleaseFilter().parent());
 }
 
-void VelaCountdownMessageBoxTest::theClassesAddOneSlot()
+void VelaCountdownMessageBoxTest::theClassAddsOneSlot()
 {
     QCOMPARE(QLatin1String(VelaCountdownMessageBox::staticMetaObject.className()),
              QLatin1String("VelaCountdownMessageBox"));
     QCOMPARE(ownDeclarations(VelaCountdownMessageBox::staticMetaObject), QStringList {QStringLiteral("slotTick()")});
     QVERIFY(QMetaObject::invokeMethod(std::make_unique<VelaCountdownMessageBox>(3).get(), "slotTick"));
-    QCOMPARE(ownDeclarations(MouseButtonFilter::staticMetaObject), QStringList());
-    QCOMPARE(ownDeclarations(MouseReleaseFilter::staticMetaObject), QStringList());
 }
 
 void VelaCountdownMessageBoxTest::theButtonsAreOkAndDiscard()
@@ -512,83 +449,6 @@ void VelaCountdownMessageBoxTest::theCaptionIsWrittenOnDemand()
     box.button(QMessageBox::Ok)->setText(QStringLiteral("Other"));
     box.updateButtonText();
     QCOMPARE(okCaption(box), captionAt(7));
-}
-
-void VelaCountdownMessageBoxTest::filtersConsumeTheirEventsAlone_data()
-{
-    addFilters();
-}
-
-void VelaCountdownMessageBoxTest::filtersConsumeTheirEventsAlone()
-{
-    QFETCH(bool, isForReleases);
-    const std::unique_ptr<QObject> filter = createFilter(isForReleases);
-    const QSet<int> consumed = isForReleases ? Releases : Buttons;
-    QObject watched;
-    for (int type = QEvent::None; type < QEvent::User + 2; ++type) {
-        QEvent event(static_cast<QEvent::Type>(type));
-        QVERIFY2(filter->eventFilter(&watched, &event) == consumed.contains(type), qPrintable(QString::number(type)));
-    }
-}
-
-void VelaCountdownMessageBoxTest::filtersLetTheRestReachAWidget_data()
-{
-    addFilters();
-}
-
-void VelaCountdownMessageBoxTest::filtersLetTheRestReachAWidget()
-{
-    QFETCH(bool, isForReleases);
-    const std::unique_ptr<QObject> filter = createFilter(isForReleases);
-    auto *recorder = new Recorder;
-    FilteredWindow window(recorder, filter.get());
-    QVERIFY(window.showAndWait());
-    recorder->setFocus();
-    window.enter();
-    window.click();
-    QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, recorder->geometry().center());
-    QTest::mouseMove(window.windowHandle(), recorder->geometry().center() + QPoint(3, 3));
-    window.wheel();
-    window.key(Qt::Key_A);
-    for (const QEvent::Type type : {QEvent::Enter, QEvent::MouseMove, QEvent::Wheel, QEvent::KeyPress,
-                                    QEvent::KeyRelease, QEvent::FocusIn, QEvent::Paint}) {
-        QVERIFY2(recorder->took(type), qPrintable(QString::number(type)));
-    }
-    QVERIFY(!recorder->took(QEvent::MouseButtonRelease));
-    QCOMPARE(recorder->took(QEvent::MouseButtonPress), isForReleases);
-    QCOMPARE(recorder->took(QEvent::MouseButtonDblClick), isForReleases);
-}
-
-void VelaCountdownMessageBoxTest::aButtonUnderAReleaseFilterIsPressedForGood()
-{
-    MouseReleaseFilter filter;
-    auto *button = new QPushButton;
-    FilteredWindow window(button, &filter);
-    QVERIFY(window.showAndWait());
-    const QSignalSpy pressed(button, &QAbstractButton::pressed);
-    const QSignalSpy clicked(button, &QAbstractButton::clicked);
-    window.click();
-    QCOMPARE(pressed.count(), 1);
-    QCOMPARE(clicked.count(), 0);
-    QVERIFY(button->isDown());
-    button->removeEventFilter(&filter);
-    window.click();
-    QCOMPARE(clicked.count(), 1);
-}
-
-void VelaCountdownMessageBoxTest::aButtonUnderAButtonFilterIsLeftAlone()
-{
-    MouseButtonFilter filter;
-    auto *button = new QPushButton;
-    FilteredWindow window(button, &filter);
-    QVERIFY(window.showAndWait());
-    const QSignalSpy pressed(button, &QAbstractButton::pressed);
-    const QSignalSpy clicked(button, &QAbstractButton::clicked);
-    window.click();
-    QCOMPARE(pressed.count(), 0);
-    button->setFocus();
-    window.key(Qt::Key_Space); // keys are no mouse buttons
-    QCOMPARE(clicked.count(), 1);
 }
 
 QTEST_MAIN(VelaCountdownMessageBoxTest)

@@ -1,0 +1,388 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "dates/vela-calendar-view.h"
+
+#include "controls/mouse-filters.h"
+#include "controls/vela-button.h"
+#include "image-manager/image-manager.h"
+#include "scale/scaled.h"
+#include "style-manager/style-manager.h"
+#include "utils/component-strings.h"
+
+#include <QCalendarWidget>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QSpinBox>
+#include <QStyle>
+#include <QTableWidget>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int DaysPerWeek = 7;
+constexpr int AbbreviatedMonth = 3; // letters in the menu of months
+
+// Logical pixels, but for the section.
+constexpr int TodayButtonHeight = 24;
+constexpr int WeekdayHeight = 30;
+constexpr int SectionSize = 30; // pixels, at any scale
+
+constexpr const char *MonthKeys[] = {"month_jan", "month_feb", "month_mar", "month_apr", "month_may", "month_jun",
+                                     "month_jul", "month_aug", "month_sep", "month_oct", "month_nov", "month_dec"};
+constexpr const char *WeekdayKeys[DaysPerWeek] = {"sunday",   "monday", "tuesday", "wednesday",
+                                                  "thursday", "friday", "saturday"};
+
+QString text(const char *key)
+{
+    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
+}
+
+/// Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
+/// the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
+class Calendar : public QCalendarWidget
+{
+public:
+    explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(focusProxy())
+    {
+        setFocusProxy(nullptr);
+        setFocusPolicy(Qt::ClickFocus);
+    }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
+
+    /// Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then
+    /// they look as in a disabled grid, if that has another surface.
+    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override
+    {
+        QCalendarWidget::paintCell(painter, rect, date);
+        const QPalette palette = m_dayGrid->palette();
+        const QBrush surface = palette.brush(QPalette::Disabled, QPalette::Base);
+        const bool isMarked = palette.window() != palette.base() || surface == palette.base();
+        if (isMarked || (date >= minimumDate() && date <= maximumDate())) {
+            return;
+        }
+        painter->save();
+        painter->fillRect(rect, surface);
+        painter->setPen(palette.color(QPalette::Disabled, QPalette::Text));
+        painter->setFont(m_dayGrid->font());
+        const QString day = m_dayGrid->locale().toString(date.day());
+        const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, day);
+        painter->drawText(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect), Qt::AlignCenter, day);
+        painter->restore();
+    }
+
+    bool event(QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            keepEnter(static_cast<QKeyEvent *>(event));
+            return QCalendarWidget::event(event);
+        case QEvent::LocaleChange:
+            showYear();
+            [[fallthrough]];
+        case QEvent::LayoutDirectionChange:
+            // Qt's calendar would begin the week on another day and give the months and the arrows its own looks.
+            return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
+        default:
+            return QCalendarWidget::event(event);
+        }
+    }
+
+private:
+    /// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
+    static void keepEnter(QKeyEvent *event)
+    {
+        event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
+    }
+
+    /// Shows the year with the locale's digits, as its edit does already.
+    void showYear()
+    {
+        const auto *edit = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
+        findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton"))->setText(edit->text());
+    }
+
+    QWidget *const m_dayGrid;
+};
+
+} // namespace
+
+class VelaCalanderViewPrivate
+{
+public:
+    explicit VelaCalanderViewPrivate(VelaCalanderView *view) : q(view) { }
+
+    void createChildren();
+    void setUpCalendar();
+    void handleNavigationBar();
+    void handleArrow(const char *objectName, const char *accessibleNameKey, const char *imageName);
+    void handleMonthMenu();
+    void handleWeekdayHeader();
+    void handleTabOrder();
+    void watchKeys();
+    void connectSignals();
+
+    /// A child of Qt's calendar by its fixed name.
+    template<typename Widget>
+    Widget *child(const char *objectName) const
+    {
+        return q->findChild<Widget *>(QString::fromLatin1(objectName));
+    }
+    QToolButton *monthButton() const { return child<QToolButton>("qt_calendar_monthbutton"); }
+    QTableView *dayGrid() const { return child<QTableView>("qt_calendar_calendarview"); }
+
+    VelaCalanderView *const q;
+    QTableWidget *weekdayView = nullptr;
+    QStringList monthNames;
+    QCalendarWidget *calendar = nullptr;
+    VelaButton *todayButton = nullptr;
+};
+
+void VelaCalanderViewPrivate::createChildren()
+{
+    auto *column = new QVBoxLayout(q);
+    todayButton = new VelaButton(text("today"), VelaButton::CancelButton);
+    todayButton->setFixedHeight(scaled(TodayButtonHeight));
+    todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
+    calendar = new Calendar(q);
+    calendar->setFirstDayOfWeek(Qt::Sunday);
+    column->addWidget(calendar);
+    column->addWidget(todayButton, 0, Qt::AlignHCenter);
+}
+
+void VelaCalanderViewPrivate::setUpCalendar()
+{
+    q->setSelectionMode(QAbstractItemView::NoSelection);
+    calendar->setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+
+    QTextCharFormat format = calendar->weekdayTextFormat(Qt::Saturday);
+    format.setForeground(QBrush(Qt::black, Qt::SolidPattern));
+    calendar->setWeekdayTextFormat(Qt::Saturday, format);
+    calendar->setWeekdayTextFormat(Qt::Sunday, format);
+
+    q->setAccessibleName(text("accessible_calendar"));
+}
+
+void VelaCalanderViewPrivate::handleNavigationBar()
+{
+    for (const char *name :
+         {"qt_calendar_prevmonth", "qt_calendar_nextmonth", "qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
+        child<QToolButton>(name)->setFocusPolicy(Qt::StrongFocus);
+    }
+    handleArrow("qt_calendar_prevmonth", "accessible_calendar_prev_month", "bt_pagebar_backend");
+    handleArrow("qt_calendar_nextmonth", "accessible_calendar_next_month", "bt_pagebar_nextend");
+    child<QSpinBox>("qt_calendar_yearedit")->setAttribute(Qt::WA_MacShowFocusRect, false);
+
+    auto *bar = child<QWidget>("qt_calendar_navigationbar");
+    bar->setAutoFillBackground(false);
+    auto *filter = new MouseButtonFilter;
+    filter->setParent(bar);
+    bar->installEventFilter(filter);
+    handleMonthMenu();
+}
+
+void VelaCalanderViewPrivate::handleArrow(const char *objectName, const char *accessibleNameKey, const char *imageName)
+{
+    const QPixmap image = getGlobalImage(imageName, ImageManager::IMAGE_NORMAL);
+    auto *arrow = child<QToolButton>(objectName);
+    arrow->setAccessibleName(text(accessibleNameKey));
+    arrow->setIcon(image);
+    arrow->setIconSize(image.size() / DPIinfo::getInstance()->getDPR());
+}
+
+void VelaCalanderViewPrivate::handleMonthMenu()
+{
+    for (const char *key : MonthKeys) {
+        monthNames.append(text(key));
+    }
+    const QList<QAction *> actions = monthButton()->menu()->actions();
+    for (QAction *action : actions) {
+        action->setText(monthNames.value(action->data().toInt() - 1).left(AbbreviatedMonth));
+    }
+    monthButton()->setText(monthNames.at(QDate::currentDate().month() - 1));
+}
+
+void VelaCalanderViewPrivate::handleWeekdayHeader()
+{
+    weekdayView = new QTableWidget(0, DaysPerWeek, calendar);
+    weekdayView->setFocusPolicy(Qt::NoFocus);
+    weekdayView->setObjectName(QStringLiteral("qt_calendar_weekdayview"));
+    weekdayView->setFixedHeight(scaled(WeekdayHeight));
+    weekdayView->horizontalHeader()->hide();
+    weekdayView->verticalHeader()->hide();
+
+    weekdayView->insertRow(0);
+    for (int i = 0; i < DaysPerWeek; ++i) {
+        auto *item = new QTableWidgetItem(text(WeekdayKeys[i]).left(1)); // clazy:exclude=qstring-left
+        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        weekdayView->setItem(0, i, item);
+    }
+    weekdayView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    weekdayView->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    weekdayView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    weekdayView->setSelectionMode(QAbstractItemView::NoSelection);
+    weekdayView->setFrameStyle(0);
+    weekdayView->setShowGrid(false);
+
+    // Minimum sizes would else depend on the font, and the sections of a large one might not fit.
+    dayGrid()->verticalHeader()->setMinimumSectionSize(0);
+    for (QHeaderView *header : {dayGrid()->horizontalHeader(), weekdayView->horizontalHeader()}) {
+        header->setMinimumSectionSize(0);
+        header->setDefaultSectionSize(SectionSize);
+    }
+    weekdayView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
+
+    // Last, and the table before its header: what comes after a sheet is styled again.
+    weekdayView->setStyleSheet(getStyleSheet("component.table", false));
+    weekdayView->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header", false));
+}
+
+void VelaCalanderViewPrivate::handleTabOrder()
+{
+    QWidget *const stops[] = {
+        q,
+        child<QWidget>("qt_calendar_prevmonth"),
+        child<QWidget>("qt_calendar_nextmonth"),
+        monthButton(),
+        child<QWidget>("qt_calendar_yearbutton"),
+        child<QWidget>("qt_calendar_yearedit"),
+        dayGrid(),
+        todayButton,
+        q,
+    };
+    for (std::size_t i = 1; i < std::size(stops); ++i) {
+        QWidget::setTabOrder(stops[i - 1], stops[i]);
+    }
+}
+
+void VelaCalanderViewPrivate::watchKeys()
+{
+    for (const char *name :
+         {"qt_calendar_yearbutton", "qt_calendar_yearedit", "qt_calendar_calendarview", "qt_calendar_today_button"}) {
+        child<QWidget>(name)->installEventFilter(q);
+    }
+}
+
+void VelaCalanderViewPrivate::connectSignals()
+{
+    QObject::connect(calendar, &QCalendarWidget::activated, q, &VelaCalanderView::sigDateSelect);
+    QObject::connect(calendar, &QCalendarWidget::clicked, q, &VelaCalanderView::sigDateSelect);
+    QObject::connect(todayButton, &VelaButton::clicked, q, &VelaCalanderView::selectToday);
+    QObject::connect(calendar, &QCalendarWidget::currentPageChanged, q, &VelaCalanderView::pageChanged);
+}
+
+VelaCalanderView::VelaCalanderView(QWidget *parent) :
+    QAbstractItemView(parent), d(std::make_unique<VelaCalanderViewPrivate>(this))
+{
+    d->createChildren();
+    d->setUpCalendar();
+    d->handleNavigationBar();
+    d->handleWeekdayHeader();
+    d->handleTabOrder();
+    d->watchKeys();
+    d->connectSignals();
+}
+
+VelaCalanderView::~VelaCalanderView()
+{
+    // A window that is closed ends the editing of its year, which turns the page.
+    d->calendar->disconnect(this);
+}
+
+void VelaCalanderView::setCurrentPage(int year, int month)
+{
+    d->calendar->setCurrentPage(year, month);
+}
+
+void VelaCalanderView::setMinimumDate(const QDate &date)
+{
+    d->calendar->setMinimumDate(date);
+}
+
+void VelaCalanderView::setMaximumDate(const QDate &date)
+{
+    d->calendar->setMaximumDate(date);
+}
+
+void VelaCalanderView::selectToday()
+{
+    d->calendar->setSelectedDate(QDate::currentDate());
+    Q_EMIT sigDateSelect(QDate::currentDate());
+}
+
+void VelaCalanderView::pageChanged(int, int month)
+{
+    d->monthButton()->setText(d->monthNames.value(month - 1));
+}
+
+void VelaCalanderView::slotMonthTriggered(QAction *action)
+{
+    d->monthButton()->setText(d->monthNames.value(action->data().toInt() - 1));
+}
+
+bool VelaCalanderView::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key != Qt::Key_Tab && key != Qt::Key_Backtab) {
+        return false;
+    }
+
+    key == Qt::Key_Tab ? focusNextChild() : focusPreviousChild();
+    QTableView *grid = d->dayGrid();
+    const QModelIndex current = grid->currentIndex();
+    if (grid->hasFocus() && current.isValid()) {
+        grid->setCurrentIndex(QModelIndex());
+        grid->setCurrentIndex(current);
+    }
+    return true;
+}
+
+QRect VelaCalanderView::visualRect(const QModelIndex &) const
+{
+    return QRect();
+}
+
+void VelaCalanderView::scrollTo(const QModelIndex &, ScrollHint) { }
+
+QModelIndex VelaCalanderView::indexAt(const QPoint &) const
+{
+    return QModelIndex();
+}
+
+QModelIndex VelaCalanderView::moveCursor(CursorAction, Qt::KeyboardModifiers)
+{
+    return QModelIndex();
+}
+
+int VelaCalanderView::horizontalOffset() const
+{
+    return 0;
+}
+
+int VelaCalanderView::verticalOffset() const
+{
+    return 0;
+}
+
+bool VelaCalanderView::isIndexHidden(const QModelIndex &) const
+{
+    return true;
+}
+
+void VelaCalanderView::setSelection(const QRect &, QItemSelectionModel::SelectionFlags) { }
+
+QRegion VelaCalanderView::visualRegionForSelection(const QItemSelection &) const
+{
+    return QRegion();
+}
