@@ -62,7 +62,7 @@ protected:
     {
         QCalendarWidget::paintCell(painter, rect, date);
         const QPalette palette = m_dayGrid->palette();
-        const QBrush surface = palette.brush(QPalette::Disabled, QPalette::Base);
+        const QBrush &surface = palette.brush(QPalette::Disabled, QPalette::Base);
         const bool isMarked = palette.window() != palette.base() || surface == palette.base();
         if (isMarked || (date >= minimumDate() && date <= maximumDate())) {
             return;
