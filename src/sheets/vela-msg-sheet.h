@@ -49,10 +49,10 @@ public:
 /// Message box that is shown inside its window: an icon, a text, perhaps an informative text and up to two buttons.
 ///
 /// While it is up it keeps keyboard focus and keys of its window to itself: shortcuts, access keys and menu bars below
-/// it are not reached, its own and those of other windows are. Space answers Ok as Return and Enter do, except on a focused
-/// cancel button, which it presses. Results are QMessageBox::Ok (0x400) and, for the button
-/// with the cancel caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own is computed,
-/// and is usually an object on the stack, put into a VelaMask before exec(); the functions of vela-msg-box.h do that.
+/// it are not reached, its own and those of other windows are. Space answers Ok as Return and Enter do, except on a
+/// focused cancel button, which it presses. Results are QMessageBox::Ok (0x400) and, for the button with the cancel
+/// caption, QMessageBox::Discard (0x800000). It needs a parent, from whose width its own is computed, and is usually an
+/// object on the stack, put into a VelaMask before exec(); the functions of vela-msg-box.h do that.
 ///
 /// Icons and style sheets that are missing are logged and left out; a caption without a text shows its key.
 class VELA_EXPORT VelaMessageSheet : public VelaSheet

@@ -26,8 +26,8 @@ public:
     /// that does not exist is skipped with a warning.
     ///
     /// "TMPIMG_LOC" and "IMG_LOC" in the text become ImageManager's folders, so ImageManager::initialize() must have
-    /// run: the process is aborted otherwise. Digits before "px" in a folder's path are scaled with the lengths, and its
-    /// images are not found then: have none in "resource_path" and "user_data_path".
+    /// run: the process is aborted otherwise. Digits before "px" in a folder's path are scaled with the lengths, and
+    /// its images are not found then: have none in "resource_path" and "user_data_path".
     void initialize(const std::vector<QString> &files);
 
     /// The section under @p key: as it was read when @p raw, otherwise scaled by DPIinfo::getScaledStyleSheet(), anew

@@ -78,8 +78,8 @@ public:
     explicit VelaTableWidget(const VelaTableColumnsInfo &columns, QWidget *parent = nullptr);
     ~VelaTableWidget() override;
 
-    /// The rows; its own headers are hidden. Word wrap is on, as the toolkit has it: what is too long for its cell ends in
-    /// dots behind the last word or slash that fits, and after setWordWrap(false) behind the last letter.
+    /// The rows; its own headers are hidden. Word wrap is on, as the toolkit has it: what is too long for its cell ends
+    /// in dots behind the last word or slash that fits, and after setWordWrap(false) behind the last letter.
     QTableWidget *getTable();
     /// The visible header. Its last section, above the vertical scroll bar, belongs to no column. What lies further to
     /// the right than 20000 logical pixels has no header.
