@@ -7,28 +7,21 @@
 #include "support/controls.h"
 #include "support/environment.h"
 #include "support/log-capture.h"
+#include "support/modal-sheet.h"
 #include "support/resource-folder.h"
-#include "support/x-connection.h"
 #include "utils/component-strings.h"
 
-#include <QDialog>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSet>
-#include <QTimer>
 #include <QtTest>
 
-#include <functional>
 #include <memory>
 
 namespace {
 
-constexpr int OkCode = 0x400;
-constexpr int CancelCode = 0x800000;
-constexpr int NoAnswer = -1; // of a sheet that nobody answered in time
-constexpr int Patience = 5000; // milliseconds
 constexpr int ShadowWidth = 22;
 constexpr int Margin = 10;
 
@@ -75,29 +68,11 @@ int expectedWidth(int parentWidth)
 }
 
 /// A window that the sheet is shown in, active, the focus being elsewhere in it.
-class SheetWindow : public ControlWindow
+class PromptWindow : public ControlWindow
 {
 public:
-    SheetWindow() : ControlWindow(new QWidget) { resize(expectedPixels(600), expectedPixels(400)); }
-
-    void clickOn(const QWidget *widget)
-    {
-        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, widget->mapTo(this, widget->rect().center()));
-    }
+    PromptWindow() : ControlWindow(new QWidget) { resize(expectedPixels(600), expectedPixels(400)); }
 };
-
-/// What a user does while the sheet is up.
-using Action = std::function<void(SheetWindow &, VelaInputSheet &)>;
-
-/// Runs exec(), with @p action in its event loop.
-int answer(VelaInputSheet *sheet, const std::function<void()> &action)
-{
-    QTimer::singleShot(0, sheet, action);
-    QTimer guard;
-    QObject::connect(&guard, &QTimer::timeout, sheet, [sheet] { sheet->done(NoAnswer); });
-    guard.start(Patience);
-    return sheet->exec();
-}
 
 const MessageLabel *promptOf(const VelaInputSheet &sheet)
 {
@@ -143,8 +118,6 @@ protected:
 
 } // namespace
 
-Q_DECLARE_METATYPE(Action)
-
 class VelaInputSheetTest : public QObject
 {
     Q_OBJECT
@@ -175,34 +148,15 @@ private Q_SLOTS:
     void thePromptIsAsHighAsItsText();
 
     void showSheetReturnsAtOnceAndFocusesTheLineEdit();
-    void showSheetReportsTheAnswer_data();
-    void showSheetReportsTheAnswer();
-    void execReturnsTheAnswer_data();
-    void execReturnsTheAnswer();
     void execFocusesTheSheetAndThenTheLineEdit();
     void theLineEditKeepsWhatIsTyped();
     void theContentStaysAfterCancel();
     void theLineEditIsTheCallersToSetUp();
-    void otherKeysOfTheWindowAreSwallowed();
     void tabKeysThatReachTheWindowMoveNothing();
-    void keyReleasesOfTheWindowAreNot();
     void keysAreSwallowedWhileItIsHiddenToo();
-    void tabStaysInTheSheet();
-    void inADialogTheKeysAnswerTheSheetOnly();
 
-    void theWindowStaysOpen_data();
-    void theWindowStaysOpen();
-    void theWindowHasNoCloseButtonMeanwhile_data();
-    void theWindowHasNoCloseButtonMeanwhile();
-    void theWindowIsFreeAfterTheAnswer();
-    void theFocusGoesBackToTheWindow();
-    void theMaskGoesWithTheAnswer();
-    void finishedComesOnceWhenItIsHidden();
-    void doneWithoutExecHidesAndReports();
     void itCanBeAskedAgain();
-    void askingWhileItWaitsChangesNothing();
     void aDyingWindowAnswers();
-    void aDyingSheetAnswers();
 
 private:
     ResourceFolder m_folder;
@@ -344,7 +298,7 @@ void VelaInputSheetTest::thePromptIsAScaledParagraph()
 
 void VelaInputSheetTest::theWidgetsStandBelowEachOther()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     sheet.showSheet();
@@ -449,7 +403,7 @@ void VelaInputSheetTest::thePromptIsAsHighAsItsText()
     QFETCH(int, windowWidth);
     QFETCH(bool, isMasked);
     QFETCH(bool, isShown);
-    SheetWindow window;
+    PromptWindow window;
     window.resize(expectedPixels(windowWidth), expectedPixels(530));
     VelaInputSheet sheet(Prompt, &window);
     if (isMasked) {
@@ -479,7 +433,7 @@ void VelaInputSheetTest::thePromptIsAsHighAsItsText()
 
 void VelaInputSheetTest::showSheetReturnsAtOnceAndFocusesTheLineEdit()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     QVERIFY(window.neighbour->hasFocus());
@@ -489,97 +443,13 @@ void VelaInputSheetTest::showSheetReturnsAtOnceAndFocusesTheLineEdit()
     QVERIFY(sheet.getLineEdit()->hasFocus());
 }
 
-void VelaInputSheetTest::showSheetReportsTheAnswer_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<int>("answer");
-    QTest::newRow("Return") << Qt::Key_Return << OkCode;
-    QTest::newRow("Escape") << Qt::Key_Escape << CancelCode;
-}
-
-void VelaInputSheetTest::showSheetReportsTheAnswer()
-{
-    QFETCH(Qt::Key, key);
-    QFETCH(int, answer);
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    const QSignalSpy finished(&sheet, &VelaSheet::finished);
-    sheet.showSheet();
-    window.key(key);
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(finished.at(0).at(0).toInt(), answer);
-    QVERIFY(!sheet.isVisible());
-}
-
-void VelaInputSheetTest::execReturnsTheAnswer_data()
-{
-    QTest::addColumn<Action>("action");
-    QTest::addColumn<int>("expected");
-
-    const auto press = [](Qt::Key key) -> Action { return [key](SheetWindow &window, auto &) { window.key(key); }; };
-    QTest::newRow("Return in the line edit") << press(Qt::Key_Return) << OkCode;
-    QTest::newRow("Enter in the line edit") << press(Qt::Key_Enter) << OkCode;
-    QTest::newRow("Escape in the line edit") << press(Qt::Key_Escape) << CancelCode;
-
-    const auto pressElsewhere = [](Qt::Key key) -> Action {
-        return [key](SheetWindow &window, VelaInputSheet &sheet) {
-            sheet.setFocus();
-            window.key(key);
-        };
-    };
-    QTest::newRow("Return elsewhere") << pressElsewhere(Qt::Key_Return) << OkCode;
-    QTest::newRow("Enter elsewhere") << pressElsewhere(Qt::Key_Enter) << OkCode;
-    QTest::newRow("Space elsewhere") << pressElsewhere(Qt::Key_Space) << OkCode;
-    QTest::newRow("Escape elsewhere") << pressElsewhere(Qt::Key_Escape) << CancelCode;
-
-    const auto click = [](QMessageBox::StandardButton which) -> Action {
-        return [which](SheetWindow &window, VelaInputSheet &sheet) { window.clickOn(sheet.button(which)); };
-    };
-    QTest::newRow("Ok clicked") << click(QMessageBox::Ok) << OkCode;
-    QTest::newRow("cancel clicked") << click(QMessageBox::Discard) << CancelCode;
-
-    const auto spaceOn = [](QMessageBox::StandardButton which) -> Action {
-        return [which](SheetWindow &window, VelaInputSheet &sheet) {
-            sheet.button(which)->setFocus();
-            window.key(Qt::Key_Space);
-        };
-    };
-    QTest::newRow("Space on Ok") << spaceOn(QMessageBox::Ok) << OkCode;
-    QTest::newRow("Space on cancel") << spaceOn(QMessageBox::Discard) << CancelCode;
-
-    const auto call = [](void (*function)(VelaInputSheet &)) -> Action {
-        return [function](SheetWindow &, VelaInputSheet &sheet) { function(sheet); };
-    };
-    QTest::newRow("buttonClick of Ok") << call([](auto &sheet) { sheet.buttonClick(sheet.button(QMessageBox::Ok)); })
-                                       << OkCode;
-    QTest::newRow("buttonClick of cancel")
-        << call([](auto &sheet) { sheet.buttonClick(sheet.button(QMessageBox::Discard)); }) << CancelCode;
-    QTest::newRow("quit") << call([](auto &sheet) { sheet.quit(); }) << 0;
-    QTest::newRow("done") << call([](auto &sheet) { sheet.done(4711); }) << 4711;
-}
-
-void VelaInputSheetTest::execReturnsTheAnswer()
-{
-    QFETCH(Action, action);
-    QFETCH(int, expected);
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    const QSignalSpy finished(&sheet, &VelaSheet::finished);
-    QCOMPARE(answer(&sheet, [&] { action(window, sheet); }), expected);
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(finished.at(0).at(0).toInt(), expected);
-    QVERIFY(!sheet.isVisible());
-}
-
 void VelaInputSheetTest::execFocusesTheSheetAndThenTheLineEdit()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     const FocusLog log(&sheet, sheet.getLineEdit());
-    answer(&sheet, [&] {
+    execute(&sheet, [&] {
         QVERIFY(sheet.isVisible());
         QVERIFY(sheet.getLineEdit()->hasFocus());
         sheet.quit();
@@ -591,11 +461,11 @@ void VelaInputSheetTest::execFocusesTheSheetAndThenTheLineEdit()
 
 void VelaInputSheetTest::theLineEditKeepsWhatIsTyped()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     QVERIFY(sheet.getContent().isEmpty());
-    const int result = answer(&sheet, [&] {
+    const int result = execute(&sheet, [&] {
         window.type(QStringLiteral("two words"));
         window.key(Qt::Key_Home);
         window.key(Qt::Key_Delete);
@@ -607,10 +477,10 @@ void VelaInputSheetTest::theLineEditKeepsWhatIsTyped()
 
 void VelaInputSheetTest::theContentStaysAfterCancel()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
-    const int result = answer(&sheet, [&] {
+    const int result = execute(&sheet, [&] {
         window.type(QStringLiteral("typed"));
         window.key(Qt::Key_Escape);
     });
@@ -620,7 +490,7 @@ void VelaInputSheetTest::theContentStaysAfterCancel()
 
 void VelaInputSheetTest::theLineEditIsTheCallersToSetUp()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QLineEdit *lineEdit = sheet.getLineEdit();
     QCOMPARE(lineEdit->parentWidget(), static_cast<QWidget *>(&sheet));
@@ -628,37 +498,16 @@ void VelaInputSheetTest::theLineEditIsTheCallersToSetUp()
     lineEdit->setValidator(&digits);
     lineEdit->setText(QStringLiteral("4"));
     QVERIFY(window.showAndWait());
-    answer(&sheet, [&] {
+    execute(&sheet, [&] {
         window.type(QStringLiteral("a2"));
         window.key(Qt::Key_Return);
     });
     QCOMPARE(sheet.getContent(), QStringLiteral("42"));
 }
 
-void VelaInputSheetTest::otherKeysOfTheWindowAreSwallowed()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    EventCounter presses(&window, QEvent::KeyPress);
-    const int result = answer(&sheet, [&] {
-        sheet.setFocus();
-        for (Qt::Key key : {Qt::Key_A, Qt::Key_F5, Qt::Key_Left, Qt::Key_Delete}) {
-            window.key(key);
-        }
-        sheet.getLineEdit()->setFocus();
-        window.key(Qt::Key_F5); // which the line edit passes on
-        QVERIFY(sheet.isVisible());
-        sheet.done(1);
-    });
-    QCOMPARE(result, 1);
-    QCOMPARE(presses.take(), 0);
-    QVERIFY(sheet.getContent().isEmpty());
-}
-
 void VelaInputSheetTest::tabKeysThatReachTheWindowMoveNothing()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     EventCounter presses(&window, QEvent::KeyPress);
@@ -671,21 +520,9 @@ void VelaInputSheetTest::tabKeysThatReachTheWindowMoveNothing()
     QCOMPARE(presses.take(), 0);
 }
 
-void VelaInputSheetTest::keyReleasesOfTheWindowAreNot()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    sheet.showSheet();
-    sheet.setFocus();
-    EventCounter releases(&window, QEvent::KeyRelease);
-    window.key(Qt::Key_F5);
-    QCOMPARE(releases.take(), 1);
-}
-
 void VelaInputSheetTest::keysAreSwallowedWhileItIsHiddenToo()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
     EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
@@ -700,239 +537,36 @@ void VelaInputSheetTest::keysAreSwallowedWhileItIsHiddenToo()
     QCOMPARE(finished.at(0).at(0).toInt(), CancelCode);
 }
 
-void VelaInputSheetTest::tabStaysInTheSheet()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    sheet.showSheet();
-    const QSet<QWidget *> stops {sheet.getLineEdit(), sheet.button(QMessageBox::Ok),
-                                 sheet.button(QMessageBox::Discard)};
-    for (Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-        QSet<QWidget *> visited;
-        for (int i = 0; i < stops.size(); ++i) {
-            window.key(key);
-            visited.insert(window.focusWidget());
-        }
-        QCOMPARE(visited, stops);
-        QVERIFY(sheet.getLineEdit()->hasFocus()); // once around
-    }
-}
-
-void VelaInputSheetTest::inADialogTheKeysAnswerTheSheetOnly()
-{
-    QDialog dialog;
-    dialog.resize(expectedPixels(600), expectedPixels(400));
-    VelaInputSheet sheet(Prompt, &dialog);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QCOMPARE(answer(&sheet, [&] { QTest::keyClick(dialog.windowHandle(), Qt::Key_Return); }), OkCode);
-    QVERIFY(dialog.isVisible());
-    QCOMPARE(answer(&sheet, [&] { QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape); }), CancelCode);
-    QVERIFY(dialog.isVisible());
-}
-
-void VelaInputSheetTest::theWindowStaysOpen_data()
-{
-    QTest::addColumn<bool>("waits");
-    QTest::addColumn<bool>("blocks");
-    QTest::newRow("exec, blocked") << true << true;
-    QTest::newRow("exec, not blocked") << true << false;
-    QTest::newRow("showSheet, blocked") << false << true;
-    QTest::newRow("showSheet, not blocked") << false << false;
-}
-
-void VelaInputSheetTest::theWindowStaysOpen()
-{
-    QFETCH(bool, waits);
-    QFETCH(bool, blocks);
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    if (!blocks) { // it blocks at first
-        sheet.setBlockWindowButton(false);
-    }
-    bool wasClosed = false;
-    EventCounter closes(&window, QEvent::Close);
-    const auto close = [&] {
-        wasClosed = window.close();
-        sheet.done(1);
-    };
-    if (waits) {
-        QCOMPARE(answer(&sheet, close), 1);
-    } else {
-        sheet.showSheet();
-        close();
-    }
-    QCOMPARE(wasClosed, !blocks);
-    QCOMPARE(window.isVisible(), blocks);
-    QCOMPARE(closes.take(), blocks ? 0 : 1); // a refused one is consumed
-}
-
-void VelaInputSheetTest::theWindowHasNoCloseButtonMeanwhile_data()
-{
-    QTest::addColumn<bool>("waits");
-    QTest::addColumn<bool>("blocks");
-    QTest::newRow("exec, blocked") << true << true;
-    QTest::newRow("exec, not blocked") << true << false;
-    QTest::newRow("showSheet, blocked") << false << true;
-}
-
-void VelaInputSheetTest::theWindowHasNoCloseButtonMeanwhile()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
-        QSKIP("needs an X server: run the x11-* presets");
-    }
-    QFETCH(bool, waits);
-    QFETCH(bool, blocks);
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    sheet.setBlockWindowButton(blocks);
-    QVERIFY(window.showAndWait());
-    XConnection x;
-    const auto hints = [&] { return x.property(XWindow(window.winId()), "_MOTIF_WM_HINTS"); };
-    const XProperty disabled {"_MOTIF_WM_HINTS", 32, {1, 0, 6, 0, 0}};
-    const XProperty before = hints();
-    QVERIFY(!(before == disabled));
-    x.watch(XWindow(window.winId()), "_MOTIF_WM_HINTS");
-    if (waits) {
-        answer(&sheet, [&] {
-            QTRY_COMPARE(hints(), blocks ? disabled : before);
-            sheet.quit();
-        });
-    } else {
-        sheet.showSheet();
-        QCOMPARE(hints(), before);
-        sheet.quit();
-    }
-    QTRY_COMPARE(hints(), before);
-    QCOMPARE(x.changes(), waits && blocks ? 2 : 0);
-}
-
-void VelaInputSheetTest::theWindowIsFreeAfterTheAnswer()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    answer(&sheet, [&] { sheet.quit(); });
-    window.control->setFocus();
-    EventCounter presses(&window, QEvent::KeyPress);
-    window.key(Qt::Key_F5);
-    QCOMPARE(presses.take(), 1);
-    QVERIFY(window.close());
-}
-
-void VelaInputSheetTest::theFocusGoesBackToTheWindow()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    QVERIFY(window.neighbour->hasFocus());
-    answer(&sheet, [&] { window.key(Qt::Key_Return); });
-    QVERIFY(window.neighbour->hasFocus());
-}
-
-void VelaInputSheetTest::theMaskGoesWithTheAnswer()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
-    const auto *mask = window.findChild<VelaMask *>();
-    QVERIFY(window.showAndWait());
-    const int result = answer(&sheet, [&] {
-        QVERIFY(mask->isVisible());
-        QCOMPARE(mask->geometry(), window.rect());
-        QCOMPARE(sheet.parentWidget(), static_cast<const QWidget *>(mask));
-        window.clickOn(sheet.button(QMessageBox::Ok));
-    });
-    QCOMPARE(result, OkCode);
-    QVERIFY(!mask->isVisible());
-}
-
-void VelaInputSheetTest::finishedComesOnceWhenItIsHidden()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    QVector<bool> wasVisible;
-    connect(&sheet, &VelaSheet::finished, &sheet, [&] { wasVisible.append(sheet.isVisible()); });
-    answer(&sheet, [&] { window.key(Qt::Key_Return); });
-    QCOMPARE(wasVisible, QVector<bool> {false});
-}
-
-void VelaInputSheetTest::doneWithoutExecHidesAndReports()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    const QSignalSpy finished(&sheet, &VelaSheet::finished);
-    sheet.showSheet();
-    sheet.done(5);
-    QVERIFY(!sheet.isVisible());
-    sheet.quit(); // hidden already
-    QCOMPARE(finished.count(), 2);
-    QCOMPARE(finished.at(0).at(0).toInt(), 5);
-    QCOMPARE(finished.at(1).at(0).toInt(), 0);
-}
-
 void VelaInputSheetTest::itCanBeAskedAgain()
 {
-    SheetWindow window;
+    PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
-    QCOMPARE(answer(&sheet,
-                    [&] {
-                        window.type(QStringLiteral("one"));
-                        window.key(Qt::Key_Escape);
-                    }),
+    QCOMPARE(execute(&sheet,
+                     [&] {
+                         window.type(QStringLiteral("one"));
+                         window.key(Qt::Key_Escape);
+                     }),
              CancelCode);
-    QCOMPARE(answer(&sheet,
-                    [&] {
-                        window.key(Qt::Key_End);
-                        window.type(QStringLiteral(" two"));
-                        window.key(Qt::Key_Return);
-                    }),
+    QCOMPARE(execute(&sheet,
+                     [&] {
+                         window.key(Qt::Key_End);
+                         window.type(QStringLiteral(" two"));
+                         window.key(Qt::Key_Return);
+                     }),
              OkCode);
     QCOMPARE(sheet.getContent(), QStringLiteral("one two"));
 }
 
-void VelaInputSheetTest::askingWhileItWaitsChangesNothing()
-{
-    SheetWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    int inner = NoAnswer;
-    const int outer = answer(&sheet, [&] {
-        inner = sheet.exec();
-        QVERIFY(sheet.isVisible());
-        window.key(Qt::Key_Return);
-    });
-    QCOMPARE(inner, 0);
-    QCOMPARE(outer, OkCode);
-}
-
 void VelaInputSheetTest::aDyingWindowAnswers()
 {
-    auto window = std::make_unique<SheetWindow>();
+    auto window = std::make_unique<PromptWindow>();
     VelaInputSheet sheet(Prompt, window.get());
     QVERIFY(window->showAndWait());
     sheet.getLineEdit()->setText(QStringLiteral("kept"));
-    QCOMPARE(answer(&sheet, [&] { window.reset(); }), 0);
+    QCOMPARE(execute(&sheet, [&] { window.reset(); }), 0);
     QVERIFY(!window);
     QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // it is its caller's
-}
-
-void VelaInputSheetTest::aDyingSheetAnswers()
-{
-    SheetWindow window;
-    QPointer<VelaInputSheet> sheet(new VelaInputSheet(Prompt, &window));
-    QVERIFY(window.showAndWait());
-    QCOMPARE(answer(sheet, [&] { delete sheet; }), 0);
-    QVERIFY(!sheet);
-    window.control->setFocus();
-    EventCounter presses(&window, QEvent::KeyPress);
-    window.key(Qt::Key_F5);
-    QCOMPARE(presses.take(), 1);
 }
 
 QTEST_MAIN(VelaInputSheetTest)

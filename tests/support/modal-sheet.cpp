@@ -86,20 +86,31 @@ void ModalSheet::addKinds()
     QTest::newRow("input") << Input;
 }
 
-ModalSheet::ModalSheet(Kind kind, QWidget *window)
+ModalSheet::Kind ModalSheet::currentKind()
+{
+    QFETCH_GLOBAL(Kind, kind);
+    return kind;
+}
+
+ModalSheet::ModalSheet(QWidget *parent) : ModalSheet(currentKind(), parent) { }
+
+ModalSheet::ModalSheet(Kind kind, QWidget *parent)
 {
     const QString text = QStringLiteral("Is it so?");
     if (kind == Message) {
-        m_sheet = std::make_unique<VelaMessageSheet>(VelaMessageSheet::QuestionMessage, text, window);
+        m_message = new VelaMessageSheet(VelaMessageSheet::QuestionMessage, text, parent);
+        m_sheet = m_message;
     } else {
-        m_sheet = std::make_unique<VelaInputSheet>(text, window);
+        m_input = new VelaInputSheet(text, parent);
+        m_sheet = m_input;
     }
-    m_message = qobject_cast<VelaMessageSheet *>(m_sheet.get());
-    m_input = qobject_cast<VelaInputSheet *>(m_sheet.get());
-    VelaMask::createMask(m_sheet.get(), window, QColor(0, 0, 0, 20));
+    VelaMask::createMask(m_sheet, parent, QColor(0, 0, 0, 20));
 }
 
-ModalSheet::~ModalSheet() = default;
+ModalSheet::~ModalSheet()
+{
+    delete m_sheet;
+}
 
 template<typename Use>
 auto ModalSheet::use(const Use &use) const
@@ -109,17 +120,24 @@ auto ModalSheet::use(const Use &use) const
 
 VelaSheet *ModalSheet::get() const
 {
-    return m_sheet.get();
+    return m_sheet;
 }
 
 VelaSheet *ModalSheet::operator->() const
 {
-    return m_sheet.get();
+    return m_sheet;
 }
 
 VelaSheet *ModalSheet::release()
 {
-    return m_sheet.release();
+    VelaSheet *sheet = m_sheet;
+    m_sheet.clear();
+    return sheet;
+}
+
+void ModalSheet::reset()
+{
+    delete m_sheet;
 }
 
 int ModalSheet::exec()
@@ -140,6 +158,11 @@ void ModalSheet::done(int result)
 void ModalSheet::quit()
 {
     use([](auto *sheet) { sheet->quit(); });
+}
+
+void ModalSheet::buttonClick(QAbstractButton *button)
+{
+    use([button](auto *sheet) { sheet->buttonClick(button); });
 }
 
 void ModalSheet::setBlockWindowButton(bool block)
@@ -168,4 +191,24 @@ QWidget *ModalSheet::firstFocus() const
         return m_input->getLineEdit();
     }
     return m_message->findChild<MessageLabel *>();
+}
+
+ShownSheet::ShownSheet() : isActive(window.showAndWait()), sheet(&window)
+{
+    sheet.setBlockWindowButton(false);
+}
+
+QPushButton *ShownSheet::ok() const
+{
+    return sheet.ok();
+}
+
+QPushButton *ShownSheet::cancel() const
+{
+    return sheet.cancel();
+}
+
+int ShownSheet::execute(const std::function<void()> &action)
+{
+    return sheet.execute(action);
 }

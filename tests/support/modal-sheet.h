@@ -4,12 +4,13 @@
 #pragma once
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <functional>
-#include <memory>
 
+class QAbstractButton;
 class QLineEdit;
 class QPushButton;
 class ResourceFolder;
@@ -68,10 +69,14 @@ class ModalSheet
 public:
     enum Kind { Message, Input };
 
-    /// Rows "message" and "input" of a column "kind".
+    /// Rows "message" and "input" of a column "kind"; a test runs with both when its global data are these.
     static void addKinds();
+    /// That of the global row.
+    static Kind currentKind();
 
-    ModalSheet(Kind kind, QWidget *window);
+    ModalSheet(Kind kind, QWidget *parent);
+    /// A sheet of the current kind.
+    explicit ModalSheet(QWidget *parent);
     ~ModalSheet();
     Q_DISABLE_COPY_MOVE(ModalSheet)
 
@@ -79,11 +84,13 @@ public:
     VelaSheet *operator->() const;
     /// Leaves the sheet to its parents and to the caller.
     VelaSheet *release();
+    void reset();
 
     int exec();
     int execute(const std::function<void()> &action);
     void done(int result);
     void quit();
+    void buttonClick(QAbstractButton *button);
     void setBlockWindowButton(bool block);
     QPushButton *button(QMessageBox::StandardButton which) const;
     QPushButton *ok() const;
@@ -95,9 +102,25 @@ private:
     template<typename Use>
     auto use(const Use &use) const;
 
-    std::unique_ptr<VelaSheet> m_sheet;
+    QPointer<VelaSheet> m_sheet; // which dies with its window, unless it waits
     VelaMessageSheet *m_message = nullptr; // one of these is the sheet
     VelaInputSheet *m_input = nullptr;
+};
+
+/// A sheet of the current kind over a window that is active. The window can be closed: each run that takes its close
+/// button away and gives it back keeps two connections to an X server, which all tests of a program share.
+class ShownSheet
+{
+public:
+    ShownSheet();
+
+    QPushButton *ok() const;
+    QPushButton *cancel() const;
+    int execute(const std::function<void()> &action);
+
+    SheetWindow window;
+    const bool isActive;
+    ModalSheet sheet;
 };
 
 Q_DECLARE_METATYPE(ModalSheet::Kind)
