@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QHash>
+
+class QWidget;
+
+// Window hints in place of those on an X server, for tests that compile in what takes close buttons away: a number
+// stands for what a window's hints are.
+
+constexpr int FakeHintsAway = -1; // while the close button is
+
+/// Of the windows that have some.
+QHash<const QWidget *, int> &fakeHints();
+/// How many are kept and have not been freed.
+int fakeHintsKept();
