@@ -9,6 +9,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QSignalMapper>
 
 using namespace Vela;
@@ -122,7 +123,7 @@ public:
     void removeFooterLabel();
 
     VelaPagingBar *const q;
-    VelaPagingModel *const model;
+    const QPointer<VelaPagingModel> model; // the client's
     QHBoxLayout *pageLayout = nullptr;
     QHBoxLayout *footerLayout = nullptr;
     VelaIconButton *navigationButtons[NavigationCount] = {};
@@ -220,8 +221,10 @@ void VelaPagingBarPrivate::connectSignals()
 
 void VelaPagingBarPrivate::turnTo(qint64 page)
 {
-    q->setPage(static_cast<int>(page));
-    Q_EMIT q->sigPageChanged();
+    if (model) {
+        q->setPage(static_cast<int>(page));
+        Q_EMIT q->sigPageChanged();
+    }
 }
 
 void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
@@ -267,12 +270,18 @@ VelaPagingModel *VelaPagingBar::model() const
 
 void VelaPagingBar::setItemCount(int count)
 {
+    if (!d->model) {
+        return;
+    }
     d->model->setItemCount(count);
     setPage(d->model->nowPage());
 }
 
 void VelaPagingBar::setPage(int page)
 {
+    if (!d->model) {
+        return;
+    }
     const int pageCount = d->model->pageCount();
     for (int i = 0; i < PageButtonCount; ++i) {
         const qint64 number = static_cast<qint64>(page) - CurrentButton + i;
@@ -332,11 +341,17 @@ void VelaPagingBar::pageClick(int page)
 
 void VelaPagingBar::next_5_page()
 {
+    if (!d->model) {
+        return;
+    }
     d->turnTo(qMin(static_cast<qint64>(d->model->nowPage()) + PagesPerJump, qint64(d->model->pageCount())));
 }
 
 void VelaPagingBar::prev_5_page()
 {
+    if (!d->model) {
+        return;
+    }
     d->turnTo(qMax(static_cast<qint64>(d->model->nowPage()) - PagesPerJump, qint64(1)));
 }
 
@@ -347,5 +362,8 @@ void VelaPagingBar::first_page()
 
 void VelaPagingBar::last_page()
 {
+    if (!d->model) {
+        return;
+    }
     d->turnTo(d->model->pageCount());
 }

@@ -58,11 +58,12 @@ class VELA_EXPORT VelaPagingBar : public QWidget
     Q_OBJECT
 
 public:
-    /// A bar for @p model, which must outlive it; page and item count of the model are reset to 1 and 0.
+    /// A bar for @p model, which stays the client's and is to outlive it; page and item count of the model are reset to 1
+    /// and 0. Without its model a bar keeps showing what it shows.
     explicit VelaPagingBar(VelaPagingModel *model, QWidget *parent = nullptr);
     ~VelaPagingBar() override;
 
-    /// What the bar was made for: page and item count are read there.
+    /// What the bar was made for: page and item count are read there. Null once it is gone.
     VelaPagingModel *model() const;
 
     /// Sets the number of items and keeps the page, even if it is beyond the last one now.

@@ -34,6 +34,11 @@ void SheetRun::setBlockWindowButton(bool block)
     m_blocksWindowButton = block;
 }
 
+bool SheetRun::blocksWindowButton() const
+{
+    return m_blocksWindowButton;
+}
+
 bool SheetRun::isUp() const
 {
     return m_state == State::Up || m_state == State::Waiting;

@@ -38,6 +38,7 @@ public:
 
     /// Whether the window cannot be closed while the sheet is up. Consulted by begin(), end() and refusesClose().
     void setBlockWindowButton(bool block);
+    bool blocksWindowButton() const;
 
     /// Shows the sheet, takes the window's close button away and watches the window's events.
     void begin();

@@ -40,6 +40,7 @@ public:
     void initialize();
     void setPrompt(const QString &text);
 
+    QString prompt;
     QLineEdit *const lineEdit;
 
 private:
@@ -72,6 +73,7 @@ void VelaInputSheetPrivate::initialize()
 
 void VelaInputSheetPrivate::setPrompt(const QString &text)
 {
+    prompt = text;
     setParagraph(textLabel, text, LineHeight);
     textLabel->setAlignment(Qt::AlignTop);
     setupLayout();
@@ -117,6 +119,11 @@ void VelaInputSheet::setText(const QString &text)
     d->setPrompt(text);
 }
 
+QString VelaInputSheet::text() const
+{
+    return d->prompt;
+}
+
 QLineEdit *VelaInputSheet::getLineEdit()
 {
     return d->lineEdit;
@@ -142,6 +149,11 @@ void VelaInputSheet::setDefaultButton(QPushButton *button)
 void VelaInputSheet::setBlockWindowButton(bool block)
 {
     d->run.setBlockWindowButton(block);
+}
+
+bool VelaInputSheet::blocksWindowButton() const
+{
+    return d->run.blocksWindowButton();
 }
 
 void VelaInputSheet::showSheet()

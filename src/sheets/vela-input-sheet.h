@@ -27,6 +27,7 @@ public:
 
     /// Sets the prompt, which may be rich text.
     void setText(const QString &text);
+    QString text() const;
     /// The line edit, which stays the sheet's, to be given a validator, a placeholder or an echo mode.
     QLineEdit *getLineEdit();
     /// What was typed, whatever the answer was.
@@ -40,6 +41,7 @@ public:
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
+    bool blocksWindowButton() const;
 
     /// Shows the sheet with the focus in the line edit and returns at once; finished() brings the answer.
     void showSheet() override;

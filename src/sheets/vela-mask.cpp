@@ -139,12 +139,24 @@ bool VelaMask::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-ParentEventFilterWidget::ParentEventFilterWidget(VelaMask *mask, QWidget *parent) : m_mask(mask), m_parent(parent) { }
+class ParentEventFilterWidgetPrivate
+{
+public:
+    const QPointer<VelaMask> mask;
+    const QPointer<QWidget> parent;
+};
+
+ParentEventFilterWidget::ParentEventFilterWidget(VelaMask *mask, QWidget *parent) :
+    d(new ParentEventFilterWidgetPrivate {mask, parent})
+{
+}
+
+ParentEventFilterWidget::~ParentEventFilterWidget() = default;
 
 bool ParentEventFilterWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_parent && event->type() == QEvent::Resize) {
-        m_mask->resize();
+    if (d->mask && watched == d->parent && event->type() == QEvent::Resize) {
+        d->mask->resize();
     }
     return false;
 }

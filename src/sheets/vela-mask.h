@@ -8,6 +8,9 @@
 #include <QColor>
 #include <QFrame>
 
+#include <memory>
+
+class ParentEventFilterWidgetPrivate;
 class VelaMaskPrivate;
 
 /// Translucent layer that dims a window while something, a sheet usually, is shown over it.
@@ -54,10 +57,10 @@ public:
     /// Resizes @p mask with @p parent, which both have to outlive it. It has no QObject parent and is to be installed
     /// on @p parent as event filter; a VelaMask does that itself.
     ParentEventFilterWidget(VelaMask *mask, QWidget *parent);
+    ~ParentEventFilterWidget() override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    VelaMask *m_mask;
-    QWidget *m_parent;
+    const std::unique_ptr<ParentEventFilterWidgetPrivate> d;
 };

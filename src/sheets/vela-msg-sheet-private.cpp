@@ -126,16 +126,18 @@ void VelaMessageSheetPrivate::setUpTexts()
     }
 }
 
-void VelaMessageSheetPrivate::setText(const QString &text)
+void VelaMessageSheetPrivate::setText(const QString &newText)
 {
+    text = newText;
     setParagraph(textLabel, text, LineHeight);
     textLabel->setAlignment(Qt::AlignTop);
     textLabel->setFocusPolicy(Qt::StrongFocus);
     setupLayout();
 }
 
-void VelaMessageSheetPrivate::setInformativeText(const QString &text)
+void VelaMessageSheetPrivate::setInformativeText(const QString &newText)
 {
+    informativeText = newText;
     if (text.isEmpty()) {
         if (informativeLabel) {
             informativeLabel->hide();

@@ -29,13 +29,27 @@ MsgBoxCustomBtnText::MsgBoxCustomBtnText(QString ok, QString cancel) :
 {
 }
 
+class MessageLabelPrivate
+{
+};
+
 MessageLabel::MessageLabel(QWidget *parent) : QLabel(parent) { }
+
+MessageLabel::~MessageLabel() = default;
 
 void MessageLabel::resizeEvent(QResizeEvent *)
 {
     setMinimumHeight(0); // or the height asked for would never be less than the last one
     setFixedHeight(qMax(0, heightForWidth(width())));
 }
+
+class DialogButtonBoxStylePrivate
+{
+};
+
+DialogButtonBoxStyle::DialogButtonBoxStyle() = default;
+
+DialogButtonBoxStyle::~DialogButtonBoxStyle() = default;
 
 int DialogButtonBoxStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                                     QStyleHintReturn *returnData) const
@@ -91,9 +105,19 @@ void VelaMessageSheet::setText(const QString &text)
     d->setText(text);
 }
 
+QString VelaMessageSheet::text() const
+{
+    return d->text;
+}
+
 void VelaMessageSheet::setInformativeText(const QString &text)
 {
     d->setInformativeText(text);
+}
+
+QString VelaMessageSheet::informativeText() const
+{
+    return d->informativeText;
 }
 
 void VelaMessageSheet::setIcon(const QPixmap &pixmap)
@@ -108,9 +132,19 @@ void VelaMessageSheet::setMessageType(MessageType type)
     d->initialize();
 }
 
+VelaMessageSheet::MessageType VelaMessageSheet::messageType() const
+{
+    return d->type;
+}
+
 void VelaMessageSheet::setBlockWindowButton(bool block)
 {
     d->run.setBlockWindowButton(block);
+}
+
+bool VelaMessageSheet::blocksWindowButton() const
+{
+    return d->run.blocksWindowButton();
 }
 
 QPushButton *VelaMessageSheet::button(QMessageBox::StandardButton which) const

@@ -10,7 +10,11 @@
 #include <QMessageBox>
 #include <QProxyStyle>
 
+#include <memory>
+
 class QAbstractButton;
+class DialogButtonBoxStylePrivate;
+class MessageLabelPrivate;
 class QKeyEvent;
 class VelaMessageSheetPrivate;
 
@@ -31,9 +35,13 @@ class VELA_EXPORT MessageLabel : public QLabel
 
 public:
     explicit MessageLabel(QWidget *parent = nullptr);
+    ~MessageLabel() override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+
+private:
+    const std::unique_ptr<MessageLabelPrivate> d;
 };
 
 /// Gives button boxes the same order of buttons on every desktop.
@@ -42,8 +50,14 @@ class VELA_EXPORT DialogButtonBoxStyle : public QProxyStyle
     Q_OBJECT
 
 public:
+    DialogButtonBoxStyle();
+    ~DialogButtonBoxStyle() override;
+
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
                   QStyleHintReturn *returnData = nullptr) const override;
+
+private:
+    const std::unique_ptr<DialogButtonBoxStylePrivate> d;
 };
 
 /// Message box that is shown inside its window: an icon, a text, perhaps an informative text and up to two buttons.
@@ -70,6 +84,7 @@ public:
         WarningQuestionMessage = 5, ///< Ok and cancel
         ProcessingMessage = 6, ///< an animation, no button
     };
+    Q_ENUM(MessageType)
 
     explicit VelaMessageSheet(MessageType type, QWidget *parent = nullptr);
     VelaMessageSheet(MessageType type, const QString &text, QWidget *parent = nullptr);
@@ -82,16 +97,20 @@ public:
 
     /// Sets the text, which may be rich.
     void setText(const QString &text);
+    QString text() const;
     /// Sets the text below it, which may be rich; an empty one removes it.
     void setInformativeText(const QString &text);
+    QString informativeText() const;
     /// Shows @p pixmap in place of the type's icon, or of the animation, until the type is set again. It is as large as
     /// its pixels are by its device pixel ratio; a null one takes no place.
     void setIcon(const QPixmap &pixmap);
     /// Sets the sheet up anew for @p type, with default captions. The buttons are new ones.
     void setMessageType(MessageType type);
+    MessageType messageType() const;
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
+    bool blocksWindowButton() const;
 
     /// The button of that code, null if there is none.
     QPushButton *button(QMessageBox::StandardButton which) const;

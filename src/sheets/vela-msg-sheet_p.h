@@ -18,11 +18,13 @@ public:
     explicit VelaMessageSheetPrivate(VelaMessageSheet *sheet);
 
     void initialize(const MsgBoxCustomBtnText &captions = {QString(), QString()});
-    void setText(const QString &text);
-    void setInformativeText(const QString &text);
+    void setText(const QString &newText);
+    void setInformativeText(const QString &newText);
     void rememberFocusWidgets();
 
     QLabel *const iconLabel;
+    QString text;
+    QString informativeText;
     VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
     QPointer<QMovie> runningMovie; // that exec() has started
     QVector<QPointer<QWidget>> focusList; // some may be deleted before it is made again

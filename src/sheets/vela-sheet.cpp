@@ -73,7 +73,13 @@ QRect rectangleOf(const ShadowPiece &piece, const QSize &size, int shadowWidth)
 
 } // namespace
 
-VelaSheet::VelaSheet(QWidget *parent) : QFrame(parent), m_shadowWidth(scaled(ShadowWidth))
+class VelaSheetPrivate
+{
+public:
+    const int shadowWidth = scaled(ShadowWidth); // pixels
+};
+
+VelaSheet::VelaSheet(QWidget *parent) : QFrame(parent), d(std::make_unique<VelaSheetPrivate>())
 {
     reserveShadow();
 }
@@ -82,7 +88,7 @@ VelaSheet::~VelaSheet() = default;
 
 void VelaSheet::reserveShadow()
 {
-    setContentsMargins(m_shadowWidth, m_shadowWidth, m_shadowWidth, m_shadowWidth);
+    setContentsMargins(d->shadowWidth, d->shadowWidth, d->shadowWidth, d->shadowWidth);
 }
 
 void VelaSheet::setWidget(QWidget *widget)
@@ -100,14 +106,14 @@ void VelaSheet::paintEvent(QPaintEvent *)
     drawShadow(painter);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Color::Surface);
-    painter.drawRect(m_shadowWidth, m_shadowWidth, width() - 2 * m_shadowWidth, height() - 2 * m_shadowWidth);
+    painter.drawRect(d->shadowWidth, d->shadowWidth, width() - 2 * d->shadowWidth, height() - 2 * d->shadowWidth);
 }
 
 void VelaSheet::drawShadow(QPainter &painter)
 {
     for (const ShadowPiece &piece : ShadowPieces) {
         QPixmap image = Look::image(piece.image);
-        const QRect place = rectangleOf(piece, size(), m_shadowWidth);
+        const QRect place = rectangleOf(piece, size(), d->shadowWidth);
         if (isEdge(piece) && !image.isNull()) {
             // On a sheet that is smaller than its shadow this gives a null pixmap, of which nothing is drawn.
             image = image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);

@@ -7,6 +7,10 @@
 
 #include <QFrame>
 
+#include <memory>
+
+class VelaSheetPrivate;
+
 /// Base of the modal panels that are shown inside a window: a white body in a soft shadow.
 ///
 /// The shadow is painted from the eight images "bg_tutorial_...". Place a sheet inside a VelaMask to dim the window
@@ -40,5 +44,5 @@ protected:
 private:
     void reserveShadow();
 
-    const int m_shadowWidth; // pixels
+    const std::unique_ptr<VelaSheetPrivate> d;
 };

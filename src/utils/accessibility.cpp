@@ -24,31 +24,46 @@ void collect(QWidget *root, const IsCollected &isCollected, QList<QWidget *> &wi
 
 } // namespace
 
-AccessibleFilter::AccessibleFilter() : m_focusLevel(Qt::NoFocus) { }
+class AccessibleFilterPrivate : public QSharedData
+{
+public:
+    QList<QWidget *> filterWidgets;
+    Qt::FocusPolicy focusLevel = Qt::NoFocus;
+};
+
+AccessibleFilter::AccessibleFilter() : d(new AccessibleFilterPrivate) { }
 
 AccessibleFilter::AccessibleFilter(const QList<QWidget *> &filterWidgets, Qt::FocusPolicy focusLevel) :
-    m_filterWidgets(filterWidgets), m_focusLevel(focusLevel)
+    AccessibleFilter()
 {
+    d->filterWidgets = filterWidgets;
+    d->focusLevel = focusLevel;
 }
+
+AccessibleFilter::AccessibleFilter(const AccessibleFilter &other) = default;
+
+AccessibleFilter::~AccessibleFilter() = default;
+
+AccessibleFilter &AccessibleFilter::operator=(const AccessibleFilter &other) = default;
 
 void AccessibleFilter::setFilterWidgets(const QList<QWidget *> &filterWidgets)
 {
-    m_filterWidgets = filterWidgets;
+    d->filterWidgets = filterWidgets;
 }
 
 QList<QWidget *> AccessibleFilter::filterWidgets() const
 {
-    return m_filterWidgets;
+    return d->filterWidgets;
 }
 
 void AccessibleFilter::setFocusLevel(Qt::FocusPolicy focusLevel)
 {
-    m_focusLevel = focusLevel;
+    d->focusLevel = focusLevel;
 }
 
 Qt::FocusPolicy AccessibleFilter::focusLevel() const
 {
-    return m_focusLevel;
+    return d->focusLevel;
 }
 
 QList<QWidget *> accessibleList(QWidget *root, QList<QWidget *> excluded)

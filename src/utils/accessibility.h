@@ -6,8 +6,10 @@
 #include "vela_export.h"
 
 #include <QList>
+#include <QSharedDataPointer>
 #include <Qt>
 
+class AccessibleFilterPrivate;
 class QWidget;
 
 /// Which widgets accessibleList() collects.
@@ -19,6 +21,9 @@ public:
     /// Leaves out @p filterWidgets, but not their children, and every widget whose focus policy is, as a number, less
     /// than @p focusLevel.
     AccessibleFilter(const QList<QWidget *> &filterWidgets, Qt::FocusPolicy focusLevel);
+    AccessibleFilter(const AccessibleFilter &other);
+    ~AccessibleFilter();
+    AccessibleFilter &operator=(const AccessibleFilter &other);
 
     void setFilterWidgets(const QList<QWidget *> &filterWidgets);
     QList<QWidget *> filterWidgets() const;
@@ -27,8 +32,7 @@ public:
     Qt::FocusPolicy focusLevel() const;
 
 private:
-    QList<QWidget *> m_filterWidgets;
-    Qt::FocusPolicy m_focusLevel;
+    QSharedDataPointer<AccessibleFilterPrivate> d;
 };
 
 /// @p root and the widgets below it that are visible and take focus, but for those in @p excluded, whose children are
