@@ -69,7 +69,7 @@ VelaButton *createLogged(GalleryPage *page, const QString &text, int kind)
     return logged(page, text, new VelaButton(text, kind));
 }
 
-/// A button to try, which logs its signals, and the states of others like it.
+// A button to try, which logs its signals, and the states of others like it.
 template<typename Create>
 void addStates(GalleryPage *page, const QString &caption, const QString &detail, const QString &logCaption,
                Create create)
@@ -113,7 +113,7 @@ VelaIconButton *createIconButton(const QString &image, const QString &toolTip)
     return button;
 }
 
-/// A round picture, sharp at the screen's scale and device pixel ratio.
+// A round picture, sharp at the screen's scale and device pixel ratio.
 QPixmap createDisc(QRgb color)
 {
     const double ratio = DPIinfo::getInstance()->getDPR();

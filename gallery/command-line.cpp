@@ -15,8 +15,8 @@ QCommandLineOption option(const char *name, const QString &description, const ch
     return {QString::fromLatin1(name), description, QString::fromLatin1(value)};
 }
 
-/// The display that the toolkit is told by @p arguments to take, or else does by itself. The option is not the
-/// parser's, which would accept it as well where the toolkit knows none.
+// The display that the toolkit is told by arguments to take, or else does by itself. The option is not the
+// parser's, which would accept it as well where the toolkit knows none.
 QString displayOf(const QStringList &arguments)
 {
     const int option =
@@ -25,7 +25,7 @@ QString displayOf(const QStringList &arguments)
     return display.isEmpty() ? qEnvironmentVariable("DISPLAY") : display;
 }
 
-/// The same for all names of a folder. One that is missing has no canonical path.
+// The same for all names of a folder. One that is missing has no canonical path.
 QString identityOf(const QString &folder)
 {
     const QDir dir(folder);

@@ -26,7 +26,7 @@ const QColor SelectedColor(0xDC, 0xE8, 0xFA);
 const QColor HoverColor(0xF3, 0xF6, 0xFA);
 const char HomePath[] = "home"; // what the tree keeps in front
 
-/// The person's folders, read when they are opened, with a breadcrumb path in step.
+// The person's folders, read when they are opened, with a breadcrumb path in step.
 class FolderBrowser : public QWidget
 {
 public:

@@ -25,7 +25,7 @@ constexpr int ColumnSpacing = 16;
 constexpr int RowSpacing = 14;
 constexpr int RowItemSpacing = 12;
 
-/// White area with round corners. It is painted, since a style sheet would reach the widgets on it.
+// White area with round corners. It is painted, since a style sheet would reach the widgets on it.
 class SectionFrame : public QFrame
 {
 protected:
@@ -69,7 +69,7 @@ QVBoxLayout *createCaptions(const QString &caption, const QString &detail)
     return layout;
 }
 
-/// The widgets side by side, at the left unless one of them wants all the width there is.
+// The widgets side by side, at the left unless one of them wants all the width there is.
 QHBoxLayout *createRow(const QList<QWidget *> &widgets)
 {
     auto *layout = new QHBoxLayout;

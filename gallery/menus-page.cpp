@@ -51,7 +51,7 @@ VelaMenu *createMenu(GalleryPage *page, QWidget *parent)
     return menu;
 }
 
-/// A menu in the page, so that its look is seen without opening one.
+// A menu in the page, so that its look is seen without opening one.
 QWidget *createPicture(GalleryPage *page)
 {
     VelaMenu *menu = createMenu(page, page);
@@ -61,7 +61,7 @@ QWidget *createPicture(GalleryPage *page)
     return menu;
 }
 
-/// Where a menu of @p size stands out of the screen's @p corner.
+// Where a menu of size stands out of the screen's corner.
 QPoint outsideOf(const QRect &screen, const Corner &corner, const QSize &size)
 {
     return {corner.isRight ? screen.right() - size.width() + Outside : screen.left() - Outside,

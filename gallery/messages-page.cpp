@@ -40,7 +40,7 @@ QString animationFile()
         + QStringLiteral("/animations/processing.gif");
 }
 
-/// A sheet in the page, so that its look is seen without opening one.
+// A sheet in the page, so that its look is seen without opening one.
 QWidget *createPicture(const std::function<VelaMessageSheet *(QWidget *stage)> &create)
 {
     auto *stage = new QWidget;
@@ -107,7 +107,7 @@ void addPictures(GalleryPage *page)
         })});
 }
 
-/// A button that runs @p show and logs the result.
+// A button that runs show and logs the result.
 QWidget *createOpener(GalleryPage *page, const QString &caption, const std::function<QString()> &show)
 {
     auto *button = new VelaButton(QStringLiteral("Show"), VelaButton::DefaultButton);

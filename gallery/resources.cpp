@@ -26,7 +26,7 @@ QString quoted(const QString &path)
     return u'\'' + QDir::toNativeSeparators(path) + u'\'';
 }
 
-/// The object in a JSON file; otherwise nothing, and the reason in @p error.
+// The object in a JSON file; otherwise nothing, and the reason in error.
 std::optional<QJsonObject> readObject(const QString &path, QString *error)
 {
     QFile file(path);

@@ -16,7 +16,7 @@ namespace {
 // Wrapped texts ask for another height once they know their width, and so do the layouts around them, one by one.
 constexpr int LayoutPasses = 10;
 
-/// What is seen of @p widget once everything that waits in the event loop has been done.
+// What is seen of widget once everything that waits in the event loop has been done.
 QPixmap picture(QWidget *widget)
 {
     for (int pass = 0; pass < LayoutPasses; ++pass) {

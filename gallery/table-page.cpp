@@ -37,7 +37,7 @@ struct File
 
 enum Column { Name, Size, Date, Owner, ColumnCount };
 
-/// The same files each time, in no order.
+// The same files each time, in no order.
 std::vector<File> createFiles()
 {
     const QStringList kinds {QStringLiteral("Invoice"), QStringLiteral("Photo"), QStringLiteral("Minutes"),
@@ -68,7 +68,7 @@ VelaTableColumnsInfo createColumns()
     return columns;
 }
 
-/// A list of files, shown a page at a time: the client's side of a table and a paging bar.
+// A list of files, shown a page at a time: the client's side of a table and a paging bar.
 class FileList : public QWidget
 {
 public:

@@ -26,8 +26,8 @@ void hover(QWidget *widget)
     widget->update();
 }
 
-/// The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
-/// pseudo-states weigh the same where rules compete.
+// The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
+// pseudo-states weigh the same where rules compete.
 void showFocusRules(QWidget *widget)
 {
     QString sheet = widget->styleSheet();
@@ -36,7 +36,7 @@ void showFocusRules(QWidget *widget)
     widget->setStyleSheet(sheet);
 }
 
-/// Takes a widget into its state each time that it is shown, since showing sets it back.
+// Takes a widget into its state each time that it is shown, since showing sets it back.
 class Pointer : public QObject
 {
 public:

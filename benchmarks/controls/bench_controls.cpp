@@ -88,7 +88,7 @@ QWidget *bareFootbar(QWidget *parent)
     return bar;
 }
 
-/// The button in the field is the library's on both sides: bench_buttons compares that.
+// The button in the field is the library's on both sides: bench_buttons compares that.
 QWidget *bareFilterBar(QWidget *parent)
 {
     auto *field =

@@ -59,7 +59,7 @@ void styleTable(QTableView *table)
     table->horizontalHeader()->setStyleSheet(sheetOf("component.table_header"));
 }
 
-/// Qt's calendar as it is: it draws the weekdays as the first row of its grid.
+// Qt's calendar as it is: it draws the weekdays as the first row of its grid.
 QCalendarWidget *plainCalendar(QWidget *parent)
 {
     auto *calendar = new QCalendarWidget(parent);
@@ -69,7 +69,7 @@ QCalendarWidget *plainCalendar(QWidget *parent)
     return calendar;
 }
 
-/// The row of weekdays, a table of its own.
+// The row of weekdays, a table of its own.
 QTableWidget *weekdayTable(QWidget *parent)
 {
     auto *table = new QTableWidget(1, static_cast<int>(std::size(WeekdayKeys)), parent);
@@ -94,8 +94,8 @@ QTableWidget *weekdayTable(QWidget *parent)
     return table;
 }
 
-/// The calendar that VelaCalanderView shows: own weekdays, month names and arrows, black weekends, and a bar of no
-/// colour.
+// The calendar that VelaCalanderView shows: own weekdays, month names and arrows, black weekends, and a bar of no
+// colour.
 QCalendarWidget *dressedCalendar(QWidget *parent)
 {
     auto *calendar = new QCalendarWidget(parent);
@@ -147,7 +147,7 @@ QWidget *bareView(QWidget *parent)
     return view;
 }
 
-/// An item view without items, which is what a combo box can pop up.
+// An item view without items, which is what a combo box can pop up.
 class EmptyView : public QAbstractItemView
 {
 public:
@@ -169,7 +169,7 @@ QComboBox *dateSelector(QWidget *parent)
     return new VelaDateSelector(EmptyText, parent);
 }
 
-/// Gives a combo box the one item, the sizes and the sheets of a date selector.
+// Gives a combo box the one item, the sizes and the sheets of a date selector.
 QComboBox *asSelector(QComboBox *combo)
 {
     combo->addItem(EmptyText, QDate());
@@ -196,7 +196,7 @@ QComboBox *calendarSelector(QWidget *parent)
 
 using MakeSelector = QComboBox *(*)(QWidget *parent);
 
-/// From nothing to the first paint of the popup, which opens below a selector that has been painted.
+// From nothing to the first paint of the popup, which opens below a selector that has been painted.
 void openSelectors(benchmark::State &state, MakeSelector makeSelector)
 {
     QWidget window;
@@ -221,7 +221,7 @@ void openSelectors(benchmark::State &state, MakeSelector makeSelector)
     }
 }
 
-/// The popup alone, of a selector that has shown it before.
+// The popup alone, of a selector that has shown it before.
 void reopenPopups(benchmark::State &state, MakeSelector makeSelector)
 {
     QWidget window;

@@ -30,8 +30,8 @@ QStringList imageNames()
     return names;
 }
 
-/// Draws and lists the images, of each the first @p variantCount variants. As ImageManager forgets no name,
-/// all sets of images here have the same ones.
+// Draws and lists the images, of each the first variantCount variants. As ImageManager forgets no name,
+// all sets of images here have the same ones.
 void writeImages(const Resources &resources, int variantCount)
 {
     const QStringList names = imageNames();
@@ -50,7 +50,7 @@ void loadBare(const QString &path)
     benchmark::DoNotOptimize(original.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
-/// Loads and scales the same files, none of them from the pixmap cache.
+// Loads and scales the same files, none of them from the pixmap cache.
 Side bareLoading(const Resources &resources, int variantCount)
 {
     QStringList paths;
@@ -102,7 +102,7 @@ void compareLoading(const Resources &resources, const std::string &what, int var
         floor);
 }
 
-/// INIT_LAZY with all images listed against a start with none.
+// INIT_LAZY with all images listed against a start with none.
 void compareLazyStart(const Resources &full, const Resources &empty)
 {
     const auto start = [](const Resources &resources) {

@@ -28,7 +28,7 @@ const char *const ShadowImages[] = {"bg_tutorial_lt", "bg_tutorial_rt", "bg_tuto
                                     "bg_tutorial_l",  "bg_tutorial_r",  "bg_tutorial_t",  "bg_tutorial_b"};
 const QString Text = QStringLiteral("Delete the three files that are selected? They cannot be brought back.");
 
-/// Makes, shows, paints and closes a message over a window that is there.
+// Makes, shows, paints and closes a message over a window that is there.
 template<typename ShowMessage>
 void showMessages(benchmark::State &state, ShowMessage showMessage)
 {
@@ -57,7 +57,7 @@ void showSheet(QWidget *window)
     sheet.done(QMessageBox::Ok);
 }
 
-/// The same text, formatted alike, and the same style sheets.
+// The same text, formatted alike, and the same style sheets.
 void showBox(QWidget *window)
 {
     QMessageBox box(window);
@@ -81,7 +81,7 @@ public:
     void showSheet() override { show(); }
 };
 
-/// The same picture by the shortest code.
+// The same picture by the shortest code.
 class PaintedFloor : public QWidget
 {
 protected:

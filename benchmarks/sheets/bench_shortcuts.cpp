@@ -46,7 +46,7 @@ Cost measure(int calls, Call call)
     return {milliseconds / calls, kept / calls};
 }
 
-/// Answers whatever waits in @p window, or the box that is the active window, as soon as it waits.
+// Answers whatever waits in window, or the box that is the active window, as soon as it waits.
 void answerSoon(QWidget *window)
 {
     QTimer::singleShot(0, [window] {
@@ -64,7 +64,7 @@ void showBareBox(QWidget *window)
 
 } // namespace
 
-/// Thousand messages, or as many as the argument says, in one window that is never closed.
+// Thousand messages, or as many as the argument says, in one window that is never closed.
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);

@@ -15,7 +15,7 @@ namespace {
 constexpr int SliceCount = 31;
 char MinimalSliceTime[] = "--benchmark_min_time=0.02";
 
-/// A side as Google Benchmark knows it.
+// A side as Google Benchmark knows it.
 struct Entry
 {
     std::string name;
@@ -41,7 +41,7 @@ Entry registered(const std::string &name, Side side)
     return {name, benchmark::RegisterBenchmark(name.c_str(), std::move(side))};
 }
 
-/// Keeps the last run instead of printing it.
+// Keeps the last run instead of printing it.
 class LastRun : public benchmark::BenchmarkReporter
 {
 public:
@@ -62,13 +62,13 @@ benchmark::BenchmarkReporter::Run runOnce(const Entry &side)
     return reporter.run;
 }
 
-/// Lets Google Benchmark find how many iterations make up a slice, and keeps to that number.
+// Lets Google Benchmark find how many iterations make up a slice, and keeps to that number.
 void calibrate(const Entry &side)
 {
     side.benchmark->Iterations(runOnce(side).iterations);
 }
 
-/// Nanoseconds of CPU time of one iteration in a new slice.
+// Nanoseconds of CPU time of one iteration in a new slice.
 double slice(const Entry &side)
 {
     const auto run = runOnce(side);

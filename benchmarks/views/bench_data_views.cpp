@@ -56,7 +56,7 @@ QString sheetOf(const char *key)
 
 using MakeTable = std::function<QTableWidget *(QWidget *parent)>;
 
-/// Columns that stretch alike and fill the table.
+// Columns that stretch alike and fill the table.
 QTableWidget *table(QWidget *parent)
 {
     VelaTableColumnsInfo columns;
@@ -68,7 +68,7 @@ QTableWidget *table(QWidget *parent)
     return widget->getTable();
 }
 
-/// Has its columns share the width of the table, by a header above it.
+// Has its columns share the width of the table, by a header above it.
 class Stretcher : public QObject
 {
 public:
@@ -93,7 +93,7 @@ private:
     QHeaderView *const m_header;
 };
 
-/// A header of its own above the rows, put together from what Qt has.
+// A header of its own above the rows, put together from what Qt has.
 QTableWidget *bareTable(QWidget *parent)
 {
     auto *widget = new QWidget(parent);
@@ -199,7 +199,7 @@ struct Ours
     using Item = FileSystemTreeWidgetItem;
 };
 
-/// Rows of the same height, items with a path.
+// Rows of the same height, items with a path.
 struct Bare
 {
     class Delegate : public QItemDelegate
@@ -259,7 +259,7 @@ void constructTrees(benchmark::State &state, int count)
     }
 }
 
-/// By @p step rows at a time, with the pointer at @p pointer; ours highlights the row under it, which is more to paint.
+// By step rows at a time, with the pointer at pointer; ours highlights the row under it, which is more to paint.
 template<typename Side>
 void scrollTrees(benchmark::State &state, int count, int step, const QPoint &pointer)
 {
@@ -299,7 +299,7 @@ void compareTrees(const std::string &size, int count)
 
 // ---- paging
 
-/// The buttons are the library's on both sides: bench_buttons compares those.
+// The buttons are the library's on both sides: bench_buttons compares those.
 QWidget *barePagingBar(QWidget *parent)
 {
     auto *bar = new QWidget(parent);
@@ -351,7 +351,7 @@ QString pathOf(int depth)
     return path;
 }
 
-/// The buttons of a path in a table, a column at a time.
+// The buttons of a path in a table, a column at a time.
 void fillBarePath(QTableWidget *table, int depth)
 {
     table->clear();
@@ -392,7 +392,7 @@ void setUpBarePath(QTableWidget *table)
     table->setFixedHeight(BarHeight);
 }
 
-/// From nothing to the first paint.
+// From nothing to the first paint.
 template<typename Path, typename Fill>
 void constructPaths(benchmark::State &state, Fill fill)
 {
@@ -452,7 +452,7 @@ void comparePaths(int depth, double target)
         [fillBare](benchmark::State &state) { refreshPaths<QTableWidget>(state, fillBare); });
 }
 
-/// Whether the time grows with the depth and no faster: twice the path against the path twice.
+// Whether the time grows with the depth and no faster: twice the path against the path twice.
 void compareGrowth(int depth)
 {
     const auto refresh = [](benchmark::State &state, int partCount, int times) {

@@ -22,7 +22,7 @@ constexpr Style KindStyles[] = {
 };
 constexpr int KindCount = sizeof(KindStyles) / sizeof(KindStyles[0]);
 
-/// An icon that is painted as @p pixmap is on a disabled button too, where the toolkit would grey it.
+// An icon that is painted as pixmap is on a disabled button too, where the toolkit would grey it.
 QIcon iconOf(const QPixmap &pixmap)
 {
     QIcon icon(pixmap);
@@ -64,7 +64,7 @@ public:
     QSize iconSize; // logical pixels
 };
 
-/// Shows @p icon in the icons' own size, which is not applied before.
+// Shows icon in the icons' own size, which is not applied before.
 void VelaIconButtonPrivate::show(const QIcon &icon)
 {
     q->setIcon(icon);

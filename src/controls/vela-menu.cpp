@@ -16,8 +16,8 @@ QRect availableArea(const QWidget *menu)
     return (screen ? screen : primary)->availableGeometry();
 }
 
-/// Start of something [start, start + size) moved into [first, last]. What stands out at the front goes to 0, not to
-/// @p first, and what stands out at the back ends one pixel short of @p last: menus have always been placed so.
+// Start of something [start, start + size) moved into [first, last]. What stands out at the front goes to 0, not to
+// first, and what stands out at the back ends one pixel short of last: menus have always been placed so.
 int movedInto(int start, int size, int first, int last)
 {
     if (first > start) {

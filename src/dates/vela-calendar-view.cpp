@@ -5,10 +5,8 @@
 
 #include "controls/mouse-filters.h"
 #include "controls/vela-button.h"
-#include "image-manager/image-manager.h"
+#include "look/look_p.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
-#include "utils/component-strings.h"
 
 #include <QCalendarWidget>
 #include <QHeaderView>
@@ -22,6 +20,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Vela;
+
 namespace {
 
 constexpr int DaysPerWeek = 7;
@@ -32,18 +32,14 @@ constexpr int TodayButtonHeight = 24;
 constexpr int WeekdayHeight = 30;
 constexpr int SectionSize = 30; // pixels, at any scale
 
-constexpr const char *MonthKeys[] = {"month_jan", "month_feb", "month_mar", "month_apr", "month_may", "month_jun",
-                                     "month_jul", "month_aug", "month_sep", "month_oct", "month_nov", "month_dec"};
-constexpr const char *WeekdayKeys[DaysPerWeek] = {"sunday",   "monday", "tuesday", "wednesday",
-                                                  "thursday", "friday", "saturday"};
+constexpr Text Months[] = {Text::January,   Text::February, Text::March,    Text::April,
+                           Text::May,       Text::June,     Text::July,     Text::August,
+                           Text::September, Text::October,  Text::November, Text::December};
+constexpr Text Weekdays[DaysPerWeek] = {Text::Sunday,   Text::Monday, Text::Tuesday, Text::Wednesday,
+                                        Text::Thursday, Text::Friday, Text::Saturday};
 
-QString text(const char *key)
-{
-    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
-}
-
-/// Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
-/// the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
+// Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
+// the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
 class Calendar : public QCalendarWidget
 {
 public:
@@ -56,8 +52,8 @@ public:
 protected:
     void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
 
-    /// Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then
-    /// they look as in a disabled grid, if that has another surface.
+    // Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then
+    // they look as in a disabled grid, if that has another surface.
     void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override
     {
         QCalendarWidget::paintCell(painter, rect, date);
@@ -95,13 +91,13 @@ protected:
     }
 
 private:
-    /// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
+    // Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
     static void keepEnter(QKeyEvent *event)
     {
         event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
     }
 
-    /// Shows the year with the locale's digits, as its edit does already.
+    // Shows the year with the locale's digits, as its edit does already.
     void showYear()
     {
         const auto *edit = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
@@ -121,14 +117,14 @@ public:
     void createChildren();
     void setUpCalendar();
     void handleNavigationBar();
-    void handleArrow(const char *objectName, const char *accessibleNameKey, const char *imageName);
+    void handleArrow(const char *objectName, Text accessibleName, Image image);
     void handleMonthMenu();
     void handleWeekdayHeader();
     void handleTabOrder();
     void watchKeys();
     void connectSignals();
 
-    /// A child of Qt's calendar by its fixed name.
+    // A child of Qt's calendar by its fixed name.
     template<typename Widget>
     Widget *child(const char *objectName) const
     {
@@ -147,7 +143,7 @@ public:
 void VelaCalanderViewPrivate::createChildren()
 {
     auto *column = new QVBoxLayout(q);
-    todayButton = new VelaButton(text("today"), VelaButton::CancelButton);
+    todayButton = new VelaButton(Look::text(Text::Today), VelaButton::CancelButton);
     todayButton->setFixedHeight(scaled(TodayButtonHeight));
     todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
     calendar = new Calendar(q);
@@ -167,7 +163,7 @@ void VelaCalanderViewPrivate::setUpCalendar()
     calendar->setWeekdayTextFormat(Qt::Saturday, format);
     calendar->setWeekdayTextFormat(Qt::Sunday, format);
 
-    q->setAccessibleName(text("accessible_calendar"));
+    q->setAccessibleName(Look::text(Text::Calendar));
 }
 
 void VelaCalanderViewPrivate::handleNavigationBar()
@@ -176,8 +172,8 @@ void VelaCalanderViewPrivate::handleNavigationBar()
          {"qt_calendar_prevmonth", "qt_calendar_nextmonth", "qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
         child<QToolButton>(name)->setFocusPolicy(Qt::StrongFocus);
     }
-    handleArrow("qt_calendar_prevmonth", "accessible_calendar_prev_month", "bt_pagebar_backend");
-    handleArrow("qt_calendar_nextmonth", "accessible_calendar_next_month", "bt_pagebar_nextend");
+    handleArrow("qt_calendar_prevmonth", Text::CalendarPreviousMonth, Image::PagingFirst);
+    handleArrow("qt_calendar_nextmonth", Text::CalendarNextMonth, Image::PagingLast);
     child<QSpinBox>("qt_calendar_yearedit")->setAttribute(Qt::WA_MacShowFocusRect, false);
 
     auto *bar = child<QWidget>("qt_calendar_navigationbar");
@@ -188,19 +184,19 @@ void VelaCalanderViewPrivate::handleNavigationBar()
     handleMonthMenu();
 }
 
-void VelaCalanderViewPrivate::handleArrow(const char *objectName, const char *accessibleNameKey, const char *imageName)
+void VelaCalanderViewPrivate::handleArrow(const char *objectName, Text accessibleName, Image image)
 {
-    const QPixmap image = getGlobalImage(imageName, ImageManager::IMAGE_NORMAL);
+    const QPixmap pixmap = Look::image(image);
     auto *arrow = child<QToolButton>(objectName);
-    arrow->setAccessibleName(text(accessibleNameKey));
-    arrow->setIcon(image);
-    arrow->setIconSize(image.size() / DPIinfo::getInstance()->getDPR());
+    arrow->setAccessibleName(Look::text(accessibleName));
+    arrow->setIcon(pixmap);
+    arrow->setIconSize(Look::logicalSize(pixmap));
 }
 
 void VelaCalanderViewPrivate::handleMonthMenu()
 {
-    for (const char *key : MonthKeys) {
-        monthNames.append(text(key));
+    for (Text month : Months) {
+        monthNames.append(Look::text(month));
     }
     const QList<QAction *> actions = monthButton()->menu()->actions();
     for (QAction *action : actions) {
@@ -220,7 +216,7 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
 
     weekdayView->insertRow(0);
     for (int i = 0; i < DaysPerWeek; ++i) {
-        auto *item = new QTableWidgetItem(text(WeekdayKeys[i]).left(1)); // clazy:exclude=qstring-left
+        auto *item = new QTableWidgetItem(Look::text(Weekdays[i]).left(1)); // clazy:exclude=qstring-left
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         weekdayView->setItem(0, i, item);
     }
@@ -241,8 +237,8 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
 
     // Last, and the table before its header: what comes after a sheet is styled again.
-    weekdayView->setStyleSheet(getStyleSheet("component.table", false));
-    weekdayView->horizontalHeader()->setStyleSheet(getStyleSheet("component.table_header", false));
+    weekdayView->setStyleSheet(Look::sheet(Style::Table));
+    weekdayView->horizontalHeader()->setStyleSheet(Look::sheet(Style::TableHeader));
 }
 
 void VelaCalanderViewPrivate::handleTabOrder()
@@ -307,9 +303,19 @@ void VelaCalanderView::setMinimumDate(const QDate &date)
     d->calendar->setMinimumDate(date);
 }
 
+QDate VelaCalanderView::minimumDate() const
+{
+    return d->calendar->minimumDate();
+}
+
 void VelaCalanderView::setMaximumDate(const QDate &date)
 {
     d->calendar->setMaximumDate(date);
+}
+
+QDate VelaCalanderView::maximumDate() const
+{
+    return d->calendar->maximumDate();
 }
 
 void VelaCalanderView::selectToday()

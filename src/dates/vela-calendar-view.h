@@ -34,7 +34,9 @@ public:
     /// another.
     /// @{
     void setMinimumDate(const QDate &date);
+    QDate minimumDate() const;
     void setMaximumDate(const QDate &date);
+    QDate maximumDate() const;
     /// @}
 
     bool eventFilter(QObject *watched, QEvent *event) override;

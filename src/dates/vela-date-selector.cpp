@@ -4,15 +4,19 @@
 #include "dates/vela-date-selector.h"
 
 #include "controls/mouse-filters.h"
+#include "look/look_p.h"
+#include "look/metrics_p.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
+
+#include <QPointer>
+
+using namespace Vela;
 
 namespace {
 
 // Logical pixels.
 constexpr int PopupWidth = 280;
 constexpr int PopupHeight = 260;
-constexpr int SelectorHeight = 32;
 
 } // namespace
 
@@ -21,9 +25,18 @@ class VelaDateSelectorPrivate
 public:
     explicit VelaDateSelectorPrivate(QString text) : emptyText(std::move(text)) { }
 
-    VelaCalanderView *calendarView = nullptr;
+    void showMonthOf(const QDate &date);
+
+    QPointer<VelaCalanderView> calendarView; // calendar in the popup, null once a client sets another view
     const QString emptyText;
 };
+
+void VelaDateSelectorPrivate::showMonthOf(const QDate &date)
+{
+    if (calendarView) {
+        calendarView->setCurrentPage(date.year(), date.month());
+    }
+}
 
 VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     QComboBox(parent), d(std::make_unique<VelaDateSelectorPrivate>(std::move(emptyText)))
@@ -40,9 +53,9 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
 
     view()->setFixedWidth(scaled(PopupWidth));
     view()->setFixedHeight(scaled(PopupHeight));
-    setFixedHeight(scaled(SelectorHeight));
-    const QString sheet = getStyleSheet("component.date_selector", false);
-    setStyleSheet(sheet + getStyleSheet("component.menu", false));
+    setFixedHeight(scaled(Metric::ButtonHeight));
+    const QString sheet = Look::sheet(Style::DateSelector);
+    setStyleSheet(sheet + Look::sheet(Style::Menu));
 }
 
 VelaDateSelector::~VelaDateSelector() = default;
@@ -56,9 +69,14 @@ void VelaDateSelector::dateSelect(const QDate &date)
     }
     addItem(QLocale().toString(date, QLocale::ShortFormat), date);
     setCurrentIndex(0);
-    d->calendarView->setCurrentPage(date.year(), date.month());
+    d->showMonthOf(date);
     update();
     hidePopup();
+}
+
+QDate VelaDateSelector::date() const
+{
+    return itemData(0).toDate();
 }
 
 void VelaDateSelector::clearDate()
@@ -67,7 +85,7 @@ void VelaDateSelector::clearDate()
     clear();
     addItem(d->emptyText, QDate());
     setCurrentIndex(0);
-    d->calendarView->setCurrentPage(today.year(), today.month());
+    d->showMonthOf(today);
 }
 
 VelaCalanderView *VelaDateSelector::getCalendarView()

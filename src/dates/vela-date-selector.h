@@ -28,9 +28,12 @@ public:
     explicit VelaDateSelector(QString emptyText, QWidget *parent = nullptr);
     ~VelaDateSelector() override;
 
+    /// The chosen date; a null one while none is chosen.
+    QDate date() const;
     /// Goes back to having no date; the calendar shows today's month. Its selected day stays, and an open popup.
     void clearDate();
-    /// The calendar that pops up, to set its limits for instance; the selector owns it.
+    /// The calendar that pops up, to set its limits for instance; the selector owns it. Null once another view has
+    /// taken its place.
     VelaCalanderView *getCalendarView();
 
 public Q_SLOTS:

@@ -22,8 +22,8 @@ constexpr double DrawnScale = 4.0; // images are drawn at this multiple of their
 
 constexpr const char *VariantSuffixes[ImageManager::ImageFile::VariantCount] = {"", "_hover", "_click", "_disable"};
 
-/// The pixmap in the file, null if there is none. Unlike QPixmap::load() this leaves nothing in the pixmap cache, where
-/// full-size originals would push out what is really shown, and gives up at once where there is no file.
+// The pixmap in the file, null if there is none. Unlike QPixmap::load() this leaves nothing in the pixmap cache, where
+// full-size originals would push out what is really shown, and gives up at once where there is no file.
 QPixmap readPixmap(const QString &path)
 {
     QFile file(path);

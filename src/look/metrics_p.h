@@ -12,19 +12,19 @@ namespace Vela {
 /// Logical pixels.
 namespace Metric {
 
-constexpr int RowHeight = 28; // tables and trees
-constexpr int FieldHeight = 28; // fields whose height is fixed, and bars of that height
-constexpr int ButtonHeight = 32; // answers of sheets, and what stands in a row with them
+constexpr int RowHeight = 28; // height of a row in tables and trees
+constexpr int FieldHeight = 28; // height of fields that code fixes, and of bars in line with them
+constexpr int ButtonHeight = 32; // height of a sheet's buttons and of what stands in a row with buttons
 
-constexpr int SheetWidth = 480; // of a sheet that has the room
-constexpr int SheetMargin = 10; // around its content
-constexpr int SheetWindowMargin = 40; // what it leaves of its window's width
+constexpr int SheetWidth = 480; // width of a sheet that has the room
+constexpr int SheetMargin = 10; // margin around a sheet's content
+constexpr int SheetWindowMargin = 40; // part of its window's width that a sheet leaves free
 
 } // namespace Metric
 
 namespace Color {
 
-constexpr QColor Mask {0, 0, 0, 20}; // over a window, below its sheet
+constexpr QColor Mask {0, 0, 0, 20}; // mask over a window, below its sheet
 constexpr QColor Surface {255, 255, 255}; // body of a sheet
 
 } // namespace Color

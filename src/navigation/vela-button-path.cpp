@@ -27,7 +27,7 @@ namespace {
 // Logical pixels, but for the icon.
 constexpr int ArrowWidth = 6;
 constexpr int NameButtonHeight = 26;
-constexpr int NamePadding = 16; // both sides of a name together
+constexpr int NamePadding = 16; // room beside a name, both sides together
 constexpr int MenuButtonSize = 26;
 constexpr int MenuButtonOffset = 1;
 constexpr QSize MenuIconSize(20, 20); // pixels, at any scale
@@ -42,7 +42,7 @@ QString withoutMnemonic(QString name)
     return name.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-/// Name that the keyboard finds in full view. Under a press of the mouse nothing may move.
+// Name that the keyboard finds in full view. Under a press of the mouse nothing may move.
 class NameButton : public QPushButton
 {
 public:
@@ -119,7 +119,7 @@ public:
     int visibleWidth = 0;
     QSignalMapper *const nameMapper;
     QSignalMapper *const menuMapper;
-    QVector<QObject *> sources; // of the clicks that are being told of, the innermost last
+    QVector<QObject *> sources; // senders of the clicks that are being told of, the innermost last
 };
 
 void VelaButtonPathPrivate::setUpTable()

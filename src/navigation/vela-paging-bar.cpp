@@ -17,7 +17,7 @@ using namespace Vela;
 namespace {
 
 constexpr int PageButtonCount = 5;
-constexpr int CurrentButton = 2; // in the middle
+constexpr int CurrentButton = 2; // index of the current page's button
 constexpr int PagesPerJump = 5;
 
 // Logical pixels.
@@ -123,12 +123,12 @@ public:
     void removeFooterLabel();
 
     VelaPagingBar *const q;
-    const QPointer<VelaPagingModel> model; // the client's
+    const QPointer<VelaPagingModel> model; // model of the client, who owns it
     QHBoxLayout *pageLayout = nullptr;
     QHBoxLayout *footerLayout = nullptr;
     VelaIconButton *navigationButtons[NavigationCount] = {};
     VelaButton *pageButtons[PageButtonCount] = {};
-    std::vector<QLabel *> footerLabels; // the first next to the refresh button
+    std::vector<QLabel *> footerLabels; // labels of the footer, from the refresh button on
     VelaIconButton *refreshButton = nullptr;
     QSignalMapper *mapper = nullptr;
 };
@@ -241,7 +241,7 @@ void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
     footerLayout->addWidget(label);
 }
 
-/// The label stays behind, hidden: it is neither deleted nor used again.
+// The label stays behind, hidden: it is neither deleted nor used again.
 void VelaPagingBarPrivate::removeFooterLabel()
 {
     QLabel *label = footerLabels.back();

@@ -58,8 +58,8 @@ class VELA_EXPORT VelaPagingBar : public QWidget
     Q_OBJECT
 
 public:
-    /// A bar for @p model, which stays the client's and is to outlive it; page and item count of the model are reset to 1
-    /// and 0. Without its model a bar keeps showing what it shows.
+    /// A bar for @p model, which stays the client's and is to outlive it; page and item count of the model are reset to
+    /// 1 and 0. Without its model a bar keeps showing what it shows.
     explicit VelaPagingBar(VelaPagingModel *model, QWidget *parent = nullptr);
     ~VelaPagingBar() override;
 

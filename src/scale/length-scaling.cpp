@@ -13,7 +13,7 @@
 
 namespace {
 
-/// A length in the text: [begin, end) is its number, "px" follows.
+// A length in the text: [begin, end) is its number, "px" follows.
 struct Length
 {
     int begin;
@@ -43,7 +43,7 @@ bool isDigit(QChar character)
     return character.unicode() < 0x80 ? isAsciiDigit(character) : character.isDigit();
 }
 
-/// Start of the run of digits that ends before @p end; @p end itself if there is none.
+// Start of the run of digits that ends before end; end itself if there is none.
 int startOfDigits(const QChar *text, int end)
 {
     while (end > 0 && isDigit(text[end - 1])) {
@@ -52,7 +52,7 @@ int startOfDigits(const QChar *text, int end)
     return end;
 }
 
-/// Start of the number that ends before @p end; @p end itself if there is none.
+// Start of the number that ends before end; end itself if there is none.
 int startOfNumber(const QChar *text, int end)
 {
     const int lastRun = startOfDigits(text, end);
@@ -83,8 +83,8 @@ Lengths findLengths(const QString &sheet)
     return lengths;
 }
 
-/// A number too long to be one plain length, whose tails count as numbers too. Asked for tails from left to right it
-/// answers each in constant time.
+// A number too long to be one plain length, whose tails count as numbers too. Asked for tails from left to right it
+// answers each in constant time.
 class LongNumber
 {
 public:
@@ -107,7 +107,7 @@ public:
         }
     }
 
-    /// The value of the number from @p start, a digit, on.
+    // The value of the number from start, a digit, on.
     double valueFrom(const QChar *start)
     {
         if (start < m_pastForeignDigits) {
@@ -150,7 +150,7 @@ private:
     const QChar *m_pastNonZeroDigits;
 };
 
-/// The value of a number short enough to be one plain length.
+// The value of a number short enough to be one plain length.
 double valueOfShortNumber(const QChar *begin, const QChar *end)
 {
     static_assert(LongestWholeNumber <= ExactDigits);
@@ -170,8 +170,8 @@ double valueOfShortNumber(const QChar *begin, const QChar *end)
     return static_cast<double>(digits) / divisor;
 }
 
-/// Writes the scaled text; pieces and numbers are paired by their count, also where the tails of long numbers have put
-/// them out of step.
+// Writes the scaled text; pieces and numbers are paired by their count, also where the tails of long numbers have put
+// them out of step.
 class Writer
 {
 public:
@@ -224,7 +224,7 @@ private:
         }
     }
 
-    /// Writes the next piece of text between two lengths; nothing if there are no more.
+    // Writes the next piece of text between two lengths; nothing if there are no more.
     void writePiece()
     {
         if (m_piece > m_lengths.size()) {

@@ -18,7 +18,7 @@ namespace Vela::Private {
 
 namespace {
 
-/// Also when a menu or another window of the sheet is between the two.
+// Also when a menu or another window of the sheet is between the two.
 bool isWithin(const QObject *object, const VelaSheet *sheet)
 {
     while (object && object != sheet) {
@@ -104,14 +104,14 @@ bool SheetKeys::isUppermost() const
     return SheetStack::top(m_sheet->window()) == m_sheet;
 }
 
-/// Widgets are asked whether they want the key for themselves from the one that has the focus to its window, and what
-/// is in a menu or list that the sheet has opened to that.
+// Widgets are asked whether they want the key for themselves from the one that has the focus to its window, and what
+// is in a menu or list that the sheet has opened to that.
 bool SheetKeys::isLastToBeAsked(const QObject *watched) const
 {
     return watched == m_sheet->window() || (watched == QApplication::activePopupWidget() && isWithin(watched, m_sheet));
 }
 
-/// Of the sheet. Which access key one with Alt is depends on the keyboard's layout, and is known once it is pressed.
+// Of the sheet. Which access key one with Alt is depends on the keyboard's layout, and is known once it is pressed.
 bool SheetKeys::mayBeShortcut(const QKeyEvent *event) const
 {
     if (event->modifiers().testFlag(Qt::AltModifier) && event->key() > Qt::Key_Space && event->key() < Qt::Key_Escape) {
@@ -124,8 +124,8 @@ bool SheetKeys::mayBeShortcut(const QKeyEvent *event) const
     });
 }
 
-/// Whether it is to go no further. A button's key clicks it also where something below the sheet has the same, for
-/// which Qt would only move the focus from one to the other.
+// Whether it is to go no further. A button's key clicks it also where something below the sheet has the same, for
+// which Qt would only move the focus from one to the other.
 bool SheetKeys::takesShortcut(const QObject *watched, const QShortcutEvent *event) const
 {
     const bool isOwn = belongsTo(watched, m_sheet);

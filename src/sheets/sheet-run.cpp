@@ -73,7 +73,7 @@ void SheetRun::goDown()
     m_keys.release();
 }
 
-/// Without an answer.
+// Without an answer.
 void SheetRun::endWait()
 {
     if (m_loop && m_loop->isRunning()) { // or there is an answer already
@@ -142,7 +142,7 @@ void SheetRun::followToWindow()
     }
 }
 
-/// A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
+// A dying widget says so before it deletes its children, and the sheet is usually an object on its caller's stack.
 void SheetRun::leave(QObject *dying)
 {
     const QWidget *ancestor = m_sheet->parentWidget();

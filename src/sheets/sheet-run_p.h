@@ -70,9 +70,9 @@ private:
     SheetFocus m_focus;
     CloseButtonClaim m_closeButton;
     State m_state = State::Down;
-    QPointer<QEventLoop> m_loop; // of the last call of wait()
+    QPointer<QEventLoop> m_loop; // loop of the last call of wait()
     int m_waits = 0; // calls of wait() that have not returned
-    QPointer<QWidget> m_window; // that is watched
+    QPointer<QWidget> m_window; // window that is watched
     bool m_blocksWindowButton = true;
 };
 

@@ -3,48 +3,58 @@
 
 #include "sheets/vela-countdown-msg-box.h"
 
-#include "style-manager/style-manager.h"
-#include "utils/component-strings.h"
+#include "look/look_p.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTimer>
+
+using namespace Vela;
 
 namespace {
 
 constexpr int Second = 1000; // milliseconds
 constexpr int VisibleClick = 100; // milliseconds that the automatic click is seen
 
-QString caption(const char *key)
-{
-    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
-}
-
 } // namespace
 
-VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
-    QMessageBox(parent), m_remaining(seconds)
+class VelaCountdownMessageBoxPrivate
 {
-    connect(&m_timer, &QTimer::timeout, this, &VelaCountdownMessageBox::slotTick);
+public:
+    QTimer timer;
+    qint64 remaining = 0; // seconds; counted down from any int
+    bool isAnswered = false; // whether it was answered since it was last shown
+    QPointer<QPushButton> clicked; // button that clicks itself: seen pressed, its click still to come
+    bool isClickVoid = false;
+};
+
+VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
+    QMessageBox(parent), d(std::make_unique<VelaCountdownMessageBoxPrivate>())
+{
+    d->remaining = seconds;
+    connect(&d->timer, &QTimer::timeout, this, &VelaCountdownMessageBox::slotTick);
     connect(this, &QDialog::finished, this, [this] {
-        m_isAnswered = true;
-        m_isClickVoid = !m_clicked.isNull();
+        d->isAnswered = true;
+        d->isClickVoid = !d->clicked.isNull();
     });
-    m_timer.setInterval(Second);
-    setStyleSheet(
-        getStyleSheet("component.info_message_box", false)); // before its buttons, which would be polished again
+    d->timer.setInterval(Second);
+    setStyleSheet(Look::sheet(Style::InfoBox)); // before its buttons, which would be polished again
     setStandardButtons(QMessageBox::Ok | QMessageBox::Discard);
-    button(QMessageBox::Ok)->setStyleSheet(getStyleSheet("component.apply_button", false));
-    button(QMessageBox::Discard)->setStyleSheet(getStyleSheet("component.cancel_button", false));
-    button(QMessageBox::Discard)->setText(caption("cancel"));
+    button(QMessageBox::Ok)->setStyleSheet(Look::sheet(Style::ApplyButton));
+    button(QMessageBox::Discard)->setStyleSheet(Look::sheet(Style::CancelButton));
+    button(QMessageBox::Discard)->setText(Look::text(Text::Cancel));
     setDefaultButton(QMessageBox::Ok);
     updateButtonText();
 }
 
+VelaCountdownMessageBox::~VelaCountdownMessageBox() = default;
+
 void VelaCountdownMessageBox::updateButtonText()
 {
     if (QAbstractButton *ok = button(QMessageBox::Ok)) { // a client may have set other buttons
-        ok->setText(caption("ok") + QLatin1Char('(') + QString::number(m_remaining) + QLatin1Char(')'));
+        ok->setText(Look::text(Text::Ok) + QLatin1Char('(') + QString::number(d->remaining) + QLatin1Char(')'));
     }
 }
 
@@ -52,22 +62,22 @@ void VelaCountdownMessageBox::updateButtonText()
 void VelaCountdownMessageBox::showEvent(QShowEvent *event)
 {
     QMessageBox::showEvent(event);
-    m_isAnswered = false;
+    d->isAnswered = false;
     slotTick();
-    m_timer.start();
+    d->timer.start();
 }
 
 void VelaCountdownMessageBox::slotTick()
 {
-    --m_remaining;
-    if (m_remaining >= 0) {
+    --d->remaining;
+    if (d->remaining >= 0) {
         updateButtonText();
         return;
     }
-    m_timer.stop();
-    if (QPushButton *answer = defaultButton(); answer && !m_isAnswered) {
-        m_clicked = answer;
-        m_isClickVoid = false;
+    d->timer.stop();
+    if (QPushButton *answer = defaultButton(); answer && !d->isAnswered) {
+        d->clicked = answer;
+        d->isClickVoid = false;
         answer->installEventFilter(this);
         answer->animateClick(VisibleClick);
     }
@@ -76,12 +86,12 @@ void VelaCountdownMessageBox::slotTick()
 // The button's own timer ends the visible click. Nobody else can stop it, so a click that comes too late is not heard.
 bool VelaCountdownMessageBox::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Timer || watched != m_clicked) {
+    if (event->type() != QEvent::Timer || watched != d->clicked) {
         return QMessageBox::eventFilter(watched, event);
     }
-    m_clicked.clear();
+    d->clicked.clear();
     watched->removeEventFilter(this);
-    if (!m_isClickVoid) {
+    if (!d->isClickVoid) {
         return false;
     }
     const QSignalBlocker blocker(watched);

@@ -7,8 +7,10 @@
 #include "vela_export.h"
 
 #include <QMessageBox>
-#include <QPointer>
-#include <QTimer>
+
+#include <memory>
+
+class VelaCountdownMessageBoxPrivate;
 
 /// Message box whose Ok button counts down seconds and clicks itself at the end.
 ///
@@ -25,6 +27,7 @@ class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
 
 public:
     explicit VelaCountdownMessageBox(int seconds, QWidget *parent = nullptr);
+    ~VelaCountdownMessageBox() override;
 
     /// Writes the count into the caption of Ok.
     void updateButtonText();
@@ -40,9 +43,5 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    QTimer m_timer;
-    qint64 m_remaining; // seconds; counted down from any int
-    bool m_isAnswered = false; // since it was last shown
-    QPointer<QPushButton> m_clicked; // by itself: it is seen pressed and its click is still to come
-    bool m_isClickVoid = false;
+    const std::unique_ptr<VelaCountdownMessageBoxPrivate> d;
 };

@@ -37,7 +37,7 @@ void VelaMaskPrivate::follow()
     }
 }
 
-/// A window keeps all its masks; those that are empty leave it alone.
+// A window keeps all its masks; those that are empty leave it alone.
 void VelaMaskPrivate::rest()
 {
     content->removeEventFilter(q);
@@ -47,7 +47,7 @@ void VelaMaskPrivate::rest()
     q->hide();
 }
 
-/// Content that passes into another mask is not this one's any more.
+// Content that passes into another mask is not this one's any more.
 bool VelaMaskPrivate::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::ChildAdded && static_cast<QChildEvent *>(event)->child() == content) {

@@ -14,7 +14,7 @@ using namespace Vela;
 
 namespace {
 
-/// A kind of message where there is no window to show it in.
+// A kind of message where there is no window to show it in.
 struct BoxLook
 {
     QMessageBox::Icon icon;

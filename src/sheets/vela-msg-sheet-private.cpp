@@ -30,7 +30,7 @@ constexpr int CancelMinimumWidth = 80;
 constexpr int LineHeight = 24;
 constexpr int InformativeLineHeight = 20;
 
-/// A parent of exactly 540 gives 480, though one of 539 gives 499: sheets have this width.
+// A parent of exactly 540 gives 480, though one of 539 gives 499: sheets have this width.
 int widthIn(double parentWidth)
 {
     if (parentWidth == MaximumWidth) {
@@ -42,7 +42,7 @@ int widthIn(double parentWidth)
 
 struct TypeLook
 {
-    Image icon; // none for Image::Count
+    Image icon; // icon to show, none for Image::Count
     QDialogButtonBox::StandardButtons buttons;
 };
 
@@ -138,7 +138,7 @@ void VelaMessageSheetPrivate::setText(const QString &newText)
 void VelaMessageSheetPrivate::setInformativeText(const QString &newText)
 {
     informativeText = newText;
-    if (text.isEmpty()) {
+    if (newText.isEmpty()) {
         if (informativeLabel) {
             informativeLabel->hide();
             informativeLabel->deleteLater();
@@ -153,7 +153,7 @@ void VelaMessageSheetPrivate::setInformativeText(const QString &newText)
             informativeLabel->setOpenExternalLinks(true);
             informativeLabel->setFocusPolicy(Qt::StrongFocus);
         }
-        setParagraph(informativeLabel, text, InformativeLineHeight);
+        setParagraph(informativeLabel, newText, InformativeLineHeight);
     }
     setupLayout();
 }

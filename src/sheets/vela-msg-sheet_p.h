@@ -26,8 +26,8 @@ public:
     QString text;
     QString informativeText;
     VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
-    QPointer<QMovie> runningMovie; // that exec() has started
-    QVector<QPointer<QWidget>> focusList; // some may be deleted before it is made again
+    QPointer<QMovie> runningMovie; // movie that exec() has started
+    QVector<QPointer<QWidget>> focusList; // widgets of which some may be deleted before it is made again
     QPointer<QWidget> firstFocusWidget;
     QPointer<QWidget> lastFocusWidget;
 

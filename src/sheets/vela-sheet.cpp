@@ -16,7 +16,7 @@ namespace {
 
 constexpr int ShadowWidth = 22; // logical pixels
 
-/// Place of a piece of the shadow along one direction of the sheet.
+// Place of a piece of the shadow along one direction of the sheet.
 enum Place { Start, Middle, End };
 
 struct ShadowPiece
@@ -26,7 +26,7 @@ struct ShadowPiece
     Place vertical;
 };
 
-/// In the order in which their images are requested, so that missing ones are logged in it.
+// In the order in which their images are requested, so that missing ones are logged in it.
 constexpr ShadowPiece ShadowPieces[] = {
     // edges
     {Image::ShadowLeft, Start, Middle},

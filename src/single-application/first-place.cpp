@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto RetryDelay = 50ms; // until a lock is tried again that another process may let go of at once
+constexpr auto RetryDelay = 50ms; // pause before a lock is tried again that another process may let go of at once
 
 } // namespace
 

@@ -21,7 +21,7 @@ constexpr int AcknowledgementSize = sizeof(Acknowledgement) - 1;
 struct Message
 {
     static constexpr int HeaderSize = sizeof(quint32);
-    static constexpr quint32 MaximalSize = 64 * 1024 * 1024; // bytes without the header
+    static constexpr quint32 MaximalSize = 64 * 1024 * 1024; // bytes of the text, the header not counted
 
     /// The size of the message that has begun to come; nothing before its header is complete.
     static std::optional<quint32> announcedSize(QIODevice *device);

@@ -28,10 +28,10 @@ using Vela::FirstPlace;
 using Vela::Message;
 
 constexpr int NameLetters = 6;
-constexpr int MaximalConnections = 100; // open at once
-constexpr auto ConnectionTimeout = 10s; // without anything of a message that is not complete
-constexpr auto AcceptDelay = 100ms; // until a process that is out of descriptors tries again
-constexpr auto RetryDelay = 20ms; // until a process that is just starting is tried again
+constexpr int MaximalConnections = 100; // connections open at once
+constexpr auto ConnectionTimeout = 10s; // silence within a message that ends its connection
+constexpr auto AcceptDelay = 100ms; // pause of a process that is out of descriptors
+constexpr auto RetryDelay = 20ms; // pause before a process that is just starting is tried again
 
 // As every edition of this class names it. A person recognises the name by the label.
 QString socketNameOf(const QString &id, QString label)
@@ -103,7 +103,7 @@ private:
     bool connectToFirst(QLocalSocket *socket, const QDeadlineTimer &deadline);
 
     QtLocalPeer *const q;
-    QVector<QLocalSocket *> m_connections; // the one that has been silent longest first
+    QVector<QLocalSocket *> m_connections; // open connections, the longest silent first
 };
 
 QtLocalPeerPrivate::QtLocalPeerPrivate(QtLocalPeer *peer, const QString &appId) :

@@ -14,10 +14,10 @@ constexpr char Star = '*';
 constexpr char HeaderMark = '=';
 constexpr char LineBreak = '\n';
 
-/// QByteArray::indexOf(), but many bytes at a time where @p wanted is not close by.
+// QByteArray::indexOf(), but many bytes at a time where wanted is not close by.
 int indexOf(const QByteArray &text, char wanted, int from)
 {
-    constexpr int Close = 8; // so far looking takes no longer than the call
+    constexpr int Close = 8; // distance up to which a loop takes no longer than the call
     const char *begin = text.constData() + from;
     const char *end = text.constData() + text.size();
     const char *close = std::min(begin + Close, end);
@@ -28,8 +28,8 @@ int indexOf(const QByteArray &text, char wanted, int from)
     return found ? static_cast<int>(static_cast<const char *>(found) - text.constData()) : -1;
 }
 
-/// Takes parts out of a text, in place, from its begin to its end. A text of which nothing is taken stays
-/// shared.
+// Takes parts out of a text, in place, from its begin to its end. A text of which nothing is taken stays
+// shared.
 class Cutter
 {
 public:
@@ -43,8 +43,8 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Cutter)
 
-    /// Takes out [begin, end), which lies behind all that was cut before. What is behind it stays where it is
-    /// for now.
+    // Takes out [begin, end), which lies behind all that was cut before. What is behind it stays where it is
+    // for now.
     void cut(int begin, int end)
     {
         keepUpTo(begin);
@@ -101,14 +101,14 @@ void removeLineComments(QByteArray &text)
     }
 }
 
-/// A header line, as positions in the text, without its line break.
+// A header line, as positions in the text, without its line break.
 struct Header
 {
     int begin;
     int end;
 };
 
-/// The first header line of @p text that begins at @p from or behind; at the text's end if there is none.
+// The first header line of text that begins at from or behind; at the text's end if there is none.
 Header findHeader(const QByteArray &text, int from)
 {
     const char *characters = text.constData();
@@ -133,8 +133,8 @@ QString keyOf(const QByteArray &text, Header header)
     return key.remove(QLatin1Char(HeaderMark)).remove(QLatin1Char(' '));
 }
 
-/// The lines of @p text in [begin, end), each ended by a line break but perhaps the last, with their line
-/// breaks in front of them instead.
+// The lines of text in [begin, end), each ended by a line break but perhaps the last, with their line
+// breaks in front of them instead.
 QString linesOf(const QByteArray &text, int begin, int end)
 {
     if (begin == end) {

@@ -23,7 +23,7 @@ bool isAscii(const QByteArray &text)
     return static_cast<unsigned char>(std::accumulate(text.cbegin(), text.cend(), '\0', unite)) < 0x80;
 }
 
-/// The text in the file, valid UTF-8.
+// The text in the file, valid UTF-8.
 QByteArray readText(QFile &file)
 {
     QByteArray text = file.readAll();
@@ -35,7 +35,7 @@ QByteArray readText(QFile &file)
     return isAscii(text) ? text : QString::fromUtf8(text.constData(), text.size()).toUtf8();
 }
 
-/// The files' texts one after another, each followed by a line break so that it never runs into the next.
+// The files' texts one after another, each followed by a line break so that it never runs into the next.
 QByteArray readFiles(const std::vector<QString> &files)
 {
     QByteArray text;
@@ -53,8 +53,8 @@ QByteArray readFiles(const std::vector<QString> &files)
     return text;
 }
 
-/// Replaces each @p name by @p value, which is no shorter. Unlike QByteArray::replace() it moves a byte only
-/// once, however many matches there are.
+// Replaces each name by value, which is no shorter. Unlike QByteArray::replace() it moves a byte only
+// once, however many matches there are.
 void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value)
 {
     const std::string_view view(text.constData(), static_cast<std::size_t>(text.size()));

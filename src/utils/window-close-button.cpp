@@ -18,9 +18,9 @@
 
 namespace Vela::Private {
 
-/// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to
-/// the server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always
-/// been given these words, and in their order they withdraw all functions of the window.
+// The property's content, as programs of a 64-bit system write it: the fields are longs in memory, and what goes to
+// the server are the first elements of 32 bits of that memory, not the fields' values. Window managers have always
+// been given these words, and in their order they withdraw all functions of the window.
 struct MotifHints
 {
     long flags;
@@ -36,14 +36,14 @@ using Vela::Private::MotifHints;
 
 namespace {
 
-constexpr MotifHints DefaultHints {0, 1, 1, 0, 0}; // of a window without the property
+constexpr MotifHints DefaultHints {0, 1, 1, 0, 0}; // hints of a window without the property
 constexpr long FunctionsAreValid = 1;
 constexpr long ResizeAndMove = 6;
 constexpr long NoDecorations = 0;
 
 constexpr int ElementBits = 32;
-constexpr int ElementCount = 5; // written
-constexpr int MaximalElements = 20; // asked for
+constexpr int ElementCount = 5; // elements written
+constexpr int MaximalElements = 20; // elements asked for
 
 // By default a connection is left open on purpose, as documented. Packagers choose otherwise.
 struct CloseIfChosen

@@ -22,9 +22,9 @@ namespace {
 // Logical pixels.
 constexpr int HeaderWidth = 20000; // wider than any sum of sections: the area around the header clips it
 constexpr int HeaderHeight = 30;
-constexpr int FillerWidth = 12; // above the vertical scroll bar
+constexpr int FillerWidth = 12; // part of the header above the vertical scroll bar
 
-/// Header whose sections are as narrow as they are declared, while one that a person drags keeps a usable width.
+// Header whose sections are as narrow as they are declared, while one that a person drags keeps a usable width.
 class TableHeader : public QHeaderView
 {
 public:
@@ -46,11 +46,11 @@ protected:
 
 private:
     const int m_usableSize;
-    int m_resized = -1; // by the current move of the mouse
+    int m_resized = -1; // section that the current move of the mouse has resized
 };
 
-/// Clips the header, and follows the rows alone: no wheel, no key and no widget in the header that takes the focus
-/// scrolls it.
+// Clips the header, and follows the rows alone: no wheel, no key and no widget in the header that takes the focus
+// scrolls it.
 class HeaderArea : public QScrollArea
 {
 public:

@@ -3,16 +3,23 @@
 
 #include "views/vela-tree-widget.h"
 
+#include "look/look_p.h"
+#include "look/metrics_p.h"
+#include "scale/dpi-info.h"
 #include "scale/scaled.h"
-#include "style-manager/style-manager.h"
 
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPersistentModelIndex>
 #include <QPixmapCache>
 #include <QRegExpValidator>
 #include <QScrollBar>
+
+#include <optional>
+
+using namespace Vela;
 
 QRect g_check_rect;
 
@@ -21,8 +28,7 @@ namespace {
 // Logical pixels.
 constexpr int HighlightRadius = 3;
 constexpr int HighlightRightMargin = 3;
-constexpr int RowHeight = 28;
-constexpr int VisibleWidth = 100; // of an item that need not be scrolled to
+constexpr int VisibleWidth = 100; // part of an item that is in view without scrolling
 
 constexpr int OutlineWidth = 1; // pixels, half of it within the highlight
 
@@ -42,7 +48,7 @@ void paintHighlight(QPainter *painter, const QRect &rect, const QColor &color)
     painter->restore();
 }
 
-/// Where the outline is one device pixel wide, it takes longer to paint than two rows, so that its picture is kept.
+// Where the outline is one device pixel wide, it takes longer to paint than two rows, so that its picture is kept.
 void drawHighlight(QPainter *painter, const QRect &rect, const QColor &color)
 {
     if (rect.isEmpty() || painter->deviceTransform().type() > QTransform::TxTranslate) {
@@ -65,17 +71,47 @@ void drawHighlight(QPainter *painter, const QRect &rect, const QColor &color)
 
 } // namespace
 
-VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent)
+class VelaTreeWidgetPrivate
+{
+public:
+    explicit VelaTreeWidgetPrivate(VelaTreeWidget *tree) : q(tree) { }
+
+    QPoint pointer() const;
+    QModelIndex rowUnderPointer() const;
+    QRegion regionOfRowsToPaint(const QRegion &region) const;
+    void updateHoveredRow();
+
+    VelaTreeWidget *const q;
+    QColor selectedColor;
+    QColor hoverColor;
+    QPersistentModelIndex hoveredRow; // highlighted row, as it is painted or will be by the updates that are due
+    bool isPaintOfAllDue = false; // so that no row need be updated by itself
+    std::optional<QPoint> paintPointer; // pointer's place during a paint
+};
+
+VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent), d(std::make_unique<VelaTreeWidgetPrivate>(this))
 {
     viewport()->setAttribute(Qt::WA_Hover); // or rows would not be painted again when the pointer moves
     // The base paints the rows again, but not what the outline covers of their neighbours.
     connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
 }
 
+VelaTreeWidget::~VelaTreeWidget() = default;
+
 void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
-    selectedColor = selected;
-    hoverColor = hover;
+    d->selectedColor = selected;
+    d->hoverColor = hover;
+}
+
+QColor VelaTreeWidget::selectedColor() const
+{
+    return d->selectedColor;
+}
+
+QColor VelaTreeWidget::hoverColor() const
+{
+    return d->hoverColor;
 }
 
 void VelaTreeWidget::updateScrollArea(QTreeWidgetItem *item)
@@ -124,7 +160,7 @@ bool VelaTreeWidget::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove
         || event->type() == QEvent::HoverLeave) {
-        updateHoveredRow();
+        d->updateHoveredRow();
     }
     return QTreeWidget::viewportEvent(event);
 }
@@ -132,24 +168,24 @@ bool VelaTreeWidget::viewportEvent(QEvent *event)
 // The pointer is looked up once for all rows, as asking an X server takes longer than painting a row.
 void VelaTreeWidget::paintEvent(QPaintEvent *event)
 {
-    paintPointer = pointer();
-    QPaintEvent withNeighbours(regionOfRowsToPaint(event->region()));
+    d->paintPointer = d->pointer();
+    QPaintEvent withNeighbours(d->regionOfRowsToPaint(event->region()));
     QTreeWidget::paintEvent(&withNeighbours);
-    updateHoveredRow(); // rows move under a pointer at rest, too
-    isPaintOfAllDue = false;
-    paintPointer.reset();
+    d->updateHoveredRow(); // rows move under a pointer at rest, too
+    d->isPaintOfAllDue = false;
+    d->paintPointer.reset();
 }
 
 // A row that is highlighted has its outline on its neighbours, too, one of which may be all that is to be painted.
-QRegion VelaTreeWidget::regionOfRowsToPaint(const QRegion &region) const
+QRegion VelaTreeWidgetPrivate::regionOfRowsToPaint(const QRegion &region) const
 {
     QRegion rows = region;
     const QModelIndex hovered = rowUnderPointer();
     for (const QRect &rect : region) {
         for (const int y : {rect.top() - OutlineWidth, rect.bottom() + OutlineWidth}) {
-            const QModelIndex row = indexAt(QPoint(0, y));
-            if (row.isValid() && (row == hovered || selectionModel()->isRowSelected(row.row(), row.parent()))) {
-                rows += QRect(0, y, viewport()->width(), OutlineWidth);
+            const QModelIndex row = q->indexAt(QPoint(0, y));
+            if (row.isValid() && (row == hovered || q->selectionModel()->isRowSelected(row.row(), row.parent()))) {
+                rows += QRect(0, y, q->viewport()->width(), OutlineWidth);
             }
         }
     }
@@ -159,30 +195,30 @@ QRegion VelaTreeWidget::regionOfRowsToPaint(const QRegion &region) const
 void VelaTreeWidget::scrollContentsBy(int dx, int dy)
 {
     QTreeWidget::scrollContentsBy(dx, dy);
-    const bool isJump = qAbs(dy) > viewport()->height() / scaled(RowHeight);
+    const bool isJump = qAbs(dy) > viewport()->height() / scaled(Metric::RowHeight);
     if (dx != 0 || isJump) {
         viewport()->update(); // the ends of highlights stay where they are; after a jump the base does so, too
-        isPaintOfAllDue = true; // or else looking for the row that was highlighted would walk all rows between
-    } else if (viewport()->underMouse() || hoveredRow.isValid()) {
-        updateHoveredRow(); // the next paint would do so too late for itself
+        d->isPaintOfAllDue = true; // or else looking for the row that was highlighted would walk all rows between
+    } else if (viewport()->underMouse() || d->hoveredRow.isValid()) {
+        d->updateHoveredRow(); // the next paint would do so too late for itself
     }
 }
 
-QPoint VelaTreeWidget::pointer() const
+QPoint VelaTreeWidgetPrivate::pointer() const
 {
-    return paintPointer ? *paintPointer : mapFromGlobal(QCursor::pos());
+    return paintPointer ? *paintPointer : q->mapFromGlobal(QCursor::pos());
 }
 
-QModelIndex VelaTreeWidget::rowUnderPointer() const
+QModelIndex VelaTreeWidgetPrivate::rowUnderPointer() const
 {
     const QPoint position = pointer();
-    const bool isWithin = position.x() >= 0 && position.x() < viewport()->width();
-    return isWithin ? indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
+    const bool isWithin = position.x() >= 0 && position.x() < q->viewport()->width();
+    return isWithin ? q->indexAt(QPoint(0, position.y() - FrameWidth)) : QModelIndex();
 }
 
 // The base paints the row under the pointer again, which is not always the one that is highlighted, and nothing of what
 // the outline covers of its neighbours.
-void VelaTreeWidget::updateHoveredRow()
+void VelaTreeWidgetPrivate::updateHoveredRow()
 {
     const QModelIndex row = rowUnderPointer();
     if (row == hoveredRow) {
@@ -190,8 +226,8 @@ void VelaTreeWidget::updateHoveredRow()
     }
     if (!isPaintOfAllDue) {
         for (const QModelIndex &changed : {QModelIndex(hoveredRow), row}) {
-            const QRect rect = visualRect(changed);
-            viewport()->update(0, rect.top() - 1, viewport()->width(), rect.height() + 2);
+            const QRect rect = q->visualRect(changed);
+            q->viewport()->update(0, rect.top() - 1, q->viewport()->width(), rect.height() + 2);
         }
     }
     hoveredRow = row;
@@ -201,11 +237,11 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
     const bool isSelected = selectionModel()->isRowSelected(index.row(), index.parent());
-    if (item && (isSelected || option.rect.translated(0, FrameWidth).contains(pointer()))) {
+    if (item && (isSelected || option.rect.translated(0, FrameWidth).contains(d->pointer()))) {
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
         highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));
-        drawHighlight(painter, highlight, isSelected ? selectedColor : hoverColor);
+        drawHighlight(painter, highlight, isSelected ? d->selectedColor : d->hoverColor);
     }
 
     // Whether a row can be checked is what marks it as active in this tree.
@@ -216,11 +252,17 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
     QTreeWidget::drawRow(painter, rowOption, index);
 }
 
+class ItemDelegatePrivate
+{
+};
+
 ItemDelegate::ItemDelegate() = default;
+
+ItemDelegate::~ItemDelegate() = default;
 
 QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    return {QItemDelegate::sizeHint(option, index).width(), scaled(RowHeight)};
+    return {QItemDelegate::sizeHint(option, index).width(), scaled(Metric::RowHeight)};
 }
 
 void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
@@ -229,7 +271,7 @@ void ItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
         auto *validator = new QRegExpValidator(QRegExp(QString::fromLatin1(FolderNamePattern)));
         connect(lineEdit, &QObject::destroyed, validator, [validator] { delete validator; }); // editors do not own it
         lineEdit->setValidator(validator);
-        lineEdit->setStyleSheet(getStyleSheet("component.tree_item", false));
+        lineEdit->setStyleSheet(Look::sheet(Style::TreeItem));
         lineEdit->setAttribute(Qt::WA_MacShowFocusRect, false);
         lineEdit->selectAll();
     }
@@ -253,6 +295,10 @@ void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &opti
     g_check_rect = rect;
     QItemDelegate::drawCheck(painter, option, rect, state);
 }
+
+class FileSystemTreeWidgetItemPrivate
+{
+};
 
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0) { }
 

@@ -7,14 +7,15 @@
 
 #include <QColor>
 #include <QItemDelegate>
-#include <QPersistentModelIndex>
-#include <QPoint>
 #include <QTreeWidget>
 
-#include <optional>
+#include <memory>
 
+class FileSystemTreeWidgetItemPrivate;
+class ItemDelegatePrivate;
 class QKeyEvent;
 class QMouseEvent;
+class VelaTreeWidgetPrivate;
 
 /// Where the last check indicator was drawn by any ItemDelegate, in the coordinates of its view's viewport: to decide
 /// whether a click fell on it. Null until the first is drawn; after a paint it is that of the last row painted.
@@ -34,9 +35,13 @@ class VELA_EXPORT VelaTreeWidget : public QTreeWidget
 
 public:
     explicit VelaTreeWidget(QWidget *parent = nullptr);
+    ~VelaTreeWidget() override;
 
     /// Sets the colours of the highlight; before that it is black.
     void setBackgroundColor(QColor selected, QColor hover);
+    /// Those colours; invalid ones before.
+    QColor selectedColor() const;
+    QColor hoverColor() const;
     /// Scrolls sideways so that the beginning of @p item is in view.
     void updateScrollArea(QTreeWidgetItem *item);
 
@@ -56,16 +61,7 @@ protected:
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 private:
-    QPoint pointer() const;
-    QModelIndex rowUnderPointer() const;
-    QRegion regionOfRowsToPaint(const QRegion &region) const;
-    void updateHoveredRow();
-
-    QColor selectedColor;
-    QColor hoverColor;
-    QPersistentModelIndex hoveredRow; // as it is painted, or will be by the updates that are due
-    bool isPaintOfAllDue = false; // so that no row need be updated by itself
-    std::optional<QPoint> paintPointer; // during a paint
+    const std::unique_ptr<VelaTreeWidgetPrivate> d;
 };
 
 /// Delegate for a VelaTreeWidget: tall rows, and an editor that accepts valid names of folders only.
@@ -75,6 +71,7 @@ class VELA_EXPORT ItemDelegate : public QItemDelegate
 
 public:
     ItemDelegate();
+    ~ItemDelegate() override;
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
@@ -87,6 +84,9 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
     void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
                    Qt::CheckState state) const override;
+
+private:
+    const std::unique_ptr<ItemDelegatePrivate> d;
 };
 
 /// Item for a folder; in ascending order nothing sorts before the one whose path is "home".
@@ -103,4 +103,7 @@ public:
 
     QString path;
     qint64 clientData; ///< the client's; 0 at first, never read here
+
+private:
+    const std::unique_ptr<FileSystemTreeWidgetItemPrivate> d;
 };

@@ -17,7 +17,7 @@
 #include <QLineEdit>
 #include <QtTest>
 
-/// What a screen reader is told of each control.
+// What a screen reader is told of each control.
 class AccessibleControlsTest : public QObject
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace {
 const QSet<int> Releases {QEvent::MouseButtonRelease};
 const QSet<int> Buttons {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
 
-/// A widget that takes the focus, in a window, under a filter.
+// A widget that takes the focus, in a window, under a filter.
 class FilteredWindow : public ControlWindow
 {
 public:
@@ -38,7 +38,7 @@ public:
     }
 };
 
-/// The types of the events that a widget handles itself.
+// The types of the events that a widget handles itself.
 class Recorder : public QWidget
 {
 public:

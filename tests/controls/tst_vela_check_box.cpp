@@ -41,7 +41,7 @@ enum { Check, Radio };
 
 const QString Caption = QStringLiteral("A &caption");
 
-/// What stands in the style-sheet file, with its lengths at the expected scale.
+// What stands in the style-sheet file, with its lengths at the expected scale.
 QString expectedSheet(int kind)
 {
     QString sheet = QLatin1Char('\n') + QLatin1String(Rules).arg(QLatin1String(Kinds[kind].base));
@@ -59,7 +59,7 @@ std::unique_ptr<QAbstractButton> create(int kind, const QString &text = Caption,
     return std::make_unique<VelaRadioButton>(text, parent);
 }
 
-/// The toolkit's own with the same sheet.
+// The toolkit's own with the same sheet.
 std::unique_ptr<QAbstractButton> createPlain(int kind, const QString &text = Caption, QWidget *parent = nullptr)
 {
     std::unique_ptr<QAbstractButton> button;
@@ -72,7 +72,7 @@ std::unique_ptr<QAbstractButton> createPlain(int kind, const QString &text = Cap
     return button;
 }
 
-/// What a button says of itself, in order.
+// What a button says of itself, in order.
 class SignalRecorder : public QObject
 {
 public:

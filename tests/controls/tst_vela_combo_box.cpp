@@ -27,7 +27,7 @@ const QString OddDpi = QStringLiteral("100");
 const char FullTemplate[] = "QComboBox { min-width: 111px; background: yellow; combobox-popup: 0; %1\n%2 }\n"
                             "QComboBox QAbstractItemView::item { min-height: 41px; background: cyan }";
 
-/// Six logical pixels, as text.
+// Six logical pixels, as text.
 QString expectedPad()
 {
     const QMap<double, QString> known {
@@ -54,7 +54,7 @@ QStringList letters(int count)
     return texts;
 }
 
-/// The toolkit's own with the same sheet and delegate.
+// The toolkit's own with the same sheet and delegate.
 std::unique_ptr<QComboBox> createPlain(QWidget *parent = nullptr)
 {
     auto plain = std::make_unique<QComboBox>(parent);
@@ -63,7 +63,7 @@ std::unique_ptr<QComboBox> createPlain(QWidget *parent = nullptr)
     return plain;
 }
 
-/// What a combo box says of itself, in order.
+// What a combo box says of itself, in order.
 class SignalRecorder : public QObject
 {
 public:

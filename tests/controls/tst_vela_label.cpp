@@ -18,7 +18,7 @@ constexpr char Sheets[] = "== component.label ==\n"
 const QString LongText = QStringLiteral("A sentence of some length, which takes more lines the narrower the label is, "
                                         "so that the height that it needs can be told from the width that it has.");
 
-/// The height that a plain label of the same look needs at @p width.
+// The height that a plain label of the same look needs at width.
 int neededHeight(const QLabel &label, int width)
 {
     QLabel plain(label.text());
@@ -28,7 +28,7 @@ int neededHeight(const QLabel &label, int width)
     return plain.heightForWidth(width);
 }
 
-/// A label in a window without a layout, so that a test alone decides its size.
+// A label in a window without a layout, so that a test alone decides its size.
 class LabelWindow : public QWidget
 {
 public:

@@ -25,7 +25,7 @@ constexpr char Sheets[] = "== component.lineedit_label ==\n"
                           "QLineEdit { background: white; border: 3px solid black; min-height: 21px }\n"
                           "QLineEdit[error=\"true\"] { background: red }\n";
 
-/// Counts what becomes of widgets; the style under all style sheets.
+// Counts what becomes of widgets; the style under all style sheets.
 class CountingStyle : public QProxyStyle
 {
 public:
@@ -48,7 +48,7 @@ public:
     QVector<QWidget *> unpolished;
 };
 
-/// Names of the dynamic properties that an object is told of.
+// Names of the dynamic properties that an object is told of.
 class PropertyChanges : public QObject
 {
 public:
@@ -69,7 +69,7 @@ private:
     QList<QByteArray> m_names;
 };
 
-/// The arguments of each call of the validators below, which are plain functions.
+// The arguments of each call of the validators below, which are plain functions.
 QStringList g_asked;
 
 bool isNotEmpty(const QString &text)

@@ -18,7 +18,7 @@ QRect area()
     return QGuiApplication::primaryScreen()->availableGeometry();
 }
 
-/// Where a menu goes that begins at @p start, along one direction of the area.
+// Where a menu goes that begins at start, along one direction of the area.
 int expectedStart(int start, int size, int first, int last)
 {
     if (first > start) {
@@ -32,7 +32,7 @@ int expectedStart(int start, int size, int first, int last)
 
 } // namespace
 
-/// Shows the menu without opening it, so that nothing but showing it decides where it goes.
+// Shows the menu without opening it, so that nothing but showing it decides where it goes.
 class ShownMenu : public VelaMenu
 {
 public:

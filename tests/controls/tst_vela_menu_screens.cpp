@@ -58,7 +58,7 @@ public:
 
 } // namespace
 
-/// Two screens side by side, the second one lower: a position tells which one is meant.
+// Two screens side by side, the second one lower: a position tells which one is meant.
 class VirtualDesktopTest : public QObject
 {
     Q_OBJECT
@@ -125,7 +125,7 @@ void VirtualDesktopTest::outsideOfAllScreensTheFirstOneCounts()
     QCOMPARE(menu.placeWhenShownAt(QPoint(-300, -300)), QPoint(0, 0));
 }
 
-/// The same with panels around the second screen, so that a menu on it can be outside of the available area.
+// The same with panels around the second screen, so that a menu on it can be outside of the available area.
 class VirtualDesktopWithPanelsTest : public QObject
 {
     Q_OBJECT
@@ -165,8 +165,8 @@ void VirtualDesktopWithPanelsTest::aMenuIsKeptFromThePanelsAtTheFarEdges()
     QCOMPARE(menu.placeWhenShownAt(screen(1)->geometry().bottomRight()), last);
 }
 
-/// Two screens that each begin at 0, so that only a window tells which one is meant; panels around the first, larger
-/// one.
+// Two screens that each begin at 0, so that only a window tells which one is meant; panels around the first, larger
+// one.
 class SeparateScreensTest : public QObject
 {
     Q_OBJECT
@@ -243,7 +243,7 @@ QStringList words(const char *text)
     return QString::fromLatin1(text).split(QLatin1Char(' '));
 }
 
-/// Runs this program again on @p server; @p workArea is what is left between panels, empty where there are none.
+// Runs this program again on server; workArea is what is left between panels, empty where there are none.
 int runOn(const XServer &server, const char *arrangement, const QVector<quint32> &workArea,
           const QStringList &arguments)
 {

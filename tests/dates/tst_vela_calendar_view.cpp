@@ -45,7 +45,7 @@ int countReddish(const QImage &image)
 
 } // namespace
 
-/// Of a view that has no parent, or that lies in a window.
+// Of a view that has no parent, or that lies in a window.
 using Change = std::function<void(VelaCalanderView *view, QWidget *window)>;
 Q_DECLARE_METATYPE(Change)
 
@@ -54,6 +54,7 @@ class VelaCalendarViewTest : public CalendarTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void itTellsItsLimits();
     void theViewDeclaresASignalAndThreeSlotsInOrder();
     void theParentMayBeLeftOut();
     void theViewsItemsAreInert();
@@ -787,6 +788,15 @@ void VelaCalendarViewTest::aViewCanBeDeletedWhileItsYearIsEdited()
     const QSignalSpy turned(calendar->widget(), &QCalendarWidget::currentPageChanged);
     calendar.reset();
     QCOMPARE(turned.count(), 1); // by the end of the editing, when there is no view any longer
+}
+
+void VelaCalendarViewTest::itTellsItsLimits()
+{
+    VelaCalanderView view;
+    view.setMinimumDate(QDate(2026, 2, 3));
+    view.setMaximumDate(QDate(2026, 4, 5));
+    QCOMPARE(view.minimumDate(), QDate(2026, 2, 3));
+    QCOMPARE(view.maximumDate(), QDate(2026, 4, 5));
 }
 
 QTEST_MAIN(VelaCalendarViewTest)

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QJsonDocument>
+#include <QListView>
 #include <QMenu>
 #include <QPointer>
 
@@ -21,7 +22,7 @@ namespace {
 
 const QString EmptyText = QStringLiteral("no date");
 
-/// Installs the texts of one of the reference theme's languages.
+// Installs the texts of one of the reference theme's languages.
 void installTextsOf(const QString &fileName)
 {
     QFile file(fileName);
@@ -34,7 +35,7 @@ void installTextsOf(const QString &fileName)
     ComponentStrings::getInstance()->installStrings(texts);
 }
 
-/// A date selector in a window, with room around, and its popup.
+// A date selector in a window, with room around, and its popup.
 class ShownSelector : public Calendar
 {
 public:
@@ -54,7 +55,7 @@ public:
     bool isOpen() const { return view->isVisible(); }
     QDate date() const { return selector->currentData().toDate(); }
 
-    /// A combo box does not let a release close the popup as long as it may belong to the click that has opened it.
+    // A combo box does not let a release close the popup as long as it may belong to the click that has opened it.
     static void waitForTheSecondClick() { QTest::qWait(QApplication::doubleClickInterval() + 50); }
 
     VelaDateSelector *const selector;
@@ -114,6 +115,9 @@ private Q_SLOTS:
     // The last: the reference theme's texts and sheets stay.
     void thePopupFitsItsCalendarInTheReferenceTheme_data();
     void thePopupFitsItsCalendarInTheReferenceTheme();
+
+    void withAnotherViewItStillTakesDates();
+    void itTellsItsDate();
 };
 
 void VelaDateSelectorTest::init()
@@ -673,6 +677,30 @@ void VelaDateSelectorTest::thePopupFitsItsCalendarInTheReferenceTheme()
     QVERIFY(shown.yearEdit()->width() >= shown.yearEdit()->minimumSizeHint().width());
     QVERIFY(shown.bar()->rect().contains(shown.yearEdit()->geometry()));
     shown.key(Qt::Key_Escape);
+}
+
+void VelaDateSelectorTest::itTellsItsDate()
+{
+    VelaDateSelector selector(QStringLiteral("none"));
+    QCOMPARE(selector.date(), QDate());
+    selector.dateSelect(QDate(2026, 2, 28));
+    QCOMPARE(selector.date(), QDate(2026, 2, 28));
+    selector.dateSelect(QDate());
+    QCOMPARE(selector.date(), QDate());
+    selector.dateSelect(QDate(2026, 3, 1));
+    selector.clearDate();
+    QCOMPARE(selector.date(), QDate());
+}
+
+void VelaDateSelectorTest::withAnotherViewItStillTakesDates()
+{
+    VelaDateSelector selector(QStringLiteral("none"));
+    selector.setView(new QListView);
+    QCOMPARE(selector.getCalendarView(), nullptr);
+    selector.dateSelect(QDate(2026, 2, 28));
+    QCOMPARE(selector.date(), QDate(2026, 2, 28));
+    selector.clearDate();
+    QCOMPARE(selector.date(), QDate());
 }
 
 QTEST_MAIN(VelaDateSelectorTest)

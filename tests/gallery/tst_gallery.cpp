@@ -30,7 +30,7 @@ struct Result
     QString errors;
 };
 
-/// Something to break in a theme folder that is otherwise whole.
+// Something to break in a theme folder that is otherwise whole.
 struct Damage
 {
     const char *name;
@@ -68,7 +68,7 @@ QByteArray applyButtonSheet(const char *color)
     return QByteArray("== component.apply_button ==\nQPushButton { background-color: ") + color + "; border: none; }\n";
 }
 
-/// A theme that is as small as can be.
+// A theme that is as small as can be.
 void writeTheme(const ResourceFolder &theme)
 {
     theme.writeCatalogue({}, {});
@@ -76,7 +76,7 @@ void writeTheme(const ResourceFolder &theme)
     theme.writeFile(QStringLiteral("styles/a.qss"), applyButtonSheet("#ff0000"));
 }
 
-/// Titles of the windows that a window manager has on the display.
+// Titles of the windows that a window manager has on the display.
 QStringList titles(const XConnection &x)
 {
     QStringList titles;
@@ -103,7 +103,7 @@ QSet<QRgb> colorsOf(const QImage &image)
 
 } // namespace
 
-/// Runs the program as a person would.
+// Runs the program as a person would.
 class GalleryTest : public QObject
 {
     Q_OBJECT
@@ -188,7 +188,7 @@ Result GalleryTest::runForScreenshots(const QStringList &arguments) const
     return run(arguments + QStringList {QStringLiteral("--screenshots"), m_folder->filePath(QStringLiteral("shots"))});
 }
 
-/// The page of buttons only.
+// The page of buttons only.
 Result GalleryTest::runForScreenshot(const QStringList &arguments) const
 {
     return runForScreenshots(arguments + QStringList {QStringLiteral("--page"), QStringLiteral("buttons")});
@@ -308,7 +308,7 @@ void GalleryTest::theWindowStaysOpen()
     QVERIFY(process.waitForFinished(PatienceMs));
 }
 
-/// The sockets of those that run.
+// The sockets of those that run.
 QStringList GalleryTest::sockets() const
 {
     return QDir(m_folder->filePath(QStringLiteral("t")))

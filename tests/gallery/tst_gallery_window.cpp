@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Of a start with @p arguments behind the program's name.
+// Of a start with arguments behind the program's name.
 QString instanceId(const QStringList &arguments)
 {
     CommandLine commandLine;
@@ -72,7 +72,7 @@ void GalleryWindowTest::cleanup()
     m_window.reset();
 }
 
-/// The button of that text that takes clicks, which is not one of those that only show a state.
+// The button of that text that takes clicks, which is not one of those that only show a state.
 QAbstractButton *GalleryWindowTest::button(const QString &text) const
 {
     const QList<QAbstractButton *> buttons = m_window->findChildren<QAbstractButton *>();
@@ -82,7 +82,7 @@ QAbstractButton *GalleryWindowTest::button(const QString &text) const
     return found == buttons.end() ? nullptr : *found;
 }
 
-/// The lines of the log without their times.
+// The lines of the log without their times.
 QStringList GalleryWindowTest::loggedLines() const
 {
     QStringList lines = m_window->findChild<QPlainTextEdit *>()->toPlainText().split(u'\n', Qt::SkipEmptyParts);

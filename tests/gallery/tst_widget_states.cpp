@@ -41,7 +41,7 @@ struct State
     void (*bringAbout)(QWindow *window, QAbstractButton *button);
 };
 
-/// What is seen of @p widget on the ground of its window.
+// What is seen of widget on the ground of its window.
 QImage picture(const QWidget *widget)
 {
     QCoreApplication::processEvents();

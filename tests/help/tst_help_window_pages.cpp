@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Records what is asked to be opened outside.
+// Records what is asked to be opened outside.
 class ExternalLinks : public QObject
 {
     Q_OBJECT

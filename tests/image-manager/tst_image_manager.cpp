@@ -33,7 +33,7 @@ QColor colorOf(const QPixmap &pixmap)
     return pixmap.toImage().pixelColor(pixmap.width() / 2, pixmap.height() / 2);
 }
 
-/// Something with edges, gradients and alpha, so that the way of scaling shows.
+// Something with edges, gradients and alpha, so that the way of scaling shows.
 QImage drawing(const QSize &size)
 {
     QImage image(size, QImage::Format_ARGB32);
@@ -144,7 +144,7 @@ void ImageManagerTest::init()
     m_folder->setAsPaths();
 }
 
-/// Initialises without a word.
+// Initialises without a word.
 void ImageManagerTest::initialize(InitializeType type) const
 {
     LogCapture log;

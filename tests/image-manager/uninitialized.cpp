@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstring>
 
-/// Ends normally only if the library fails to abort it.
+// Ends normally only if the library fails to abort it.
 int main(int argc, char **argv)
 {
     const QGuiApplication application(argc, argv);

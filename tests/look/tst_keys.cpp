@@ -36,7 +36,7 @@ namespace {
 
 using Names = QSet<QString>;
 
-/// Names that @p entries have in the field @p name.
+// Names that entries have in the field name.
 template<typename Entry, std::size_t Size>
 Names namesOf(const Entry (&entries)[Size], const char *Entry::*name)
 {
@@ -54,7 +54,7 @@ QStringList sorted(const Names &names)
     return list;
 }
 
-/// What makes itself heard of names that are not installed.
+// What makes itself heard of names that are not installed.
 class Requests
 {
 public:
@@ -86,7 +86,7 @@ private:
     Names m_texts;
 };
 
-/// Every widget of the library, in every state that asks for something of its own, below one window.
+// Every widget of the library, in every state that asks for something of its own, below one window.
 class AllWidgets : public QWidget
 {
 public:
@@ -156,7 +156,7 @@ private:
     ItemDelegate m_delegate;
 };
 
-/// Shows each message that has no window to be shown in, calls @p visit with its box and closes it.
+// Shows each message that has no window to be shown in, calls visit with its box and closes it.
 void visitBoxes(const std::function<void(QWidget *)> &visit)
 {
     const auto title = QStringLiteral("title");
@@ -176,7 +176,7 @@ void visitBoxes(const std::function<void(QWidget *)> &visit)
     }
 }
 
-/// Class names, those of the bases too, and "#" with the object names of @p root and all below it.
+// Class names, those of the bases too, and "#" with the object names of root and all below it.
 Names reachedFrom(const QWidget *root)
 {
     QList<const QWidget *> widgets {root};
@@ -194,13 +194,13 @@ Names reachedFrom(const QWidget *root)
     return names;
 }
 
-/// Stands in the section of @p entry and nowhere else.
+// Stands in the section of entry and nowhere else.
 QString markerOf(const Vela::StyleEntry &entry)
 {
     return QLatin1String("Marker") + QString::number(static_cast<int>(entry.style)) + QLatin1Char('_');
 }
 
-/// Adds to @p reached, by key, what rules reach on @p root and below it.
+// Adds to reached, by key, what rules reach on root and below it.
 void collectReached(const QWidget *root, QMap<QString, Names> &reached)
 {
     QList<const QWidget *> widgets {root};

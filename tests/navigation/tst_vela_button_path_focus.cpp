@@ -13,7 +13,7 @@
 
 namespace {
 
-/// A bar between two others that take the focus.
+// A bar between two others that take the focus.
 class Neighbours : public PathWindow
 {
 public:

@@ -16,8 +16,8 @@ namespace {
 
 using Reaction = void (*)(VelaButtonPath *, const QString &);
 
-/// Has the focus, and refreshes a bar with its own path when a closing menu gives it back, as a list in step with the
-/// bar would. (Window managers give and take the focus of windows when they get round to it, a menu being open or not.)
+// Has the focus, and refreshes a bar with its own path when a closing menu gives it back, as a list in step with the
+// bar would. (Window managers give and take the focus of windows when they get round to it, a menu being open or not.)
 class Follower : public QWidget
 {
 public:
@@ -38,7 +38,7 @@ public:
         return hasFocus();
     }
 
-    /// How many there were since the focus was taken.
+    // How many there were since the focus was taken.
     int popupClosings() const { return m_popupClosings; }
 
 protected:
@@ -119,7 +119,7 @@ void VelaButtonPathSlotsTest::aRefreshAsTheMenuClosesLosesNoChoice()
     QCOMPARE(window.chosen.at(1).at(0).toString(), QStringLiteral("first"));
 }
 
-/// What a client's slot may do to the bar while it hears of a click.
+// What a client's slot may do to the bar while it hears of a click.
 void VelaButtonPathSlotsTest::addReactions()
 {
     QTest::addColumn<Reaction>("react");
@@ -165,7 +165,7 @@ void VelaButtonPathSlotsTest::addReactions()
     }
 }
 
-/// That @p window is in order after a slot's reaction to a click on @p source.
+// That window is in order after a slot's reaction to a click on source.
 void VelaButtonPathSlotsTest::checkAfterReaction(PathWindow *window, const QPointer<QObject> &source,
                                                  const QString &path)
 {

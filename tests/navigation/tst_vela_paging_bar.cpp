@@ -1,176 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "component/paging/vela-paging-bar.h"
-#include "component/vela-button.h"
 #include "image-manager/image-manager.h"
-#include "style-manager/style-manager.h"
-#include "support/controls.h"
-#include "support/environment.h"
+#include "navigation/paging-test.h"
 #include "support/log-capture.h"
-#include "support/resource-folder.h"
-#include "utils/component-strings.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QSignalMapper>
-#include <QtTest>
 
-#include <algorithm>
 #include <climits>
 #include <memory>
-
-namespace {
-
-const char Sheets[] = "== component.select_paging_button ==\nQPushButton { background: #0000ff; border: none }\n"
-                      "== component.nonselect_paging_button ==\nQPushButton { background: #808080; border: none }\n"
-                      "== component.icon_button ==\nQToolButton { border: none; padding: 0px }\n"
-                      "== component.paging_bar_border ==\n#PAGINGBARBORDER { background: #123456 }\n"
-                      "== component.paging_bar_label ==\nQLabel { background: #ff0000; padding-left: 5px }\n"
-                      "== component.paging_bar_rightmost_label ==\nQLabel { background: #00ff00; padding-left: 5px }\n";
-
-const QString BarImages[] = {
-    QStringLiteral("bt_pagebar_backend"), QStringLiteral("bt_pagebar_back"),    QStringLiteral("bt_pagebar_next"),
-    QStringLiteral("bt_pagebar_nextend"), QStringLiteral("bt_pagebar_refresh"),
-};
-
-enum Navigation { First, BackFive, ForwardFive, Last };
-
-constexpr int BarWidth = 850; // logical pixels; fits on a screen at any scale
-
-QString ordinarySheet()
-{
-    return getStyleSheet("component.paging_bar_label", false);
-}
-
-QString rightmostSheet()
-{
-    return getStyleSheet("component.paging_bar_rightmost_label", false);
-}
-
-int leftOf(const QWidget *widget, const QWidget *bar)
-{
-    return widget->mapTo(bar, QPoint(0, 0)).x();
-}
-
-int rightOf(const QWidget *widget, const QWidget *bar)
-{
-    return leftOf(widget, bar) + widget->width();
-}
-
-template<typename Widget>
-QList<Widget *> sortedByPlace(QList<Widget *> widgets, const QWidget *bar)
-{
-    std::sort(widgets.begin(), widgets.end(),
-              [bar](const Widget *left, const Widget *right) { return leftOf(left, bar) < leftOf(right, bar); });
-    return widgets;
-}
-
-} // namespace
-
-/// A shown bar with its model; everything in it is found by where it is on screen.
-class BarWindow : public QWidget
-{
-public:
-    explicit BarWindow(int rowLimit = 50, int itemCount = -1) :
-        model(rowLimit),
-        bar(new VelaPagingBar(&model, this)),
-        pageChanged(bar, &VelaPagingBar::sigPageChanged),
-        refreshed(bar, &VelaPagingBar::sigRefresh)
-    {
-        if (itemCount >= 0) {
-            bar->setItemCount(itemCount);
-        }
-        bar->resize(expectedPixels(BarWidth), expectedPixels(29));
-        resize(bar->size());
-    }
-    ~BarWindow() override { delete bar; } // before its model
-
-    bool showAndWait()
-    {
-        show();
-        return QTest::qWaitForWindowExposed(this);
-    }
-
-    QList<VelaButton *> pageButtons() const { return sortedByPlace(bar->findChildren<VelaButton *>(), bar); }
-    QList<VelaIconButton *> iconButtons() const { return sortedByPlace(bar->findChildren<VelaIconButton *>(), bar); }
-    VelaIconButton *navigation(Navigation which) const { return iconButtons().at(which); }
-    VelaIconButton *refreshButton() const
-    {
-        const QList<VelaIconButton *> buttons = bar->findChildren<VelaIconButton *>();
-        return *std::find_if(buttons.begin(), buttons.end(),
-                             [](const VelaIconButton *button) { return !button->accessibleName().isEmpty(); });
-    }
-
-    /// The layout that has @p widget in it.
-    QHBoxLayout *rowOf(QWidget *widget) const
-    {
-        const QList<QHBoxLayout *> rows = bar->findChildren<QHBoxLayout *>();
-        const auto row = std::find_if(rows.begin(), rows.end(),
-                                      [widget](QHBoxLayout *layout) { return layout->indexOf(widget) >= 0; });
-        return row == rows.end() ? nullptr : *row;
-    }
-
-    Qt::Alignment alignmentOf(QWidget *widget) const
-    {
-        const QHBoxLayout *row = rowOf(widget);
-        return row->itemAt(row->indexOf(widget))->alignment();
-    }
-
-    /// From the right to the left.
-    QList<QLabel *> labels() const
-    {
-        QList<QLabel *> shown;
-        const QList<QLabel *> all = bar->findChildren<QLabel *>();
-        std::copy_if(all.begin(), all.end(), std::back_inserter(shown),
-                     [](const QLabel *label) { return label->isVisible(); });
-        shown = sortedByPlace(shown, bar);
-        std::reverse(shown.begin(), shown.end());
-        return shown;
-    }
-
-    QStringList labelTexts() const
-    {
-        QStringList texts;
-        for (const QLabel *label : labels()) {
-            texts.append(label->text());
-        }
-        return texts;
-    }
-
-    /// The texts of the page buttons, with lines between.
-    QString numbers() const
-    {
-        QStringList texts;
-        for (const VelaButton *button : pageButtons()) {
-            texts.append(button->text());
-        }
-        return texts.join(QLatin1Char('|'));
-    }
-
-    /// P for each page button and N for each navigation button that is enabled, - for one that is not.
-    QString enabled() const
-    {
-        QString states;
-        for (const VelaButton *button : pageButtons()) {
-            states += QLatin1Char(button->isEnabled() ? 'P' : '-');
-        }
-        for (Navigation which : {First, BackFive, ForwardFive, Last}) {
-            states += QLatin1Char(navigation(which)->isEnabled() ? 'N' : '-');
-        }
-        return states;
-    }
-
-    void click(const QWidget *button)
-    {
-        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, button->mapTo(this, button->rect().center()));
-    }
-
-    VelaPagingModel model;
-    const QPointer<VelaPagingBar> bar;
-    QSignalSpy pageChanged;
-    QSignalSpy refreshed;
-};
 
 class VelaPagingBarTest : public QObject
 {
@@ -179,6 +17,7 @@ class VelaPagingBarTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
+    void withoutItsModelTheBarKeepsWhatItShows();
     void theBarDeclaresItsSignalsAndSlotsInOrder();
     void theBarTellsItsModel();
     void missingSheetsAreLoggedInTheOrderOfConstruction();
@@ -216,17 +55,6 @@ private Q_SLOTS:
     void theNewPageIsInTheModelWhenItIsTold();
     void aClickOnRefreshEmitsAndLeavesThePage();
 
-    void footerLabelsStandFromTheRefreshButtonToTheLeft();
-    void aFooterLabelIsSetUp();
-    void anExistingLabelKeepsItsWidthUntilItIsGivenAnother();
-    void setFooterTextAfterThreeLabelsLeavesOneOfTheFirstsWidth();
-    void surplusLabelsStayHiddenAndAreNotUsedAgain();
-    void noInfosRemoveAllLabels();
-    void hidingTheRefreshButtonFirstGivesTheRightmostStyle();
-    void hidingTheRefreshButtonLaterRestylesNothing();
-    void onlyTheFirstLabelHasTheRightmostStyle();
-    void withoutTheRefreshButtonTheFirstLabelIsAtTheRightEdge();
-
     void twoThousandMillionItems();
 
 private:
@@ -245,29 +73,7 @@ void VelaPagingBarTest::initTestCase()
     m_loggedWithoutSheets = logged.filter(QStringLiteral("stylesheet"));
     m_loggedWithoutImages = logged.filter(QStringLiteral("pixmap"));
 
-    int size = 40;
-    for (const QString &name : BarImages) {
-        size += 8;
-        for (const char *state : {"", "_hover", "_click", "_disable"}) {
-            m_folder.writeImage(name + QLatin1String(state), QSize(size, size), Qt::gray);
-        }
-    }
-    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh"), QSize(80, 80), Qt::cyan);
-    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh_hover"), QSize(80, 80), Qt::yellow);
-    m_folder.writeImage(QStringLiteral("bt_pagebar_refresh_disable"), QSize(80, 80), Qt::magenta);
-    QStringList names {QStringLiteral("bt_pagebar_refresh_hover"), QStringLiteral("bt_pagebar_refresh_disable")};
-    for (const QString &name : BarImages) {
-        names.append(name);
-    }
-    m_folder.writeCatalogue(names);
-    installSheets(m_folder, Sheets);
-    ComponentStrings::getInstance()->installStrings({
-        {QStringLiteral("first_page"), QStringLiteral("To the first")},
-        {QStringLiteral("prev_5_pages"), QStringLiteral("Five back")},
-        {QStringLiteral("last_page"), QStringLiteral("To the last")},
-        {QStringLiteral("next_5_pages"), QStringLiteral("Five on")},
-        {QStringLiteral("pagebar_refresh"), QStringLiteral("Load anew")},
-    });
+    installBar(m_folder);
 }
 
 void VelaPagingBarTest::theBarTellsItsModel()
@@ -446,7 +252,7 @@ void VelaPagingBarTest::navigationButtonsHaveToolTipsAndImages()
     }
 }
 
-/// Where there is an image, the state of "bt_pagebar_refresh" and the name of its own lead to the same file.
+// Where there is an image, the state of "bt_pagebar_refresh" and the name of its own lead to the same file.
 void VelaPagingBarTest::theRefreshButtonAsksForItsImagesByTheirNames()
 {
     for (const char *state : {"hover", "disable"}) {
@@ -494,26 +300,9 @@ void VelaPagingBarTest::theCurrentPageIsInTheMiddleAndTheOthersAroundIt()
             window.model.setRowLimit(limit);
             window.bar->setItemCount(items);
             const int pages = window.model.pageCount();
-            for (int page : {INT_MIN,
-                             -7,
-                             -1,
-                             0,
-                             1,
-                             2,
-                             3,
-                             4,
-                             5,
-                             9,
-                             10,
-                             11,
-                             12,
-                             pages - 3,
-                             pages - 2,
-                             pages - 1,
-                             pages,
-                             qMin(pages, INT_MAX - 3) + 1,
-                             qMin(pages, INT_MAX - 3) + 2,
-                             INT_MAX}) {
+            const int last = qMin(pages, INT_MAX - 3);
+            for (int page : {INT_MIN, -7, -1,       0,        1,        2,    3,        4,        5,     9,      10,
+                             11,      12, last - 3, last - 2, last - 1, last, last + 1, last + 2, pages, INT_MAX}) {
                 QStringList numbers;
                 QString enabled;
                 for (qint64 number = qint64(page) - 2; number <= qint64(page) + 2; ++number) {
@@ -766,156 +555,6 @@ void VelaPagingBarTest::aClickOnRefreshEmitsAndLeavesThePage()
     QVERIFY(window.pageChanged.isEmpty());
 }
 
-void VelaPagingBarTest::footerLabelsStandFromTheRefreshButtonToTheLeft()
-{
-    BarWindow window;
-    const QStringList texts {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")};
-    window.bar->setFooterInfos({{texts.at(0), 0}, {texts.at(1), 60}, {texts.at(2), 0}});
-    QVERIFY(window.showAndWait());
-    QCOMPARE(window.labelTexts(), texts);
-    const QWidget *right = window.refreshButton();
-    for (const QLabel *label : window.labels()) {
-        QCOMPARE(rightOf(label, window.bar), leftOf(right, window.bar));
-        right = label;
-    }
-}
-
-void VelaPagingBarTest::aFooterLabelIsSetUp()
-{
-    for (int width : {0, 33, 150}) {
-        BarWindow window;
-        window.bar->setFooterInfo({QStringLiteral("1 to 50"), width});
-        QVERIFY(window.showAndWait());
-        QCOMPARE(window.labelTexts(), QStringList {QStringLiteral("1 to 50")});
-        const QLabel *label = window.labels().constFirst();
-        QCOMPARE(label->alignment(), Qt::AlignRight | Qt::AlignVCenter);
-        QCOMPARE(label->height(), expectedPixels(19));
-        QCOMPARE(label->minimumHeight(), expectedPixels(19));
-        QCOMPARE(label->maximumHeight(), expectedPixels(19));
-        QCOMPARE(label->width(), width == 0 ? label->sizeHint().width() : expectedPixels(width));
-        QCOMPARE(label->styleSheet(), ordinarySheet());
-        QVERIFY(label->styleSheet().contains(QStringLiteral("padding-left: %1px").arg(expectedPixels(5))));
-    }
-}
-
-void VelaPagingBarTest::anExistingLabelKeepsItsWidthUntilItIsGivenAnother()
-{
-    BarWindow window;
-    window.bar->setFooterInfo({QStringLiteral("first"), 0});
-    QVERIFY(window.showAndWait());
-    QLabel *label = window.labels().constFirst();
-    const struct
-    {
-        int given;
-        int expected;
-    } steps[] = {{120, 120}, {0, 120}, {77, 77}, {0, 77}};
-    for (const auto &step : steps) {
-        const QString text = QStringLiteral("width %1").arg(step.given);
-        window.bar->setFooterInfo({text, step.given});
-        QCOMPARE(window.labels(), QList<QLabel *> {label});
-        QCOMPARE(label->text(), text);
-        QCOMPARE(label->minimumWidth(), expectedPixels(step.expected));
-        QCOMPARE(label->maximumWidth(), expectedPixels(step.expected));
-    }
-}
-
-void VelaPagingBarTest::setFooterTextAfterThreeLabelsLeavesOneOfTheFirstsWidth()
-{
-    BarWindow window;
-    window.bar->setFooterInfos({{QStringLiteral("a"), 91}, {QStringLiteral("b"), 60}, {QStringLiteral("c"), 0}});
-    QVERIFY(window.showAndWait());
-    window.bar->setFooterText(QStringLiteral("only"));
-    QCOMPARE(window.labelTexts(), QStringList {QStringLiteral("only")});
-    QCOMPARE(window.labels().constFirst()->width(), expectedPixels(91));
-}
-
-void VelaPagingBarTest::surplusLabelsStayHiddenAndAreNotUsedAgain()
-{
-    BarWindow window;
-    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 60}});
-    QVERIFY(window.showAndWait());
-    const QPointer<QLabel> dropped = window.labels().at(1);
-    window.bar->setFooterText(QStringLiteral("a"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(dropped);
-    QVERIFY(dropped->isHidden());
-    QVERIFY(!window.rowOf(dropped));
-    QVERIFY(window.bar->isAncestorOf(dropped));
-    QCOMPARE(dropped->text(), QStringLiteral("b"));
-
-    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("c"), 0}});
-    QTRY_COMPARE(window.labelTexts(), (QStringList {QStringLiteral("a"), QStringLiteral("c")}));
-    QVERIFY(window.labels().at(1) != dropped);
-    QVERIFY(dropped->isHidden());
-    QCOMPARE(window.bar->findChildren<QLabel *>().size(), 3);
-    delete window.bar;
-    QVERIFY(!dropped);
-}
-
-void VelaPagingBarTest::noInfosRemoveAllLabels()
-{
-    BarWindow window;
-    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 60}});
-    QVERIFY(window.showAndWait());
-    window.bar->setFooterInfos({});
-    QVERIFY(window.labels().isEmpty());
-}
-
-void VelaPagingBarTest::hidingTheRefreshButtonFirstGivesTheRightmostStyle()
-{
-    for (bool isHidden : {false, true}) {
-        for (bool isBarShown : {false, true}) {
-            BarWindow window;
-            QVERIFY(!isBarShown || window.showAndWait());
-            window.bar->setRefreshButtonHidden(isHidden);
-            window.bar->setFooterText(QStringLiteral("x"));
-            QVERIFY(window.showAndWait());
-            QTRY_COMPARE(window.labels().size(), 1);
-            QLabel *label = window.labels().constFirst();
-            QCOMPARE(window.refreshButton()->isVisible(), !isHidden);
-            QCOMPARE(label->styleSheet(), isHidden ? rightmostSheet() : ordinarySheet());
-            QCOMPARE(paintedColor(label, QPoint(0, 0)), QColor(isHidden ? Qt::green : Qt::red));
-        }
-    }
-}
-
-void VelaPagingBarTest::hidingTheRefreshButtonLaterRestylesNothing()
-{
-    BarWindow window;
-    window.bar->setFooterText(QStringLiteral("x"));
-    window.bar->setRefreshButtonHidden(true);
-    window.bar->setFooterText(QStringLiteral("y"));
-    QVERIFY(window.showAndWait());
-    QCOMPARE(window.labels().constFirst()->styleSheet(), ordinarySheet());
-
-    BarWindow other;
-    other.bar->setRefreshButtonHidden(true);
-    other.bar->setFooterText(QStringLiteral("x"));
-    other.bar->setRefreshButtonHidden(false);
-    other.bar->setFooterText(QStringLiteral("y"));
-    QVERIFY(other.showAndWait());
-    QCOMPARE(other.labels().constFirst()->styleSheet(), rightmostSheet());
-}
-
-void VelaPagingBarTest::onlyTheFirstLabelHasTheRightmostStyle()
-{
-    BarWindow window;
-    window.bar->setRefreshButtonHidden(true);
-    window.bar->setFooterInfos({{QStringLiteral("a"), 0}, {QStringLiteral("b"), 0}});
-    QVERIFY(window.showAndWait());
-    QCOMPARE(window.labels().at(0)->styleSheet(), rightmostSheet());
-    QCOMPARE(window.labels().at(1)->styleSheet(), ordinarySheet());
-}
-
-void VelaPagingBarTest::withoutTheRefreshButtonTheFirstLabelIsAtTheRightEdge()
-{
-    BarWindow window;
-    window.bar->setFooterText(QStringLiteral("x"));
-    window.bar->setRefreshButtonHidden(true);
-    QVERIFY(window.showAndWait());
-    QCOMPARE(rightOf(window.labels().constFirst(), window.bar), window.bar->width());
-}
-
 void VelaPagingBarTest::twoThousandMillionItems()
 {
     BarWindow window(30, 2000000000);
@@ -929,6 +568,36 @@ void VelaPagingBarTest::twoThousandMillionItems()
     window.click(window.pageButtons().at(4));
     QCOMPARE(window.model.nowPage(), 66666664);
     QCOMPARE(window.pageChanged.count(), 3);
+}
+
+void VelaPagingBarTest::withoutItsModelTheBarKeepsWhatItShows()
+{
+    auto model = std::make_unique<VelaPagingModel>(10);
+    VelaPagingBar bar(model.get());
+    bar.setItemCount(1000);
+    bar.setPage(7);
+    const QSignalSpy pageChanged(&bar, &VelaPagingBar::sigPageChanged);
+    model.reset();
+    QCOMPARE(bar.model(), nullptr);
+
+    bar.setItemCount(5);
+    bar.setPage(1);
+    bar.pageClick(1);
+    bar.next_5_page();
+    bar.prev_5_page();
+    bar.first_page();
+    bar.last_page();
+    bar.reset();
+    QCOMPARE(pageChanged.count(), 0);
+    QStringList numbers;
+    const auto buttons = bar.findChildren<VelaButton *>();
+    for (const VelaButton *button : buttons) {
+        numbers.append(button->text());
+    }
+    numbers.sort();
+    QCOMPARE(numbers,
+             QStringList({QStringLiteral("5"), QStringLiteral("6"), QStringLiteral("7"), QStringLiteral("8"),
+                          QStringLiteral("9")}));
 }
 
 QTEST_MAIN(VelaPagingBarTest)

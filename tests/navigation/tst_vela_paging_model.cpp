@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The least number of pages, at least one, that hold all items: looked for by halves.
+// The least number of pages, at least one, that hold all items: looked for by halves.
 int pagesOf(int items, int limit)
 {
     qint64 tooFew = 0;

@@ -20,7 +20,7 @@ int cutToInteger(double value)
     return isInt ? static_cast<int>(value) : std::numeric_limits<int>::min();
 }
 
-/// The definition, step by step.
+// The definition, step by step.
 QString literallyScaled(const QString &sheet, double factor)
 {
     QRegExp expression(QStringLiteral("(\\d+\\.?\\d*)(px)"));

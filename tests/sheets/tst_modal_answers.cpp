@@ -16,14 +16,14 @@
 
 namespace {
 
-/// Where a key is pressed.
+// Where a key is pressed.
 enum Target { ForTheWindow, OnTheSheet, OnTheFirst, OnOk, OnCancel };
 
 const auto Nothing = [] {};
 
 } // namespace
 
-/// How sheets of both kinds are answered, and what their callers are told.
+// How sheets of both kinds are answered, and what their callers are told.
 class ModalAnswersTest : public QObject
 {
     Q_OBJECT

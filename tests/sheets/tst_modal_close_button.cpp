@@ -22,14 +22,14 @@ constexpr char Hints[] = "_MOTIF_WM_HINTS";
 const XProperty ButtonAway {Hints, 32, {1, 0, 6, 0, 0}};
 const XProperty ButtonBack {Hints, 32, {0, 0, 1, 0, 1}};
 
-/// What becomes of two sheets that wait in a window, the second one in a panel.
+// What becomes of two sheets that wait in a window, the second one in a panel.
 using Change = std::function<void(ModalSheet &first, ModalSheet &second, QWidget *panel)>;
 
 } // namespace
 
 Q_DECLARE_METATYPE(Change)
 
-/// How sheets of both kinds keep their window open.
+// How sheets of both kinds keep their window open.
 class ModalCloseButtonTest : public QObject
 {
     Q_OBJECT

@@ -14,12 +14,12 @@
 
 namespace {
 
-/// Why a widget is not reached by Tab.
+// Why a widget is not reached by Tab.
 enum Flaw { Disabled, Hidden, ByClickOnly };
 
 } // namespace
 
-/// Where the focus goes while a sheet of either kind is up, and after it.
+// Where the focus goes while a sheet of either kind is up, and after it.
 class ModalFocusTest : public QObject
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ using Answer = std::function<void(ModalSheet &sheet, SheetWindow &window)>;
 
 Q_DECLARE_METATYPE(Answer)
 
-/// Sheets of both kinds that are moved or deleted, and windows that die, while they are up.
+// Sheets of both kinds that are moved or deleted, and windows that die, while they are up.
 class ModalLifetimeTest : public QObject
 {
     Q_OBJECT
@@ -72,7 +72,7 @@ void ModalLifetimeTest::cleanup()
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
 }
 
-/// A window that is active and dies before the test ends.
+// A window that is active and dies before the test ends.
 static std::unique_ptr<SheetWindow> shownWindow()
 {
     auto window = std::make_unique<SheetWindow>();

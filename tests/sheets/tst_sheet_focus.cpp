@@ -13,7 +13,7 @@ using namespace Vela::Private;
 
 namespace {
 
-/// A sheet of two fields that is up for as long as it lives.
+// A sheet of two fields that is up for as long as it lives.
 class FieldSheet : public VelaSheet
 {
 public:
@@ -30,14 +30,14 @@ public:
     QLineEdit *const second;
 };
 
-/// What becomes of the field that had the focus before.
+// What becomes of the field that had the focus before.
 using Change = void (*)(QLineEdit *field);
 
 } // namespace
 
 Q_DECLARE_METATYPE(Change)
 
-/// The order of sheets, and the focus that is kept in one and returned from it.
+// The order of sheets, and the focus that is kept in one and returned from it.
 class SheetFocusTest : public QObject
 {
     Q_OBJECT

@@ -31,8 +31,8 @@ bool isOnX()
     return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
-/// Presses keys as a user does: on an X server they come from the keyboard, elsewhere through the window, which asks
-/// for shortcuts as well.
+// Presses keys as a user does: on an X server they come from the keyboard, elsewhere through the window, which asks
+// for shortcuts as well.
 class Keyboard : public QObject
 {
 public:
@@ -40,7 +40,7 @@ public:
 
     static bool isMissing() { return isOnX() && QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty(); }
 
-    /// A key as QKeySequence writes it, or "Alt", in the active window.
+    // A key as QKeySequence writes it, or "Alt", in the active window.
     void press(const QString &key)
     {
         if (!isOnX()) {
@@ -70,7 +70,7 @@ protected:
 
 private:
     static bool isAltAlone(const QString &key) { return key == QLatin1String("Alt"); }
-    /// As the X server knows it.
+    // As the X server knows it.
     static QString nameOf(const QString &key)
     {
         const QHash<QString, QString> names {
@@ -91,7 +91,7 @@ private:
     bool m_isReleased = false;
 };
 
-/// What a key does in a window: installed there, it is told whenever it happens.
+// What a key does in a window: installed there, it is told whenever it happens.
 using Install = std::function<void(SheetWindow &window, const std::function<void()> &happened)>;
 
 Install action(const char *key, Qt::ShortcutContext context)
@@ -197,7 +197,7 @@ const WindowKey WindowKeys[] = {
 
 Q_DECLARE_METATYPE(Install)
 
-/// Which keys are shortcuts while a sheet is up.
+// Which keys are shortcuts while a sheet is up.
 class SheetKeysTest : public QObject
 {
     Q_OBJECT
@@ -258,7 +258,7 @@ void SheetKeysTest::cleanup()
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
 }
 
-/// Each key that does something in the window.
+// Each key that does something in the window.
 static void addWindowKeys()
 {
     QTest::addColumn<QString>("key");

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int Hints = 7; // of a window at first
 
-/// A sheet with nothing in it and a run that is its own child, as those of the library are.
+// A sheet with nothing in it and a run that is its own child, as those of the library are.
 class BareSheet : public VelaSheet
 {
 public:
@@ -34,7 +34,7 @@ public:
 
 } // namespace
 
-/// The states of a run and the ways between them.
+// The states of a run and the ways between them.
 class SheetRunTest : public QObject
 {
     Q_OBJECT

@@ -36,7 +36,7 @@ QString captionAt(qint64 seconds)
     return QStringLiteral("Fine(%1)").arg(seconds);
 }
 
-/// Makes all the steps until the count is over.
+// Makes all the steps until the count is over.
 void countDown(VelaCountdownMessageBox *box, int seconds)
 {
     for (int i = 0; i < seconds; ++i) {

@@ -58,7 +58,7 @@ QString sheetOf(const char *key)
     return {};
 }
 
-/// Width in pixels of a sheet whose parent is @p parentWidth pixels wide, in whole numbers: scales are quarters.
+// Width in pixels of a sheet whose parent is parentWidth pixels wide, in whole numbers: scales are quarters.
 int expectedWidth(int parentWidth)
 {
     const int quarters = qRound(expectedScale() * 4);
@@ -67,7 +67,7 @@ int expectedWidth(int parentWidth)
     return logical * quarters / 4;
 }
 
-/// A window that the sheet is shown in, active, the focus being elsewhere in it.
+// A window that the sheet is shown in, active, the focus being elsewhere in it.
 class PromptWindow : public ControlWindow
 {
 public:
@@ -84,7 +84,7 @@ const QDialogButtonBox *buttonBoxOf(const QWidget &sheet)
     return sheet.findChild<QDialogButtonBox *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-/// Height of the text of @p label at a width, as a label without limits tells it.
+// Height of the text of label at a width, as a label without limits tells it.
 int neededHeight(const QLabel &label, int width)
 {
     QLabel unlimited(label.text());
@@ -94,7 +94,7 @@ int neededHeight(const QLabel &label, int width)
     return qMax(0, unlimited.heightForWidth(width));
 }
 
-/// Notes which of two widgets gets the focus and why.
+// Notes which of two widgets gets the focus and why.
 class FocusLog : public QObject
 {
 public:
@@ -125,6 +125,7 @@ class VelaInputSheetTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
+    void gettersGiveBackWhatWasSet();
     void missingTextsAndSheetsAreLogged();
     void itIsASheetWithThreeSlotsOfItsOwn();
     void theCaptionsComeFromTheStringTable();
@@ -567,6 +568,18 @@ void VelaInputSheetTest::aDyingWindowAnswers()
     QCOMPARE(execute(&sheet, [&] { window.reset(); }), 0);
     QVERIFY(!window);
     QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // it is its caller's
+}
+
+void VelaInputSheetTest::gettersGiveBackWhatWasSet()
+{
+    QWidget window;
+    VelaInputSheet sheet(QStringLiteral("prompt"), &window);
+    QCOMPARE(sheet.text(), QStringLiteral("prompt"));
+    QVERIFY(sheet.blocksWindowButton());
+    sheet.setText(QStringLiteral("another"));
+    sheet.setBlockWindowButton(false);
+    QCOMPARE(sheet.text(), QStringLiteral("another"));
+    QVERIFY(!sheet.blocksWindowButton());
 }
 
 QTEST_MAIN(VelaInputSheetTest)

@@ -28,7 +28,7 @@ constexpr QSize ContentSize(80, 60);
 constexpr QRect ButtonPlace(10, 10, 60, 30);
 constexpr QRect FieldPlace(10, 190, 120, 30);
 
-/// A white window with a button at its top left and a field, which has the focus, at its bottom left.
+// A white window with a button at its top left and a field, which has the focus, at its bottom left.
 class CoveredWindow : public QWidget
 {
 public:
@@ -53,7 +53,7 @@ public:
     QLineEdit *const field;
 };
 
-/// A panel of fixed size as content of a mask; without one of its own its colour would be the mask's.
+// A panel of fixed size as content of a mask; without one of its own its colour would be the mask's.
 class Panel : public QWidget
 {
 public:
@@ -65,13 +65,13 @@ public:
     }
 };
 
-/// A channel of @p above drawn over an opaque @p below.
+// A channel of above drawn over an opaque below.
 int blended(int above, int below, int alpha)
 {
     return qRound((above * alpha + below * (255 - alpha)) / 255.0);
 }
 
-/// Whether the colours differ by no more than what is lost in rounding.
+// Whether the colours differ by no more than what is lost in rounding.
 bool areAlike(const QColor &left, const QColor &right)
 {
     return qAbs(left.red() - right.red()) <= 1 && qAbs(left.green() - right.green()) <= 1

@@ -53,13 +53,13 @@ constexpr const char *Keys[] = {
     "component.message_sheet_other",   "component.message_sheet_text",  "component.message_sheet_informative_text",
 };
 
-/// What stands under @p key: different for each, and without a look.
+// What stands under key: different for each, and without a look.
 QString styleOf(const char *key)
 {
     return QStringLiteral("\nNothing#%1 { color: red }").arg(QString::fromLatin1(key).section(QLatin1Char('.'), 1));
 }
 
-/// One of the shortcuts and what its message is like, in a window and as one.
+// One of the shortcuts and what its message is like, in a window and as one.
 struct Shortcut
 {
     const char *name;
@@ -108,13 +108,13 @@ const Shortcut Shortcuts[] = {
      Qt::blue, UpgradeCaption, true, QMessageBox::Warning, false, "component.upgrading_message_box", false, false},
 };
 
-/// A window that messages are shown in.
+// A window that messages are shown in.
 class MessageWindow : public ControlWindow
 {
 public:
     MessageWindow() : ControlWindow(new QWidget) { resize(expectedPixels(700), expectedPixels(400)); }
 
-    /// The message that is up.
+    // The message that is up.
     VelaMessageSheet *sheet() const
     {
         const auto sheets = findChildren<VelaMessageSheet *>();
@@ -124,8 +124,8 @@ public:
     VelaMask *mask() const { return qobject_cast<VelaMask *>(sheet()->parentWidget()); }
 };
 
-/// Calls @p call and, in the event loop of its message, @p action. Returns what the call returns, or NoAnswer, if it
-/// has no result too, when the action did not end it.
+// Calls call and, in the event loop of its message, action. Returns what the call returns, or NoAnswer, if it
+// has no result too, when the action did not end it.
 int answer(const std::function<int()> &call, const std::function<void()> &action)
 {
     bool gaveUp = false;
@@ -152,7 +152,7 @@ int answer(const std::function<int()> &call, const std::function<void()> &action
     return gaveUp ? NoAnswer : result;
 }
 
-/// The same for a message that is a window of its own, which @p action gets when it is active.
+// The same for a message that is a window of its own, which action gets when it is active.
 int answerBox(const std::function<int()> &call, const std::function<void(QMessageBox *)> &action)
 {
     return answer(call, [&] {

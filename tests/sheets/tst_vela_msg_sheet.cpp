@@ -43,7 +43,7 @@ constexpr int IconFileSize = 160; // 40 logical pixels
 const char *const IconNames[] = {"app_img", "icon_information", "icon_warning", "icon_question"};
 const QColor IconColors[] = {Qt::red, Qt::green, Qt::blue, Qt::yellow};
 
-/// Sections of sheets that apply to nothing; each has a length of its own.
+// Sections of sheets that apply to nothing; each has a length of its own.
 struct Section
 {
     const char *name;
@@ -66,7 +66,7 @@ QString sectionText(const char *name, double scale)
     qFatal("no section %s", name);
 }
 
-/// The sheet under "component.name" as widgets have it.
+// The sheet under "component.name" as widgets have it.
 QString sheetOf(const char *name)
 {
     return sectionText(name, expectedScale());
@@ -100,14 +100,14 @@ QPixmap picture(int logicalSize)
     return pixmap;
 }
 
-/// A window that is so many logical pixels wide.
+// A window that is so many logical pixels wide.
 class Host : public QWidget
 {
 public:
     explicit Host(int logicalWidth = 700) { resize(expectedPixels(logicalWidth), expectedPixels(500)); }
 };
 
-/// What a sheet is made of at the moment.
+// What a sheet is made of at the moment.
 struct Parts
 {
     explicit Parts(const VelaMessageSheet &sheet)
@@ -154,7 +154,7 @@ void deleteWhatIsForgotten()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-/// Whether the sheet sees, and refuses, an attempt to close @p widget.
+// Whether the sheet sees, and refuses, an attempt to close widget.
 bool isWatched(QWidget *widget)
 {
     QCloseEvent event;
@@ -162,7 +162,7 @@ bool isWatched(QWidget *widget)
     return !event.isAccepted();
 }
 
-/// A layout as a text: "[...]" a row or column, "20" a gap along it, "icon^" a widget aligned to the top.
+// A layout as a text: "[...]" a row or column, "20" a gap along it, "icon^" a widget aligned to the top.
 QString outline(const QLayout *layout, const Parts &parts)
 {
     const auto nameOf = [&parts](const QWidget *widget) {
@@ -191,7 +191,7 @@ QString outline(const QLayout *layout, const Parts &parts)
         + QLatin1Char(')');
 }
 
-/// An application's style with one answer of its own.
+// An application's style with one answer of its own.
 class HintStyle : public QProxyStyle
 {
 public:
@@ -208,7 +208,7 @@ private:
     const int m_answer;
 };
 
-/// Answers each hint differently and keeps what it was asked.
+// Answers each hint differently and keeps what it was asked.
 class AskedStyle : public QProxyStyle
 {
 public:
@@ -238,8 +238,10 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
 
+    void theTypesAreKnownByName();
+    void gettersGiveBackWhatWasSet();
     void missingSheetsAreLoggedOnceEach();
-    void theSheetDeclaresItsThreeSlots();
+    void theSheetDeclaresItsThreeSlotsAndItsTypes();
     void theHelpersDeclareNothing();
     void captionsAreKeptInTheirOrder();
 
@@ -396,12 +398,12 @@ void VelaMessageSheetTest::missingSheetsAreLoggedOnceEach()
     QCOMPARE(m_loggedWithoutSheets, expected);
 }
 
-void VelaMessageSheetTest::theSheetDeclaresItsThreeSlots()
+void VelaMessageSheetTest::theSheetDeclaresItsThreeSlotsAndItsTypes()
 {
     const QMetaObject &metaObject = VelaMessageSheet::staticMetaObject;
     QCOMPARE(ownDeclarations(metaObject),
              (QStringList {QStringLiteral("done(int)"), QStringLiteral("quit()"),
-                           QStringLiteral("buttonClick(QAbstractButton*)")}));
+                           QStringLiteral("buttonClick(QAbstractButton*)"), QStringLiteral("MessageType")}));
     for (int i = metaObject.methodOffset(); i < metaObject.methodCount(); ++i) {
         QCOMPARE(metaObject.method(i).methodType(), QMetaMethod::Slot);
         QCOMPARE(metaObject.method(i).access(), QMetaMethod::Public);
@@ -1536,6 +1538,33 @@ void VelaMessageSheetTest::buttonsAreFoundByTheirCodes()
     QVERIFY(question.button(QMessageBox::Discard));
     QVERIFY(question.button(QMessageBox::Discard) != question.button(QMessageBox::Ok));
     QVERIFY(!question.button(QMessageBox::Cancel));
+}
+
+void VelaMessageSheetTest::gettersGiveBackWhatWasSet()
+{
+    QWidget window;
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("<b>text</b>"), QStringLiteral("more"),
+                           &window);
+    QCOMPARE(sheet.messageType(), VelaMessageSheet::QuestionMessage);
+    QCOMPARE(sheet.text(), QStringLiteral("<b>text</b>"));
+    QCOMPARE(sheet.informativeText(), QStringLiteral("more"));
+    QVERIFY(sheet.blocksWindowButton());
+
+    sheet.setMessageType(VelaMessageSheet::InfoMessage);
+    sheet.setText(QStringLiteral("another"));
+    sheet.setInformativeText(QString());
+    sheet.setBlockWindowButton(false);
+    QCOMPARE(sheet.messageType(), VelaMessageSheet::InfoMessage);
+    QCOMPARE(sheet.text(), QStringLiteral("another"));
+    QCOMPARE(sheet.informativeText(), QString());
+    QVERIFY(!sheet.blocksWindowButton());
+}
+
+void VelaMessageSheetTest::theTypesAreKnownByName()
+{
+    const auto types = QMetaEnum::fromType<VelaMessageSheet::MessageType>();
+    QCOMPARE(types.valueToKey(VelaMessageSheet::ProcessingMessage), "ProcessingMessage");
+    QCOMPARE(types.keyCount(), 7);
 }
 
 QTEST_MAIN(VelaMessageSheetTest)

@@ -25,7 +25,7 @@ constexpr int ShortcutsOnX = 20; // each keeps two connections to the server, of
 
 const QString Text = QStringLiteral("Is it so?");
 
-/// A message in its mask over a window that is active and can be closed.
+// A message in its mask over a window that is active and can be closed.
 class ShownMessage
 {
 public:
@@ -55,7 +55,7 @@ public:
     bool isActive = false;
 };
 
-/// Notes why the widgets of a sheet get the focus.
+// Notes why the widgets of a sheet get the focus.
 class FocusReasons : public QObject
 {
 public:
@@ -78,7 +78,7 @@ protected:
     }
 };
 
-/// A GIF of two frames.
+// A GIF of two frames.
 QByteArray animation()
 {
     return QByteArray::fromHex("474946383961010001008000000000ffffffff21ff0b4e45545343415045322e300301000000"
@@ -89,7 +89,7 @@ QByteArray animation()
 
 } // namespace
 
-/// What only messages do while they are up.
+// What only messages do while they are up.
 class VelaMessageSheetRunTest : public QObject
 {
     Q_OBJECT

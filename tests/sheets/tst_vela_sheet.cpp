@@ -28,7 +28,7 @@ namespace {
 constexpr int Shadow = 22; // logical pixels
 constexpr int FileSize = Shadow * 4; // images are drawn at four times their size
 
-/// A piece of the shadow: where it begins, and whether it is as wide or as high as the body or else as the shadow.
+// A piece of the shadow: where it begins, and whether it is as wide or as high as the body or else as the shadow.
 struct Piece
 {
     const char *imageName;
@@ -38,7 +38,7 @@ struct Piece
     bool isHigh;
 };
 
-/// In the order in which their images are requested.
+// In the order in which their images are requested.
 constexpr Piece Pieces[] = {
     {"bg_tutorial_l", false, false, false, true},   {"bg_tutorial_r", true, false, false, true},
     {"bg_tutorial_t", false, false, true, false},   {"bg_tutorial_b", false, true, true, false},
@@ -51,7 +51,7 @@ constexpr int PieceCount = 8;
 const QColor Background(150, 200, 250);
 constexpr QSize ImagelessSize(200, 150);
 
-/// Colours of the quarters of each image: top left, top right, bottom left, bottom right.
+// Colours of the quarters of each image: top left, top right, bottom left, bottom right.
 constexpr int QuarterCount = 4;
 
 QColor quarterColor(int piece, int quarter)
@@ -59,7 +59,7 @@ QColor quarterColor(int piece, int quarter)
     return {30 * piece, 10 + 60 * quarter, 240 - 20 * piece};
 }
 
-/// Of images of one colour; another one for each @p set of images.
+// Of images of one colour; another one for each set of images.
 QColor plainColor(int piece, int set = 0)
 {
     return QColor::fromHsv(piece * 40 + set * 20, 255, 255).toRgb();
@@ -92,7 +92,7 @@ public:
     void showSheet() override { show(); }
 };
 
-/// What @p widget paints, a pixel for each logical one; null where the pixels of one differ.
+// What widget paints, a pixel for each logical one; null where the pixels of one differ.
 QImage paintedImage(QWidget *widget)
 {
     const QImage painted = widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -125,7 +125,7 @@ std::set<QRgb> colorsIn(const QImage &image)
     return colors;
 }
 
-/// The point in quarter @p quarter of @p place that is farthest from the borders of the quarters.
+// The point in quarter quarter of place that is farthest from the borders of the quarters.
 QPoint middleOfQuarter(const QRect &place, int quarter)
 {
     const int column = quarter % 2;
@@ -133,7 +133,7 @@ QPoint middleOfQuarter(const QRect &place, int quarter)
     return place.topLeft() + QPoint(place.width() * (1 + 2 * column) / 4, place.height() * (1 + 2 * row) / 4);
 }
 
-/// Whether both images have the same pixels; tells the first that differs.
+// Whether both images have the same pixels; tells the first that differs.
 bool isSameImage(const QImage &painted, const QImage &expected)
 {
     if (painted.size() != expected.size()) {

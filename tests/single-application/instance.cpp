@@ -34,7 +34,7 @@ void say(const QString &line)
     QTextStream(stdout) << line << '\n' << Qt::flush;
 }
 
-/// Short, whatever the message is like.
+// Short, whatever the message is like.
 QString digest(const QString &message)
 {
     return QString::fromLatin1(QCryptographicHash::hash(message.toUtf8(), QCryptographicHash::Md5).toHex());
@@ -48,7 +48,7 @@ void limitDescriptors(rlim_t count)
     ::setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-/// Opens as many files as it can, and closes them a while after.
+// Opens as many files as it can, and closes them a while after.
 void useUpDescriptors()
 {
     auto descriptors = std::make_shared<std::vector<int>>();
@@ -59,7 +59,7 @@ void useUpDescriptors()
                        [descriptors] { std::for_each(descriptors->begin(), descriptors->end(), ::close); });
 }
 
-/// Tells whether it is the first. If so, reports the messages until its standard input is closed; otherwise ends.
+// Tells whether it is the first. If so, reports the messages until its standard input is closed; otherwise ends.
 int serve(QtSingleApplication *application, const QString &manner)
 {
     if (application->isRunning()) {
@@ -81,7 +81,7 @@ int serve(QtSingleApplication *application, const QString &manner)
     return QtSingleApplication::exec();
 }
 
-/// Sends that many messages, each of its own; tells their digests and whether each has been taken.
+// Sends that many messages, each of its own; tells their digests and whether each has been taken.
 int send(QtSingleApplication *application, int count)
 {
     for (int i = 0; i < count; ++i) {
@@ -93,7 +93,7 @@ int send(QtSingleApplication *application, int count)
     return EXIT_SUCCESS;
 }
 
-/// Shows a window, minimised or else covered by a second one, that messages bring to the front unless it is "passive".
+// Shows a window, minimised or else covered by a second one, that messages bring to the front unless it is "passive".
 int showWindow(QtSingleApplication *application, const QString &manner)
 {
     QWidget window;
@@ -129,7 +129,7 @@ int showWindow(QtSingleApplication *application, const QString &manner)
     return QtSingleApplication::exec();
 }
 
-/// Takes a lock on the file and keeps it until standard input is closed. "blocks" waits for it.
+// Takes a lock on the file and keeps it until standard input is closed. "blocks" waits for it.
 int lockFile(const QString &name, const QString &manner)
 {
     QtLockedFile file(name);

@@ -227,13 +227,13 @@ void QtLocalPeerFilesTest::aHardLinkInTheLockFilesPlaceIsLeftAlone()
     QCOMPARE(permissions(target), 0644);
 }
 
-/// What another process is that starts now: "first" or "client".
+// What another process is that starts now: "first" or "client".
 QString QtLocalPeerFilesTest::serve() const
 {
     return InstanceProcess(m_id, QStringLiteral("serve")).line();
 }
 
-/// Whether another process gets the lock: "locked" or "refused".
+// Whether another process gets the lock: "locked" or "refused".
 QString QtLocalPeerFilesTest::tryToLock() const
 {
     return InstanceProcess(m_lock, QStringLiteral("lock"), QStringLiteral("write")).lines(2).last();

@@ -43,8 +43,8 @@ bool hasWindowManager()
     return QGuiApplication::platformName() == QLatin1String("xcb");
 }
 
-/// The windows of the root window, frames among them, from the lowest up. (_NET_CLIENT_LIST_STACKING will not do: jwm
-/// lists it from the top down.)
+// The windows of the root window, frames among them, from the lowest up. (_NET_CLIENT_LIST_STACKING will not do: jwm
+// lists it from the top down.)
 QVector<quint32> stack(quint32 rootWindow)
 {
     const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(xcb_connect(nullptr, nullptr),
@@ -58,7 +58,7 @@ QVector<quint32> stack(quint32 rootWindow)
     return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
-/// Whether a window manager has framed both, @p upper nearer to the user.
+// Whether a window manager has framed both, upper nearer to the user.
 bool isAbove(quint32 upper, quint32 lower)
 {
     const XConnection x;
@@ -69,14 +69,14 @@ bool isAbove(quint32 upper, quint32 lower)
         && frames.indexOf(upperFrame) > frames.indexOf(lowerFrame);
 }
 
-/// Whether it comes to be so, asking until the first time. (QTRY_VERIFY asks again after that, when the window manager
-/// may be moving the windows past each other.)
+// Whether it comes to be so, asking until the first time. (QTRY_VERIFY asks again after that, when the window manager
+// may be moving the windows past each other.)
 bool comesAbove(quint32 upper, quint32 lower)
 {
     return QTest::qWaitFor([=] { return isAbove(upper, lower); }, Patience);
 }
 
-/// What QWidget::raise() leaves to be seen on every platform.
+// What QWidget::raise() leaves to be seen on every platform.
 class RaiseCounter : public QObject
 {
 public:

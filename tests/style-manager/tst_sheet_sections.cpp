@@ -14,7 +14,7 @@ namespace {
 
 constexpr int GeneratedTexts = 150000;
 
-/// The definition, step by step.
+// The definition, step by step.
 QString literallyWithoutComments(QString text)
 {
     QRegExp blockComment(QStringLiteral("/\\*.*\\*/"));
@@ -26,7 +26,7 @@ QString literallyWithoutComments(QString text)
     return text;
 }
 
-/// The definition, line by line.
+// The definition, line by line.
 void readSectionsLiterally(QString text, Sections &sections)
 {
     QTextStream stream(&text);

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-/// What the tests see is the same on every machine, whatever desktop, style, fonts and language its user has chosen.
+// What the tests see is the same on every machine, whatever desktop, style, fonts and language its user has chosen.
 class EnvironmentTest : public QObject
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ const QStringList Sides = {QStringLiteral("top"), QStringLiteral("right"), QStri
 const QString Enabled = QStringLiteral("enabled");
 const QString Disabled = QStringLiteral("disabled");
 
-/// "2px solid #2160C4" as width and colour; "none" as no width.
+// "2px solid #2160C4" as width and colour; "none" as no width.
 void expandBorder(const QString &side, const QString &value, Declarations *declarations)
 {
     const QStringList parts = value.split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -25,7 +25,7 @@ struct Drawing
     QSize size; // logical pixels
 };
 
-/// What widgets of the library ask for by name.
+// What widgets of the library ask for by name.
 constexpr Drawing Requested[] = {
     {"app_img", {32, 32}},
     {"bg_tutorial_b", {22, 22}},
@@ -53,7 +53,7 @@ constexpr Drawing Requested[] = {
 
 const QStringList States = {QStringLiteral("_hover"), QStringLiteral("_click"), QStringLiteral("_disable")};
 
-/// A factor of the screen and the pixels that it has for each pixel.
+// A factor of the screen and the pixels that it has for each pixel.
 struct Screen
 {
     const char *name;
@@ -84,7 +84,7 @@ QImage shadowPiece(const char *name)
     return readImage(QStringLiteral("bg_tutorial_") + QLatin1String(name));
 }
 
-/// Whether a name stands in the catalogue for one state of another.
+// Whether a name stands in the catalogue for one state of another.
 bool isStateOfAnother(const QString &name, const QStringList &names)
 {
     return std::any_of(States.cbegin(), States.cend(), [&name, &names](const QString &state) {
@@ -92,7 +92,7 @@ bool isStateOfAnother(const QString &name, const QStringList &names)
     });
 }
 
-/// From the body outwards.
+// From the body outwards.
 QVector<int> fallOff(const QImage &edge, const QPoint &from, const QPoint &step)
 {
     QVector<int> alphas;
@@ -102,7 +102,7 @@ QVector<int> fallOff(const QImage &edge, const QPoint &from, const QPoint &step)
     return alphas;
 }
 
-/// A piece at the size at which a screen has it.
+// A piece at the size at which a screen has it.
 QPixmap onScreen(const QImage &piece, const Screen &screen)
 {
     QPixmap pixmap = QPixmap::fromImage(piece);
@@ -401,7 +401,7 @@ void TestThemeImages::shadowHasNoSeam_data()
     }
 }
 
-/// The left and the top of a sheet as it is painted: stretched corner, edges stretched without smoothing.
+// The left and the top of a sheet as it is painted: stretched corner, edges stretched without smoothing.
 void TestThemeImages::shadowHasNoSeam()
 {
     QFETCH(int, index);

@@ -42,7 +42,7 @@ const char Keyword[] = "HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH"; // more than 
 
 constexpr int BoxWait = 5; // milliseconds between two looks for a box
 
-/// @p rect of @p widget, in its logical pixels.
+// rect of widget, in its logical pixels.
 QImage picture(QWidget *widget, const QRect &rect)
 {
     return widget->grab(rect).toImage().convertToFormat(QImage::Format_RGB32);
@@ -59,7 +59,7 @@ int count(const QImage &image, const QColor &color)
     return found;
 }
 
-/// The colour that is furthest from @p surface, which is that of the text that stands on it.
+// The colour that is furthest from surface, which is that of the text that stands on it.
 QColor inkOn(const QColor &surface, const QImage &image)
 {
     const auto distance = [&surface](const QColor &color) { return qAbs(qGray(color.rgb()) - qGray(surface.rgb())); };
@@ -72,7 +72,7 @@ QColor inkOn(const QColor &surface, const QImage &image)
     return ink;
 }
 
-/// Where something stands on @p surface.
+// Where something stands on surface.
 QRect inkRect(const QColor &surface, const QImage &image)
 {
     QRect rect;
@@ -84,7 +84,7 @@ QRect inkRect(const QColor &surface, const QImage &image)
     return rect;
 }
 
-/// Thin strokes are smoothed, so that none of their pixels may have the very colour.
+// Thin strokes are smoothed, so that none of their pixels may have the very colour.
 bool isNear(const QColor &one, const QColor &other)
 {
     constexpr int Tolerance = 16; // for each channel
@@ -92,7 +92,7 @@ bool isNear(const QColor &one, const QColor &other)
         && qAbs(one.blue() - other.blue()) <= Tolerance;
 }
 
-/// @p length characters in words of up to eight.
+// length characters in words of up to eight.
 QString sentence(int length)
 {
     QString text;
@@ -102,7 +102,7 @@ QString sentence(int length)
     return text;
 }
 
-/// What @p box cuts of its labels' texts and its buttons' captions.
+// What box cuts of its labels' texts and its buttons' captions.
 QStringList cutTexts(const QMessageBox *box)
 {
     QStringList cut;
@@ -126,7 +126,7 @@ QStringList cutTexts(const QMessageBox *box)
     return cut;
 }
 
-/// A tree as an application sets it up, whose rows are a checked one with a child and one that cannot be checked.
+// A tree as an application sets it up, whose rows are a checked one with a child and one that cannot be checked.
 class Tree : public VelaTreeWidget
 {
 public:
@@ -170,7 +170,7 @@ private:
     ItemDelegate m_delegate;
 };
 
-/// What @p field, or the field in it, shows as @p text, and as a placeholder if that is empty.
+// What field, or the field in it, shows as text, and as a placeholder if that is empty.
 QImage fieldPicture(QWidget *field, const QString &text, bool isEnabled)
 {
     auto *lineEdit = qobject_cast<QLineEdit *>(field);

@@ -25,7 +25,7 @@ constexpr double ReadableContrast = 4.5;
 constexpr double DisabledContrast = 3.0;
 constexpr double VisibleContrast = 3.0; // of a focus ring
 
-/// What an unpainted widget may stand on.
+// What an unpainted widget may stand on.
 const QStringList Pages = {QStringLiteral("#FFFFFF"), QStringLiteral("#F5F7FA")};
 
 const QStringList Keys = {
@@ -67,7 +67,7 @@ const QStringList Keys = {
     QStringLiteral("component.warning_message_box"),
 };
 
-/// What a person can act on, and the states in which it looks another way.
+// What a person can act on, and the states in which it looks another way.
 struct Control
 {
     const char *key;
@@ -108,7 +108,7 @@ constexpr Control Controls[] = {
     {"component.tree_item", "QTreeView", "focus disabled"},
 };
 
-/// An indicator has a drawing for every pair of these.
+// An indicator has a drawing for every pair of these.
 struct Indicator
 {
     const char *key;
@@ -141,7 +141,7 @@ QString readText(const QString &path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// What the combo box puts into its template.
+// What the combo box puts into its template.
 QString withComboFragments(QString text)
 {
     return text.replace(QStringLiteral("%1"), QStringLiteral("padding-left: 6px;\npadding-right: 6px;"))
@@ -230,8 +230,8 @@ const Section &TestThemeSheets::section(const QString &key) const
     return found == m_sections.constEnd() ? none : *found;
 }
 
-/// The colour behind @p target, or "transparent". A sub-control without a surface of its own lies on its
-/// widget's.
+// The colour behind target, or "transparent". A sub-control without a surface of its own lies on its
+// widget's.
 QString TestThemeSheets::background(const Section &section, const QString &target, const QStringList &states) const
 {
     const QString own = section.resolved(target, states).value(QStringLiteral("background-color"), Transparent);

@@ -46,7 +46,7 @@ const QStringList WeekdayKeys = {
 
 const QStringList Keys = CaptionKeys + MonthKeys + WeekdayKeys;
 
-/// Texts that a widget shows side by side.
+// Texts that a widget shows side by side.
 const QVector<QStringList> Groups = {
     {QStringLiteral("ok"), QStringLiteral("cancel")},
     {QStringLiteral("wizard_client_upgrade"), QStringLiteral("cancel")},
@@ -81,16 +81,16 @@ const Language Languages[] = {
     {"ptg", "pt_PT", Latin}, {"rus", "ru_RU", Cyrillic}, {"sve", "sv_SE", Latin},    {"trk", "tr_TR", Latin},
 };
 
-/// The calendar's header shows the first character of a weekday. All long Chinese names begin with the same
-/// one, so that the texts are the names without it.
+// The calendar's header shows the first character of a weekday. All long Chinese names begin with the same
+// one, so that the texts are the names without it.
 const QStringList WithShortWeekdays = {QStringLiteral("chs"), QStringLiteral("cht")};
 
-/// The calendar's menu shows three characters of a month. Those of June and July are the same in these
-/// languages.
+// The calendar's menu shows three characters of a month. Those of June and July are the same in these
+// languages.
 const QStringList WithEqualJuneAndJuly = {QStringLiteral("csy"), QStringLiteral("fra")};
 
-/// Calendars of these languages tell one weekday from another by a letter that its name does not begin with:
-/// Spanish writes an X for Wednesday.
+// Calendars of these languages tell one weekday from another by a letter that its name does not begin with:
+// Spanish writes an X for Wednesday.
 const QMap<QString, QString> WeekdaysWithForeignLetter = {{QStringLiteral("esn"), QStringLiteral("wednesday")}};
 
 QDir stringsFolder()
@@ -141,7 +141,7 @@ QStringList monthsOf(const QLocale &locale)
     return names;
 }
 
-/// From Sunday on.
+// From Sunday on.
 QStringList weekdaysOf(const QLocale &locale, QLocale::FormatType format)
 {
     QStringList names;
@@ -151,7 +151,7 @@ QStringList weekdaysOf(const QLocale &locale, QLocale::FormatType format)
     return names;
 }
 
-/// What getLanguageByLocale() returns for all locales of the toolkit, and for more ways of writing some.
+// What getLanguageByLocale() returns for all locales of the toolkit, and for more ways of writing some.
 QSet<QString> returnedCodes()
 {
     QStringList names = {QStringLiteral("pt"),
@@ -262,7 +262,7 @@ void TestThemeStrings::aLanguageIsFoundByItsLocale()
              QString::fromLatin1(language.code));
 }
 
-/// Read from the text of the file, because a parsed object has neither an order nor a key twice.
+// Read from the text of the file, because a parsed object has neither an order nor a key twice.
 void TestThemeStrings::everyTextStandsThereOnceAndInOneOrder()
 {
     QFETCH(int, index);
@@ -294,8 +294,8 @@ void TestThemeStrings::textsAreThereAndWithoutBlanksAround()
     }
 }
 
-/// Three characters that are cut from a month must not end between a letter and its accent; a button takes
-/// "&" for a mnemonic, a tool tip "<" for markup.
+// Three characters that are cut from a month must not end between a letter and its accent; a button takes
+// "&" for a mnemonic, a tool tip "<" for markup.
 void TestThemeStrings::textsAreComposedAndPlain()
 {
     QFETCH(int, index);
@@ -307,7 +307,7 @@ void TestThemeStrings::textsAreComposedAndPlain()
     }
 }
 
-/// Finds letters of another script that only look right. "OK" is Latin nearly everywhere.
+// Finds letters of another script that only look right. "OK" is Latin nearly everywhere.
 void TestThemeStrings::textsAreWrittenInTheScriptOfTheirLanguage()
 {
     QFETCH(int, index);
@@ -372,7 +372,7 @@ void TestThemeStrings::threeCharactersTellTheMonthsApart()
     QCOMPARE(shown.removeDuplicates(), 0);
 }
 
-/// The capital is for the header of the calendar, where one letter stands alone.
+// The capital is for the header of the calendar, where one letter stands alone.
 void TestThemeStrings::weekdaysAreThoseOfTheLocaleWithACapital()
 {
     QFETCH(int, index);

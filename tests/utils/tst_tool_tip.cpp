@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The tool tip's own widget, once it is shown.
+// The tool tip's own widget, once it is shown.
 QLabel *shownToolTip(const QString &text)
 {
     QToolTip::showText(QPoint(10, 10), text);

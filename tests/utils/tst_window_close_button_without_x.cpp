@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <QtTest>
 
-/// On the offscreen platform, whatever platform the other tests run on.
+// On the offscreen platform, whatever platform the other tests run on.
 class WindowCloseButtonWithoutXTest : public QObject
 {
     Q_OBJECT

@@ -58,7 +58,7 @@ bool isManaged(const XConnection &x)
     return !x.property(x.rootWindow(), "_NET_SUPPORTING_WM_CHECK").elements.isEmpty();
 }
 
-/// Runs this program again with a window manager that obeys changed functions of a shown window.
+// Runs this program again with a window manager that obeys changed functions of a shown window.
 int runUnderWindowManager(const QStringList &arguments)
 {
     const XServer server;
@@ -112,7 +112,7 @@ private:
 
 } // namespace
 
-/// Under a window manager on which the effect shows.
+// Under a window manager on which the effect shows.
 class WindowCloseButtonWmTest : public QObject
 {
     Q_OBJECT
@@ -191,7 +191,7 @@ QStringList WindowCloseButtonWmTest::allowedFunctions() const
     return functions;
 }
 
-/// The place of a button of the title bar, in the window manager's frame.
+// The place of a button of the title bar, in the window manager's frame.
 QRect WindowCloseButtonWmTest::squareOfTitleBar(int indexFromRight) const
 {
     const XWindow id(m_window->winId());
@@ -209,7 +209,7 @@ QImage WindowCloseButtonWmTest::grab(const QRect &area) const
     return m_x->grab(m_x->frameOf(XWindow(m_window->winId()))).copy(area);
 }
 
-/// An empty title bar looks the same everywhere; the close button looks different from its neighbour.
+// An empty title bar looks the same everywhere; the close button looks different from its neighbour.
 bool WindowCloseButtonWmTest::hasCloseButton() const
 {
     return grab(squareOfTitleBar(0)) != grab(squareOfTitleBar(1));

@@ -19,7 +19,7 @@ namespace {
 const char TreeItemSheet[] = "QLineEdit { background: yellow; padding: 2px }";
 const QString ForbiddenCharacters = QStringLiteral("\\/:*?\"<>|");
 
-/// The members that only views call.
+// The members that only views call.
 class OpenDelegate : public ItemDelegate
 {
 public:
@@ -27,7 +27,7 @@ public:
     using ItemDelegate::eventFilter;
 };
 
-/// Knows which check rectangles it was asked to draw.
+// Knows which check rectangles it was asked to draw.
 class CheckRecorder : public ItemDelegate
 {
 public:

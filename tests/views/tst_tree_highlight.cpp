@@ -20,7 +20,7 @@ namespace {
 const QColor Selected(0xd0, 0x40, 0x10);
 const QColor Hovered(0x10, 0x90, 0x60);
 
-/// What a tree of empty rows looks like when the rows of @p highlights have these colours.
+// What a tree of empty rows looks like when the rows of highlights have these colours.
 QImage expectedPicture(const PlainTree &tree, const QMap<int, QColor> &highlights)
 {
     QImage image(tree.viewport()->size() * expectedRatio(), QImage::Format_RGB32);
@@ -38,7 +38,7 @@ QImage expectedPicture(const PlainTree &tree, const QMap<int, QColor> &highlight
     return image;
 }
 
-/// Where the pictures differ by more than rounding; empty if nowhere.
+// Where the pictures differ by more than rounding; empty if nowhere.
 QString difference(const QImage &actual, const QImage &expected)
 {
     if (actual == expected) {
@@ -61,7 +61,7 @@ QString difference(const QImage &actual, const QImage &expected)
     return QString();
 }
 
-/// How many pixels of @p row have just that colour.
+// How many pixels of row have just that colour.
 int pixelsOf(const PlainTree &tree, int row, const QColor &color)
 {
     const QImage image = tree.painted();
@@ -75,7 +75,7 @@ int pixelsOf(const PlainTree &tree, int row, const QColor &color)
     return count;
 }
 
-/// How often a tree of many rows looks for the place of one until it has painted a jump under the pointer.
+// How often a tree of many rows looks for the place of one until it has painted a jump under the pointer.
 template<typename Tree>
 int lookUpsOfAJump(QAbstractItemView::ScrollMode mode)
 {

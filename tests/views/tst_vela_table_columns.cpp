@@ -20,7 +20,7 @@ constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 const Columns Narrow {{"A", 6, true, 0.0}, {"B", 6, false, 0.0}, {"C", 1, true, 0.0}, {"D", 0, true, 0.0}};
 
-/// The widths of the columns of a table whose rows have @p available pixels.
+// The widths of the columns of a table whose rows have available pixels.
 QVector<int> expectedWidths(const Columns &columns, int available)
 {
     double fixedWidth = 0.0;

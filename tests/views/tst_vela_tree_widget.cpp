@@ -32,6 +32,7 @@ class VelaTreeWidgetTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
+    void itTellsItsColours();
     void theTreeDeclaresItsTwoSignals();
     void theParentMayBeLeftOut();
     void theTreeInstallsNothingItself();
@@ -392,6 +393,16 @@ void VelaTreeWidgetTest::aCurrentItemThatIsRemovedMeanwhileStaysRemoved()
     QVERIFY(tree->hasFocus());
     QVERIFY(!tree->currentItem());
     QCOMPARE(tree->topLevelItemCount(), 0);
+}
+
+void VelaTreeWidgetTest::itTellsItsColours()
+{
+    VelaTreeWidget tree;
+    QVERIFY(!tree.selectedColor().isValid());
+    QVERIFY(!tree.hoverColor().isValid());
+    tree.setBackgroundColor(Qt::red, Qt::blue);
+    QCOMPARE(tree.selectedColor(), QColor(Qt::red));
+    QCOMPARE(tree.hoverColor(), QColor(Qt::blue));
 }
 
 QTEST_MAIN(VelaTreeWidgetTest)
