@@ -56,8 +56,7 @@ Side bareLoading(const Resources &resources, int variantCount)
     QStringList paths;
     for (const QString &name : imageNames()) {
         for (int variant = 0; variant < variantCount; ++variant) {
-            paths.append(resources.path(QLatin1String("images/") + name + QLatin1String(Variants[variant])
-                                        + QLatin1String(".png")));
+            paths.append(resources.imagePath(name + QLatin1String(Variants[variant])));
         }
     }
     return [paths](benchmark::State &state) {
@@ -77,7 +76,7 @@ void compareLoading(const Resources &resources, const std::string &what, int var
     compare(
         "INIT_PRELOAD, " + what, LoadingTarget,
         [&resources](benchmark::State &state) {
-            resources.use();
+            resources.setAsPaths();
             for (auto iteration : state) {
                 Q_UNUSED(iteration)
                 ImageManager::getInstance()->initialize(ImageManager::INIT_PRELOAD);
@@ -87,7 +86,7 @@ void compareLoading(const Resources &resources, const std::string &what, int var
     compare(
         "first requests, " + what, LoadingTarget,
         [&resources](benchmark::State &state) {
-            resources.use();
+            resources.setAsPaths();
             const QStringList names = imageNames();
             for (auto iteration : state) {
                 Q_UNUSED(iteration)
@@ -107,7 +106,7 @@ void compareLazyStart(const Resources &full, const Resources &empty)
 {
     const auto start = [](const Resources &resources) {
         return [&resources](benchmark::State &state) {
-            resources.use();
+            resources.setAsPaths();
             for (auto iteration : state) {
                 Q_UNUSED(iteration)
                 ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
@@ -122,7 +121,7 @@ void compareRequest(const Resources &resources)
     compare(
         "request of a loaded image", RequestTarget,
         [&resources](benchmark::State &state) {
-            resources.use();
+            resources.setAsPaths();
             ImageManager::getInstance()->initialize(ImageManager::INIT_PRELOAD);
             const QStringList names = imageNames();
             for (auto iteration : state) {

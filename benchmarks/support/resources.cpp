@@ -3,51 +3,12 @@
 
 #include "support/resources.h"
 
-#include "utils/ui-path-manager.h"
-
 #include <QColor>
-#include <QDir>
-#include <QFile>
 #include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QStringList>
-
-namespace {
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        qFatal("cannot write %s", qUtf8Printable(path));
-    }
-}
-
-} // namespace
 
 Resources::Resources()
 {
-    QDir().mkpath(path(QStringLiteral("images")));
-    use();
-}
-
-void Resources::use() const
-{
-    auto *paths = UIPathManager::getInstance();
-    paths->setPath(QStringLiteral("resource_path"), m_folder.path());
-    paths->setPath(QStringLiteral("user_data_path"), path(QStringLiteral("user")));
-}
-
-QString Resources::path(const QString &name) const
-{
-    return m_folder.filePath(name);
-}
-
-QString Resources::writeSheet(const QString &name, const QByteArray &text) const
-{
-    write(path(name), text);
-    return path(name);
+    setAsPaths();
 }
 
 void Resources::writeImage(const QString &name, int size) const
@@ -59,16 +20,13 @@ void Resources::writeImage(const QString &name, int size) const
             image.setPixelColor(x, y, isInside ? QColor(x * 255 / size, y * 255 / size, 128, 230) : Qt::transparent);
         }
     }
-    const QString file = path(QLatin1String("images/") + name + QLatin1String(".png"));
-    if (!image.save(file)) {
-        qFatal("cannot write %s", qUtf8Printable(file));
-    }
+    writeImage(name, image);
 }
 
-void Resources::writeCatalogue(const QStringList &images) const
+QString Resources::writeSheet(const QString &name, const QByteArray &text) const
 {
-    const QJsonObject catalogue {{QStringLiteral("images"), QJsonArray::fromStringList(images)}};
-    write(path(QStringLiteral("images.json")), QJsonDocument(catalogue).toJson());
+    writeFile(name, text);
+    return path() + QLatin1Char('/') + name;
 }
 
 QByteArray headed(const char *key, const QByteArray &body)

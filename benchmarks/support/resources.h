@@ -3,28 +3,21 @@
 
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <QStringList>
-#include <QTemporaryDir>
+#include "support/resource-folder.h"
 
-/// The folders that an application sets up for the library, empty, in a temporary place.
-class Resources
+#include <QByteArray>
+
+/// The folders that an application sets up for the library, with what comparisons put into them.
+class Resources : public ResourceFolder
 {
 public:
     Resources();
 
-    /// Makes these folders the ones that UIPathManager knows.
-    void use() const;
-
-    QString path(const QString &name) const;
-    QString writeSheet(const QString &name, const QByteArray &text) const;
+    using ResourceFolder::writeImage;
     /// Draws an image of @p size by @p size pixels that a PNG does not shrink to nothing.
     void writeImage(const QString &name, int size) const;
-    void writeCatalogue(const QStringList &images) const;
-
-private:
-    QTemporaryDir m_folder;
+    /// Writes a file of style sheets and returns its path.
+    QString writeSheet(const QString &name, const QByteArray &text) const;
 };
 
 /// @p body as the section of @p key.
