@@ -22,6 +22,7 @@ public:
     void setInformativeText(const QString &newText);
     void rememberFocusWidgets();
 
+    MessageLabel *informativeLabel = nullptr; // while there is an informative text
     QLabel *const iconLabel;
     QString text;
     QString informativeText;
@@ -42,5 +43,4 @@ private:
     bool hasIcon() const;
 
     VelaMessageSheet *const q;
-    MessageLabel *informativeLabel = nullptr;
 };
