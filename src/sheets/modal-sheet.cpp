@@ -53,6 +53,10 @@ void ModalSheet::setParagraph(QLabel *label, const QString &text, int lineHeight
 {
     const QString paragraph = QStringLiteral("<p style='line-height: %1px;'>%2</p>").arg(lineHeight).arg(text);
     label->setText(DPIinfo::getInstance()->getScaledStyleSheet(paragraph));
+}
+
+void ModalSheet::wrapText(QLabel *label)
+{
     label->setWordWrap(true);
     label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Maximum);
 }

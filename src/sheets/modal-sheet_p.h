@@ -50,6 +50,9 @@ protected:
     void setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption);
     /// Sets @p text, which may be rich, in lines as high as that, in logical pixels.
     static void setParagraph(QLabel *label, const QString &text, int lineHeight);
+    /// Lets @p label break its lines. Its height does not depend on its width then, for a layout, until it is given
+    /// another text or alignment: sheets are as high as they are by this, so it is part of the order of the calls.
+    static void wrapText(QLabel *label);
 
 private:
     /// Puts what stands above the buttons into @p column.

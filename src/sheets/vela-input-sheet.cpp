@@ -76,6 +76,7 @@ void VelaInputSheetPrivate::setPrompt(const QString &text)
     prompt = text;
     setParagraph(textLabel, text, LineHeight);
     textLabel->setAlignment(Qt::AlignTop);
+    wrapText(textLabel);
     setupLayout();
 }
 

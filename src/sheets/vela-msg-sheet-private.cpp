@@ -132,6 +132,7 @@ void VelaMessageSheetPrivate::setText(const QString &newText)
     setParagraph(textLabel, text, LineHeight);
     textLabel->setAlignment(Qt::AlignTop);
     textLabel->setFocusPolicy(Qt::StrongFocus);
+    wrapText(textLabel);
     setupLayout();
 }
 
@@ -152,6 +153,7 @@ void VelaMessageSheetPrivate::setInformativeText(const QString &newText)
             informativeLabel->setAlignment(Qt::AlignTop | Qt::AlignLeft);
             informativeLabel->setOpenExternalLinks(true);
             informativeLabel->setFocusPolicy(Qt::StrongFocus);
+            wrapText(informativeLabel);
         }
         setParagraph(informativeLabel, newText, InformativeLineHeight);
     }

@@ -291,6 +291,7 @@ void VelaInputSheetTest::thePromptIsAScaledParagraph()
     QCOMPARE(prompt->alignment(), Qt::AlignTop);
     QCOMPARE(prompt->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
     QCOMPARE(prompt->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+    QVERIFY(!prompt->sizePolicy().hasHeightForWidth());
 
     sheet.setText(QStringLiteral("<b>Another</b>"));
     QCOMPARE(prompt->text(), paragraph.arg(QStringLiteral("<b>Another</b>")));

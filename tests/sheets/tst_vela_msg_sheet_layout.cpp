@@ -515,6 +515,7 @@ void VelaMessageSheetLayoutTest::theTextLabelIsSetUpForReading()
     QCOMPARE(label->focusPolicy(), Qt::StrongFocus);
     QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
     QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+    QVERIFY(!label->sizePolicy().hasHeightForWidth());
 }
 
 void VelaMessageSheetLayoutTest::theTextIsReplacedInItsLabel()
@@ -557,6 +558,7 @@ void VelaMessageSheetLayoutTest::theInformativeLabelIsSetUpForReading()
     QCOMPARE(label->focusPolicy(), Qt::StrongFocus);
     QCOMPARE(label->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
     QCOMPARE(label->sizePolicy().verticalPolicy(), QSizePolicy::Maximum);
+    QVERIFY(label->sizePolicy().hasHeightForWidth());
 }
 
 void VelaMessageSheetLayoutTest::theInformativeLabelTakesItsInteractionFromTheStyle_data()
@@ -582,9 +584,11 @@ void VelaMessageSheetLayoutTest::aSecondInformativeTextKeepsTheLabel()
 {
     Host host;
     VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, QStringLiteral("text"), QStringLiteral("more"), &host);
-    const MessageLabel *label = Parts(sheet).informative;
+    MessageLabel *label = Parts(sheet).informative;
+    label->setWordWrap(false);
     sheet.setInformativeText(QStringLiteral("less"));
     deleteWhatIsForgotten();
+    QVERIFY(!label->wordWrap());
     QCOMPARE(Parts(sheet).informative, label);
     QCOMPARE(sheet.findChildren<MessageLabel *>().count(), 2);
     QCOMPARE(label->text(), paragraph(20, QStringLiteral("less")));
