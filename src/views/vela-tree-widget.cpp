@@ -302,7 +302,20 @@ class FileSystemTreeWidgetItemPrivate
 
 FileSystemTreeWidgetItem::FileSystemTreeWidgetItem() : clientData(0) { }
 
+FileSystemTreeWidgetItem::FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other) :
+    QTreeWidgetItem(other), path(other.path), clientData(other.clientData)
+{
+}
+
 FileSystemTreeWidgetItem::~FileSystemTreeWidgetItem() = default;
+
+FileSystemTreeWidgetItem &FileSystemTreeWidgetItem::operator=(const FileSystemTreeWidgetItem &other)
+{
+    QTreeWidgetItem::operator=(other);
+    path = other.path;
+    clientData = other.clientData;
+    return *this;
+}
 
 const QString &FileSystemTreeWidgetItem::getPath() const
 {

@@ -94,7 +94,10 @@ class VELA_EXPORT FileSystemTreeWidgetItem : public QTreeWidgetItem
 {
 public:
     FileSystemTreeWidgetItem();
+    /// A copy without the children, in no tree.
+    FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
     ~FileSystemTreeWidgetItem() override;
+    FileSystemTreeWidgetItem &operator=(const FileSystemTreeWidgetItem &other);
 
     const QString &getPath() const;
 

@@ -26,6 +26,7 @@ class FileSystemTreeWidgetItemTest : public QObject
 
 private Q_SLOTS:
     void anItemBeginsWithoutAPath();
+    void aCopyHasTheTextsAndThePath();
     void itemsAreOrderedByTextAndNoneBeforeHome_data();
     void itemsAreOrderedByTextAndNoneBeforeHome();
     void theSortColumnDecides();
@@ -44,6 +45,24 @@ void FileSystemTreeWidgetItemTest::anItemBeginsWithoutAPath()
     item.path = QStringLiteral("home/music");
     QCOMPARE(item.getPath(), QStringLiteral("home/music"));
     QCOMPARE(&item.getPath(), &item.path);
+}
+
+void FileSystemTreeWidgetItemTest::aCopyHasTheTextsAndThePath()
+{
+    FileSystemTreeWidgetItem item;
+    item.setText(0, QStringLiteral("Music"));
+    item.path = QStringLiteral("home/music");
+    item.clientData = 7;
+
+    const FileSystemTreeWidgetItem copy(item);
+    FileSystemTreeWidgetItem assigned;
+    assigned = item;
+    item.path.clear();
+    for (const FileSystemTreeWidgetItem *made : {&copy, &qAsConst(assigned)}) {
+        QCOMPARE(made->text(0), QStringLiteral("Music"));
+        QCOMPARE(made->path, QStringLiteral("home/music"));
+        QCOMPARE(made->clientData, Q_INT64_C(7));
+    }
 }
 
 void FileSystemTreeWidgetItemTest::itemsAreOrderedByTextAndNoneBeforeHome_data()
