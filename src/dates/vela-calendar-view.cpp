@@ -43,10 +43,20 @@ constexpr Text Weekdays[DaysPerWeek] = {Text::Sunday,   Text::Monday, Text::Tues
 class Calendar : public QCalendarWidget
 {
 public:
-    explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(focusProxy())
+    explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(qobject_cast<QTableView *>(focusProxy()))
     {
         setFocusProxy(nullptr);
         setFocusPolicy(Qt::ClickFocus);
+    }
+
+    // Weeks may get lower than the font has them, see handleWeekdayHeader(), but do not ask for less room.
+    QSize minimumSizeHint() const override
+    {
+        QHeaderView *weeks = m_dayGrid->verticalHeader();
+        weeks->setMinimumSectionSize(-1);
+        const QSize hint = QCalendarWidget::minimumSizeHint();
+        weeks->setMinimumSectionSize(0);
+        return hint;
     }
 
 protected:
@@ -104,7 +114,7 @@ private:
         findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton"))->setText(edit->text());
     }
 
-    QWidget *const m_dayGrid;
+    QTableView *const m_dayGrid;
 };
 
 } // namespace

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void theWeekdayRowIsSetUpAsAHeader();
     void theWeekdayRowHasTheSheetsOfTheTable();
     void theWeekdaysStandAboveTheirDays();
+    void theWeeksAskForTheRoomThatQtGivesThemAndGetByWithLess();
 
     void aClickOnADaySaysSo();
     void aDoubleClickAndEnterSaySoAgain();
@@ -645,6 +646,28 @@ void VelaCalendarViewTest::theWeekdaysStandAboveTheirDays()
         const int distance = qAbs(middle(calendar.weekdays()) - middle(calendar.grid()));
         QVERIFY2(distance <= 3, qPrintable(QStringLiteral("column %1: %2 pixels").arg(i).arg(distance)));
     }
+}
+
+void VelaCalendarViewTest::theWeeksAskForTheRoomThatQtGivesThemAndGetByWithLess()
+{
+    QFont font = QApplication::font();
+    font.setPixelSize(40);
+    QCalendarWidget ofQt;
+    ofQt.setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
+    ofQt.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    ofQt.setFont(font);
+    VelaCalanderView view;
+    view.setFont(font);
+    const Calendar calendar(&view);
+    ofQt.findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth"))
+        ->setIconSize(calendar.previous()->iconSize());
+    ofQt.findChild<QToolButton *>(QStringLiteral("qt_calendar_nextmonth"))->setIconSize(calendar.next()->iconSize());
+    QCOMPARE(calendar.widget()->minimumSizeHint().height(), ofQt.minimumSizeHint().height());
+
+    view.setFixedSize(280, 260);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QTRY_VERIFY(calendar.grid()->verticalHeader()->length() <= calendar.grid()->viewport()->height());
 }
 
 void VelaCalendarViewTest::aClickOnADaySaysSo()
