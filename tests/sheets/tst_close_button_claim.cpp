@@ -18,7 +18,7 @@ constexpr int Hints = 7; // of a window at first
 class HintedWindow : public QWidget
 {
 public:
-    HintedWindow() { fakeHints()[this] = Hints; }
+    explicit HintedWindow(int hints = Hints) { fakeHints()[this] = hints; }
     ~HintedWindow() override { fakeHints().remove(this); }
     Q_DISABLE_COPY_MOVE(HintedWindow)
 
@@ -144,7 +144,7 @@ void CloseButtonClaimTest::theButtonIsAwayUntilTheLastClaimHasGone()
 void CloseButtonClaimTest::claimsToTwoWindowsDoNotMeet()
 {
     HintedWindow window;
-    HintedWindow other;
+    HintedWindow other(Hints + 1);
     CloseButtonClaim first;
     CloseButtonClaim second;
     first.make(&window);
@@ -152,6 +152,8 @@ void CloseButtonClaimTest::claimsToTwoWindowsDoNotMeet()
     first.giveBack(&window);
     QCOMPARE(window.hints(), Hints);
     QCOMPARE(other.hints(), FakeHintsAway);
+    second.giveBack(&other);
+    QCOMPARE(other.hints(), Hints + 1);
 }
 
 void CloseButtonClaimTest::droppedHintsAreNotGivenBack()

@@ -192,13 +192,16 @@ void SheetFocusTest::itGoesNotBackFromElsewhere()
 void SheetFocusTest::itGoesBackIntoTheSheetBelow_data()
 {
     QTest::addColumn<bool>("wasInTheSheet");
-    QTest::newRow("where it was") << true;
-    QTest::newRow("from the window") << false;
+    QTest::addColumn<bool>("isHiddenMeanwhile");
+    QTest::newRow("where it was") << true << false;
+    QTest::newRow("elsewhere where that is hidden") << true << true;
+    QTest::newRow("from the window") << false << false;
 }
 
 void SheetFocusTest::itGoesBackIntoTheSheetBelow()
 {
     QFETCH(bool, wasInTheSheet);
+    QFETCH(bool, isHiddenMeanwhile);
     SheetWindow window;
     QVERIFY(window.showAndWait());
     FieldSheet below(&window);
@@ -209,8 +212,9 @@ void SheetFocusTest::itGoesBackIntoTheSheetBelow()
     focus.remember();
     above.show();
     above.first->setFocus();
+    below.second->setHidden(isHiddenMeanwhile);
     focus.giveBack();
-    QCOMPARE(QApplication::focusWidget(), wasInTheSheet ? below.second : below.first);
+    QCOMPARE(QApplication::focusWidget(), wasInTheSheet && !isHiddenMeanwhile ? below.second : below.first);
 }
 
 void SheetFocusTest::aHiddenSheetLetsItGo()

@@ -4,6 +4,7 @@
 #include "component/vela-sheet.h"
 #include "sheets/fake-window-hints.h"
 #include "sheets/sheet-run_p.h"
+#include "sheets/sheet-stack_p.h"
 #include "support/modal-sheet.h"
 
 #include <QTimer>
@@ -12,6 +13,7 @@
 #include <memory>
 
 using Vela::Private::SheetRun;
+using Vela::Private::SheetStack;
 
 namespace {
 
@@ -52,7 +54,9 @@ private Q_SLOTS:
     void anAnswerWithoutARunIsToldToo();
     void aSheetThatWaitsInVainIsUp();
     void aDyingWindowBringsTheRunDown();
+    void aSheetMayBeginInAnotherWindowThen();
     void aMovedSheetIsUpInItsNewWindow();
+    void theSheetThatBeginsIsUppermost();
     void aDestroyedRunEndsItsWait();
     void aCloseIsRefusedWhileItIsToldTo();
 
@@ -184,6 +188,25 @@ void SheetRunTest::aDyingWindowBringsTheRunDown()
     QVERIFY(!sheet.parent());
 }
 
+void SheetRunTest::aSheetMayBeginInAnotherWindowThen()
+{
+    SheetWindow window;
+    auto former = std::make_unique<SheetWindow>();
+    fakeHints()[former.get()] = Hints;
+    BareSheet sheet(former.get());
+    sheet.run->begin();
+    QTimer::singleShot(0, &sheet, [&] { former.reset(); });
+    QCOMPARE(sheet.run->wait(), 0);
+
+    fakeHints()[&window] = Hints + 1;
+    sheet.setParent(&window);
+    sheet.run->begin();
+    QCOMPARE(sheet.run->state(), SheetRun::State::Up);
+    QCOMPARE(fakeHints().value(&window), FakeHintsAway);
+    sheet.run->end(0);
+    QCOMPARE(fakeHints().value(&window), Hints + 1);
+}
+
 void SheetRunTest::aMovedSheetIsUpInItsNewWindow()
 {
     SheetWindow former;
@@ -194,6 +217,22 @@ void SheetRunTest::aMovedSheetIsUpInItsNewWindow()
     QCOMPARE(sheet.run->state(), SheetRun::State::Up);
     sheet.run->end(1);
     QCOMPARE(sheet.run->state(), SheetRun::State::Down);
+}
+
+// Though it was shown before another.
+void SheetRunTest::theSheetThatBeginsIsUppermost()
+{
+    SheetWindow window;
+    window.show();
+    BareSheet first(&window);
+    BareSheet second(&window);
+    first.showSheet();
+    second.showSheet();
+    QCOMPARE(SheetStack::top(&window), &second);
+    first.run->begin();
+    QCOMPARE(SheetStack::top(&window), &first);
+    first.run->end(0);
+    QCOMPARE(SheetStack::top(&window), &second);
 }
 
 void SheetRunTest::aDestroyedRunEndsItsWait()
