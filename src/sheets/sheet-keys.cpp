@@ -81,7 +81,9 @@ void SheetKeys::keep()
 
 void SheetKeys::release()
 {
-    qApp->removeEventFilter(this);
+    if (qApp) { // which the sheet may outlive
+        qApp->removeEventFilter(this);
+    }
 }
 
 bool SheetKeys::eventFilter(QObject *watched, QEvent *event)

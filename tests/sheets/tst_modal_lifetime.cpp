@@ -3,6 +3,7 @@
 
 #include "component/vela-mask.h"
 #include "component/vela-sheet.h"
+#include "support/environment.h"
 #include "support/modal-sheet.h"
 #include "support/resource-folder.h"
 #include "support/window-hints.h"
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void theSheetMayBeDeletedWhileItIsShown();
     void theSheetMayBeDeletedInASlotOfFinished_data();
     void theSheetMayBeDeletedInASlotOfFinished();
+    void theSheetMayBeDeletedAfterTheApplication();
 
 private:
     ResourceFolder m_folder;
@@ -310,6 +312,15 @@ void ModalLifetimeTest::theSheetMayBeDeletedInASlotOfFinished()
     QTimer::singleShot(0, this, [&] { answer(shown.sheet, shown.window); });
     QCOMPARE(shown.sheet.exec(), OkCode);
     QVERIFY(!shown.sheet.get());
+}
+
+void ModalLifetimeTest::theSheetMayBeDeletedAfterTheApplication()
+{
+    const QString name =
+        ModalSheet::currentKind() == ModalSheet::Message ? QStringLiteral("message") : QStringLiteral("input");
+    bool crashed = true;
+    const QString errors = runAndReadErrors(QStringLiteral(VELA_OUTLIVES_APPLICATION), {name}, &crashed);
+    QVERIFY2(!crashed, qPrintable(errors));
 }
 
 QTEST_MAIN(ModalLifetimeTest)
