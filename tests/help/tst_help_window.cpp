@@ -317,13 +317,12 @@ void HelpWindowTest::aMissingProxyShowsTheOfflinePage()
 
 void HelpWindowTest::anEndlessBodyShowsTheOfflinePage()
 {
-    qint64 sent = 0;
-    m_knowledgeBase->answer = [&sent](QSslSocket *socket, const QByteArray &) {
+    m_knowledgeBase->answer = [](QSslSocket *socket, const QByteArray &) {
         constexpr int ChunkSize = 1 << 20;
         socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n");
-        const auto sendMore = [socket, &sent] {
+        const auto sendMore = [socket] {
             if (socket->bytesToWrite() + socket->encryptedBytesToWrite() < ChunkSize) {
-                sent += socket->write(QByteArray(ChunkSize, 'v'));
+                socket->write(QByteArray(ChunkSize, 'v'));
             }
         };
         connect(socket, &QSslSocket::encryptedBytesWritten, socket, sendMore);
@@ -332,7 +331,6 @@ void HelpWindowTest::anEndlessBodyShowsTheOfflinePage()
     const Help help(context(root()));
     const QSignalSpy aborted(help.window.get(), &HelpWindow::sigAbortRequest);
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(Offline + QStringLiteral(" enu")), Patience);
-    QVERIFY2(sent < qint64(MaximalPageSize) * 3 / 2, qPrintable(QString::number(sent)));
     QCOMPARE(aborted.count(), 0); // nor has the time run out
     QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->openConnections(), 0, Patience);
 }
