@@ -8,6 +8,18 @@
 
 namespace Vela {
 
+/// A folder that applications name to UIPathManager.
+struct FolderEntry
+{
+    const char *key;
+    const char *usedBy;
+};
+
+constexpr FolderEntry FolderEntries[] = {
+    {"resource_path", "ImageManager (the theme: \"images.json\" and the folder \"images\")"},
+    {"user_data_path", "ImageManager (writes the folder \"tmp_images\")"},
+};
+
 /// A section of the style sheets.
 enum class Style {
     ApplyButton,
@@ -55,6 +67,9 @@ struct StyleEntry
     const char *key;
     const char *usedBy; // classes, with the state or part in brackets
     const char *reaches; // classes and object names that rules can name
+    const char *properties = ""; // dynamic properties that the widget sets, with their values
+    const char *setByApplications = ""; // classes that applications set the section on themselves
+    const char *markers = ""; // what the widget puts something in the place of
 };
 
 constexpr StyleEntry StyleEntries[] = {
@@ -74,7 +89,7 @@ constexpr StyleEntry StyleEntries[] = {
     {Style::CheckBox, "component.checkbox", "VelaCheckBox", "VelaCheckBox, QCheckBox"},
     {Style::ComboBox, "component.combobox",
      "VelaComboBox (a template: %1 stands for the side paddings, %2 for the border)",
-     "VelaComboBox, QComboBox, QLineEdit, QAbstractItemView"},
+     "VelaComboBox, QComboBox, QLineEdit, QAbstractItemView", "", "", "%1, %2"},
     {Style::ConfirmBox, "component.confirm_message_box", "message shortcuts (question without a window)",
      "QMessageBox, QLabel, #qt_msgbox_label, QDialogButtonBox, QPushButton"},
     {Style::DateSelector, "component.date_selector", "VelaDateSelector",
@@ -92,8 +107,8 @@ constexpr StyleEntry StyleEntries[] = {
      "QMessageBox, VelaCountdownMessageBox, QLabel, #qt_msgbox_label, #qt_msgbox_informativelabel, QDialogButtonBox, "
      "QPushButton"},
     {Style::Label, "component.label", "VelaLabel", "VelaLabel, QLabel"},
-    {Style::LineEdit, "component.lineedit", "VelaLineEdit, VelaFilterBar, VelaInputSheet",
-     "QLineEdit, VelaFilterBar; the property \"error\" of a VelaLineEdit's field"},
+    {Style::LineEdit, "component.lineedit", "VelaLineEdit, VelaFilterBar, VelaInputSheet", "QLineEdit, VelaFilterBar",
+     "error: true, false"},
     {Style::LineEditLabel, "component.lineedit_label", "VelaLineEdit (texts beside the field)", "QLabel"},
     {Style::Menu, "component.menu", "VelaButtonPath, VelaDateSelector (behind component.date_selector)", "QMenu"},
     {Style::NonselectPagingButton, "component.nonselect_paging_button",
@@ -119,7 +134,8 @@ constexpr StyleEntry StyleEntries[] = {
      "ResizeSignalTableWidget, QTableWidget, QTableView, #qt_calendar_weekdayview"},
     {Style::TableHeader, "component.table_header", "VelaTableWidget (header), VelaCalanderView (weekdays)",
      "QHeaderView"},
-    {Style::TreeItem, "component.tree_item", "ItemDelegate (editor of a name)", "QLineEdit"},
+    {Style::TreeItem, "component.tree_item", "ItemDelegate (editor of a name)", "QLineEdit", "",
+     "VelaTreeWidget, QTreeWidget, QTreeView"},
     {Style::UpgradingBox, "component.upgrading_message_box", "message shortcuts (upgrade without a window)",
      "QMessageBox, QLabel, #qt_msgbox_label, QDialogButtonBox, QPushButton"},
     {Style::WarningBox, "component.warning_message_box", "message shortcuts (warning without a window)",
@@ -153,36 +169,50 @@ enum class Image {
     Count
 };
 
+enum class ImageStates {
+    Normal,
+    All, // hovered, pressed and disabled too
+};
+
 struct ImageEntry
 {
     Image image;
     const char *name;
     const char *usedBy; // classes, with the state or part in brackets
+    ImageStates states; // that are asked for
+    int width; // logical pixels, as are the widgets' places for it
+    int height;
 };
 
 constexpr ImageEntry ImageEntries[] = {
-    {Image::AppMessage, "app_img", "VelaMessageSheet (AppMessage)"},
-    {Image::Folder, "folder", "VelaButtonPath (menu of the names that do not fit)"},
-    {Image::IconInformation, "icon_information", "VelaMessageSheet (InfoMessage, UpgradeMessage)"},
-    {Image::IconQuestion, "icon_question", "VelaMessageSheet (QuestionMessage)"},
-    {Image::IconWarning, "icon_warning", "VelaMessageSheet (WarningMessage, WarningQuestionMessage)"},
-    {Image::PagingBack, "bt_pagebar_back", "VelaPagingBar (five pages back)"},
-    {Image::PagingFirst, "bt_pagebar_backend", "VelaPagingBar (first page), VelaCalanderView (month before)"},
-    {Image::PagingLast, "bt_pagebar_nextend", "VelaPagingBar (last page), VelaCalanderView (month after)"},
-    {Image::PagingNext, "bt_pagebar_next", "VelaPagingBar (five pages on)"},
-    {Image::PagingRefresh, "bt_pagebar_refresh", "VelaPagingBar (refresh)"},
-    {Image::PagingRefreshDisabled, "bt_pagebar_refresh_disable", "VelaPagingBar (refresh, disabled)"},
-    {Image::PagingRefreshHovered, "bt_pagebar_refresh_hover", "VelaPagingBar (refresh, hovered)"},
-    {Image::PathArrow, "bt_next", "VelaButtonPath (between two names)"},
-    {Image::SearchMenu, "bt_search_dropdown", "VelaFilterBar (menu's button)"},
-    {Image::ShadowBottom, "bg_tutorial_b", "VelaSheet (shadow)"},
-    {Image::ShadowBottomLeft, "bg_tutorial_lb", "VelaSheet (shadow)"},
-    {Image::ShadowBottomRight, "bg_tutorial_rb", "VelaSheet (shadow)"},
-    {Image::ShadowLeft, "bg_tutorial_l", "VelaSheet (shadow)"},
-    {Image::ShadowRight, "bg_tutorial_r", "VelaSheet (shadow)"},
-    {Image::ShadowTop, "bg_tutorial_t", "VelaSheet (shadow)"},
-    {Image::ShadowTopLeft, "bg_tutorial_lt", "VelaSheet (shadow)"},
-    {Image::ShadowTopRight, "bg_tutorial_rt", "VelaSheet (shadow)"},
+    {Image::AppMessage, "app_img", "VelaMessageSheet (AppMessage)", ImageStates::Normal, 32, 32},
+    {Image::Folder, "folder", "VelaButtonPath (menu of the names that do not fit)", ImageStates::Normal, 20, 20},
+    {Image::IconInformation, "icon_information", "VelaMessageSheet (InfoMessage, UpgradeMessage)", ImageStates::Normal,
+     32, 32},
+    {Image::IconQuestion, "icon_question", "VelaMessageSheet (QuestionMessage)", ImageStates::Normal, 32, 32},
+    {Image::IconWarning, "icon_warning", "VelaMessageSheet (WarningMessage, WarningQuestionMessage)",
+     ImageStates::Normal, 32, 32},
+    {Image::PagingBack, "bt_pagebar_back", "VelaPagingBar (five pages back)", ImageStates::All, 16, 16},
+    {Image::PagingFirst, "bt_pagebar_backend", "VelaPagingBar (first page), VelaCalanderView (month before)",
+     ImageStates::All, 16, 16},
+    {Image::PagingLast, "bt_pagebar_nextend", "VelaPagingBar (last page), VelaCalanderView (month after)",
+     ImageStates::All, 16, 16},
+    {Image::PagingNext, "bt_pagebar_next", "VelaPagingBar (five pages on)", ImageStates::All, 16, 16},
+    {Image::PagingRefresh, "bt_pagebar_refresh", "VelaPagingBar (refresh)", ImageStates::All, 16, 16},
+    {Image::PagingRefreshDisabled, "bt_pagebar_refresh_disable", "VelaPagingBar (refresh, disabled)",
+     ImageStates::Normal, 16, 16},
+    {Image::PagingRefreshHovered, "bt_pagebar_refresh_hover", "VelaPagingBar (refresh, hovered)", ImageStates::Normal,
+     16, 16},
+    {Image::PathArrow, "bt_next", "VelaButtonPath (between two names)", ImageStates::Normal, 16, 16},
+    {Image::SearchMenu, "bt_search_dropdown", "VelaFilterBar (menu's button)", ImageStates::All, 28, 16},
+    {Image::ShadowBottom, "bg_tutorial_b", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowBottomLeft, "bg_tutorial_lb", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowBottomRight, "bg_tutorial_rb", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowLeft, "bg_tutorial_l", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowRight, "bg_tutorial_r", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowTop, "bg_tutorial_t", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowTopLeft, "bg_tutorial_lt", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
+    {Image::ShadowTopRight, "bg_tutorial_rt", "VelaSheet (shadow)", ImageStates::Normal, 22, 22},
 };
 
 /// A text in the user's language.
@@ -226,6 +256,7 @@ struct TextEntry
     Text text;
     const char *key;
     const char *usedBy; // classes, with the state or part in brackets
+    const char *markers = ""; // what the widget puts something in the place of
 };
 
 constexpr TextEntry TextEntries[] = {

@@ -28,12 +28,12 @@ int indexOf(const QByteArray &text, char wanted, int from)
     return found ? static_cast<int>(static_cast<const char *>(found) - text.constData()) : -1;
 }
 
-// Takes parts out of a text, in place, from its begin to its end. A text of which nothing is taken stays
-// shared.
+// Takes parts out of a text, in place, from its begin to its end, and tells which. A text of which nothing is taken
+// stays shared.
 class Cutter
 {
 public:
-    explicit Cutter(QByteArray &text) : m_text(text) { }
+    Cutter(QByteArray &text, std::vector<TextRange> *removed) : m_text(text), m_removed(removed) { }
     ~Cutter()
     {
         if (m_rest > 0) {
@@ -49,6 +49,9 @@ public:
     {
         keepUpTo(begin);
         m_rest = end;
+        if (m_removed) {
+            m_removed->push_back({begin, end});
+        }
     }
 
 private:
@@ -62,13 +65,14 @@ private:
     }
 
     QByteArray &m_text;
+    std::vector<TextRange> *const m_removed;
     int m_kept = 0; // bytes kept so far, at the text's begin
     int m_rest = 0; // where the part begins that is not decided yet
 };
 
-void removeBlockComments(QByteArray &text)
+void removeBlockComments(QByteArray &text, std::vector<TextRange> *removed)
 {
-    Cutter cutter(text);
+    Cutter cutter(text, removed);
     int open = -1;
     for (int i = indexOf(text, Slash, 0); i >= 0; i = indexOf(text, Slash, i + 1)) {
         const char *character = text.constData() + i;
@@ -83,9 +87,9 @@ void removeBlockComments(QByteArray &text)
     }
 }
 
-void removeLineComments(QByteArray &text)
+void removeLineComments(QByteArray &text, std::vector<TextRange> *removed)
 {
-    Cutter cutter(text);
+    Cutter cutter(text, removed);
     int i = indexOf(text, Slash, 0);
     while (i >= 0) {
         int next = i + 1;
@@ -101,15 +105,9 @@ void removeLineComments(QByteArray &text)
     }
 }
 
-// A header line, as positions in the text, without its line break.
-struct Header
-{
-    int begin;
-    int end;
-};
-
-// The first header line of text that begins at from or behind; at the text's end if there is none.
-Header findHeader(const QByteArray &text, int from)
+// The first header line of text that begins at from or behind, without its line break; at the text's end if there is
+// none.
+TextRange findHeader(const QByteArray &text, int from)
 {
     const char *characters = text.constData();
     for (int i = indexOf(text, HeaderMark, from); i >= 0; i = indexOf(text, HeaderMark, i + 1)) {
@@ -127,7 +125,7 @@ Header findHeader(const QByteArray &text, int from)
     return {text.size(), text.size()};
 }
 
-QString keyOf(const QByteArray &text, Header header)
+QString keyOf(const QByteArray &text, TextRange header)
 {
     QString key = QString::fromUtf8(text.constData() + header.begin, header.end - header.begin);
     return key.remove(QLatin1Char(HeaderMark)).remove(QLatin1Char(' '));
@@ -152,31 +150,43 @@ QString linesOf(const QByteArray &text, int begin, int end)
 
 } // namespace
 
-QByteArray removeComments(QByteArray text)
+QByteArray removeComments(QByteArray text, RemovedComments *removed)
 {
-    removeBlockComments(text);
-    removeLineComments(text);
+    removeBlockComments(text, removed ? &removed->blocks : nullptr);
+    removeLineComments(text, removed ? &removed->lines : nullptr);
     return text;
+}
+
+std::vector<SheetSection> findSections(const QByteArray &text)
+{
+    std::vector<SheetSection> sections;
+    SheetSection section;
+    int bodyBegin = 0;
+    while (bodyBegin < text.size()) {
+        const TextRange header = findHeader(text, bodyBegin);
+        if (header.begin > bodyBegin) {
+            section.body += linesOf(text, bodyBegin, header.begin);
+            section.lines.push_back({bodyBegin, header.begin});
+        }
+        // What stands under no key, before the first header or behind one without a key, is kept for the next
+        // section.
+        if (!section.key.isEmpty()) {
+            sections.push_back(std::move(section));
+            section = SheetSection();
+        }
+        section.key = keyOf(text, header);
+        section.header = header;
+        bodyBegin = header.end + 1;
+    }
+    if (!section.key.isEmpty()) {
+        sections.push_back(std::move(section));
+    }
+    return sections;
 }
 
 void readSections(const QByteArray &text, std::map<QString, QString> &sections)
 {
-    QString key;
-    QString body;
-    int bodyBegin = 0;
-    while (bodyBegin < text.size()) {
-        const Header header = findHeader(text, bodyBegin);
-        body += linesOf(text, bodyBegin, header.begin);
-        // What stands under no key, before the first header or behind one without a key, is kept for the next
-        // section.
-        if (!key.isEmpty()) {
-            sections[key] = body;
-            body = QString();
-        }
-        key = keyOf(text, header);
-        bodyBegin = header.end + 1;
-    }
-    if (!key.isEmpty()) {
-        sections[key] = body;
+    for (SheetSection &section : findSections(text)) {
+        sections[section.key] = std::move(section.body);
     }
 }

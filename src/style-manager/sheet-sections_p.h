@@ -7,17 +7,46 @@
 #include <QString>
 
 #include <map>
+#include <vector>
 
 // Whatever has a meaning here is ASCII, so the text, valid UTF-8, is cut before it is decoded: that spares a copy of it
 // twice its size.
 
+/// A part of a text: the positions of its first byte and of the one behind it.
+struct TextRange
+{
+    int begin;
+    int end;
+};
+
+/// Where comments were removed from a text. Those of the second kind are told by their positions in what the removal
+/// of the first kind has left.
+struct RemovedComments
+{
+    std::vector<TextRange> blocks;
+    std::vector<TextRange> lines;
+};
+
 /// @p text without its comments: first without every "/* ... */", across lines too, then without every "// ..."
 /// together with the line break that ends it, which joins the rest of its line to the next line. A comment that is
-/// never closed, by "*/" or by a line break, is left standing.
+/// never closed, by "*/" or by a line break, is left standing. @p removed gets where they were.
 ///
 /// Defined by removing all matches of the regular expression `/\*.*\*/` and then of `//.*\n`, both minimal; done here
 /// in linear time.
-QByteArray removeComments(QByteArray text);
+QByteArray removeComments(QByteArray text, RemovedComments *removed = nullptr);
 
-/// Cuts @p text at its header lines ("== key ==") and adds each section to @p sections under its key.
+/// A section of a text. Its body holds the lines of each of @p lines, and what it was in front of a first header or
+/// behind a header without a key.
+struct SheetSection
+{
+    QString key;
+    QString body;
+    TextRange header;
+    std::vector<TextRange> lines;
+};
+
+/// The sections of @p text, which is cut at its header lines ("== key =="), in their order.
+std::vector<SheetSection> findSections(const QByteArray &text);
+
+/// Adds each section of @p text to @p sections under its key.
 void readSections(const QByteArray &text, std::map<QString, QString> &sections);

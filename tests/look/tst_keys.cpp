@@ -24,6 +24,7 @@
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
 #include "utils/help-window.h"
+#include "utils/ui-path-manager.h"
 
 #include <QDialogButtonBox>
 #include <QRegularExpression>
@@ -112,7 +113,7 @@ private:
         (new VelaComboBox(this))->setEditable(true);
         new VelaFootbar(this);
         new VelaLabel(this);
-        new VelaLineEdit(this);
+        (new VelaLineEdit(this))->setError(true);
         new VelaMenu(this);
     }
 
@@ -200,8 +201,21 @@ QString markerOf(const Vela::StyleEntry &entry)
     return QLatin1String("Marker") + QString::number(static_cast<int>(entry.style)) + QLatin1Char('_');
 }
 
-// Adds to reached, by key, what rules reach on root and below it.
-void collectReached(const QWidget *root, QMap<QString, Names> &reached)
+// Names of the properties that were given to widget, those of the toolkit's own use aside.
+Names propertiesOf(const QWidget *widget)
+{
+    Names names;
+    const QList<QByteArray> properties = widget->dynamicPropertyNames();
+    for (const QByteArray &property : properties) {
+        if (!property.startsWith('_')) {
+            names.insert(QString::fromLatin1(property));
+        }
+    }
+    return names;
+}
+
+// Adds to found, by key, what find finds from each widget on root and below it that has the key's section.
+void collect(const QWidget *root, QMap<QString, Names> &found, Names (*find)(const QWidget *))
 {
     QList<const QWidget *> widgets {root};
     const auto descendants = root->findChildren<QWidget *>();
@@ -211,7 +225,7 @@ void collectReached(const QWidget *root, QMap<QString, Names> &reached)
     for (const QWidget *widget : qAsConst(widgets)) {
         for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
             if (widget->styleSheet().contains(markerOf(entry))) {
-                reached[QString::fromLatin1(entry.key)] += reachedFrom(widget);
+                found[QString::fromLatin1(entry.key)] += find(widget);
             }
         }
     }
@@ -226,10 +240,13 @@ class KeysTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        LogCapture log;
-        m_folder.setAsPaths();
         m_folder.writeCatalogue({});
+        LogCapture log;
+        for (const Vela::FolderEntry &entry : Vela::FolderEntries) {
+            UIPathManager::getInstance()->setPath(QString::fromLatin1(entry.key), m_folder.path());
+        }
         ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+        QCOMPARE(log.takeTexts(), QStringList()); // which would name any other folder that is asked for
     }
 
     // First, while nothing is installed, so that every request is told of.
@@ -247,21 +264,52 @@ private Q_SLOTS:
         QCOMPARE(sorted(requests.texts()), sorted(namesOf(Vela::TextEntries, &Vela::TextEntry::key)));
     }
 
+    // While they are listed, but there are no files of theirs.
+    void imagesAreAskedForInTheListedStates()
+    {
+        QStringList names;
+        for (const Vela::ImageEntry &entry : Vela::ImageEntries) {
+            names.append(QString::fromLatin1(entry.name));
+        }
+        m_folder.writeCatalogue(names);
+        LogCapture log;
+        ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+        const AllWidgets widgets;
+        const QString asked = log.takeTexts().join(QLatin1Char('\n'));
+        for (const Vela::ImageEntry &entry : Vela::ImageEntries) {
+            for (int state = ImageManager::IMAGE_NORMAL; state <= ImageManager::IMAGE_DISABLE; ++state) {
+                const bool isListed = state == ImageManager::IMAGE_NORMAL || entry.states == Vela::ImageStates::All;
+                const QString message = QStringLiteral("Cannot load pixmap \"%1\" with type %2")
+                                            .arg(QString::fromLatin1(entry.name), QString::number(state));
+                QVERIFY2(asked.contains(message) == isListed, qPrintable(message));
+            }
+        }
+    }
+
+    void widgetsSetTheListedProperties()
+    {
+        LogCapture log;
+        installMarkers();
+        QMap<QString, Names> set;
+        const AllWidgets widgets;
+        collect(&widgets, set, propertiesOf);
+        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+            const QString listed = QString::fromLatin1(entry.properties).section(QLatin1Char(':'), 0, 0);
+            QCOMPARE(sorted(set.value(QString::fromLatin1(entry.key))).join(QLatin1String(", ")), listed);
+        }
+    }
+
     void rulesReachTheListedClassesAndObjects_data()
     {
         QTest::addColumn<Names>("reached");
         QTest::addColumn<QString>("listed");
 
         LogCapture log;
-        QByteArray sheets;
-        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
-            sheets += "== " + QByteArray(entry.key) + " ==\n" + markerOf(entry).toLatin1() + " { }\n";
-        }
-        installSheets(m_folder, sheets);
+        installMarkers();
         QMap<QString, Names> reached;
         const AllWidgets widgets;
-        collectReached(&widgets, reached);
-        visitBoxes([&reached](QWidget *box) { collectReached(box, reached); });
+        collect(&widgets, reached, reachedFrom);
+        visitBoxes([&reached](QWidget *box) { collect(box, reached, reachedFrom); });
         for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
             QTest::newRow(entry.key) << reached.value(QString::fromLatin1(entry.key))
                                      << QString::fromLatin1(entry.reaches);
@@ -272,7 +320,7 @@ private Q_SLOTS:
     {
         QFETCH(Names, reached);
         QFETCH(QString, listed);
-        const QStringList names = listed.section(QLatin1Char(';'), 0, 0).split(QStringLiteral(", "));
+        const QStringList names = listed.split(QStringLiteral(", "));
         QVERIFY(!names.isEmpty());
         for (const QString &name : names) {
             QVERIFY2(reached.contains(name), qPrintable(name));
@@ -280,6 +328,15 @@ private Q_SLOTS:
     }
 
 private:
+    void installMarkers()
+    {
+        QByteArray sheets;
+        for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+            sheets += "== " + QByteArray(entry.key) + " ==\n" + markerOf(entry).toLatin1() + " { }\n";
+        }
+        installSheets(m_folder, sheets);
+    }
+
     ResourceFolder m_folder;
 };
 

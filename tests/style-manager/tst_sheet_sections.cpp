@@ -71,6 +71,31 @@ Sections sectionsOf(const QString &text)
     return sections;
 }
 
+QByteArray without(const std::vector<TextRange> &ranges, QByteArray text)
+{
+    for (auto range = ranges.crbegin(); range != ranges.crend(); ++range) {
+        text.remove(range->begin, range->end - range->begin);
+    }
+    return text;
+}
+
+QString decoded(const QByteArray &text, TextRange range)
+{
+    return QString::fromUtf8(text.constData() + range.begin, range.end - range.begin);
+}
+
+// A section's body, made from the lines that it tells.
+QString bodyFromLines(const QByteArray &text, const SheetSection &section)
+{
+    QString body;
+    for (const TextRange &range : section.lines) {
+        QString lines = decoded(text, range);
+        lines.chop(lines.endsWith(QLatin1Char('\n')) ? 1 : 0);
+        body += QLatin1Char('\n') + lines;
+    }
+    return body;
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Sections)
@@ -89,6 +114,8 @@ private Q_SLOTS:
     void sectionsThatWereThereStay();
     void generatedTextsAreTheDefinitions_data();
     void generatedTextsAreTheDefinitions();
+    void rangesTellWhereCommentsAndSectionsStand_data();
+    void rangesTellWhereCommentsAndSectionsStand();
     void hostileTextsTakeNoLongerThanTheirSize_data();
     void hostileTextsTakeNoLongerThanTheirSize();
 };
@@ -229,6 +256,27 @@ void SheetSectionsTest::generatedTextsAreTheDefinitions()
             qWarning() << "of" << sheet;
             QCOMPARE(plain, literalPlain);
             QCOMPARE(sectionsOf(plain), literal);
+        }
+    }
+}
+
+void SheetSectionsTest::rangesTellWhereCommentsAndSectionsStand_data()
+{
+    generatedTextsAreTheDefinitions_data();
+}
+
+void SheetSectionsTest::rangesTellWhereCommentsAndSectionsStand()
+{
+    QFETCH(QStringList, parts);
+    GeneratedText generated(parts.toVector(), 24);
+    for (int i = 0; i < GeneratedTexts / 10; ++i) {
+        const QByteArray sheet = '.' + generated.next().toUtf8();
+        RemovedComments removed;
+        const QByteArray plain = removeComments(sheet, &removed);
+        QCOMPARE(without(removed.lines, without(removed.blocks, sheet)), plain);
+        for (const SheetSection &section : findSections(plain)) {
+            QCOMPARE(section.body, bodyFromLines(plain, section));
+            QCOMPARE(decoded(plain, section.header).remove(QLatin1Char('=')).remove(QLatin1Char(' ')), section.key);
         }
     }
 }
