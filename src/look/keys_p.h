@@ -293,6 +293,67 @@ constexpr TextEntry TextEntries[] = {
     {Text::Wednesday, "wednesday", "VelaCalanderView (first letter)"},
 };
 
+/// A text that is spoken and nowhere shown. A table may lack it: its English fallback is spoken then, and nothing
+/// logged.
+enum class SpokenText {
+    Current,
+    Date,
+    Filter,
+    FilterMenu,
+    Folders,
+    Help,
+    InvalidEntry,
+    Level,
+    Month,
+    Page,
+    PageOf,
+    Pages,
+    Path,
+    PathMenu,
+    SecondsLeft,
+    SortedAscending,
+    SortedDescending,
+    Year,
+    Count
+};
+
+struct SpokenTextEntry
+{
+    SpokenText text;
+    const char *key;
+    const char *fallback;
+    const char *usedBy; // classes, with the state or part in brackets
+    const char *markers = ""; // what the widget puts something in the place of
+};
+
+constexpr SpokenTextEntry SpokenTextEntries[] = {
+    {SpokenText::Current, "accessible_current", "current",
+     "VelaPagingBar, VelaButtonPath (description of where one is)"},
+    {SpokenText::Date, "accessible_date", "Date", "VelaDateSelector (name, unless the application gives one)"},
+    {SpokenText::Filter, "accessible_filter", "Filter", "VelaFilterBar (name, unless the application gives one)"},
+    {SpokenText::FilterMenu, "accessible_filter_menu", "Filter options", "VelaFilterBar (name of the menu's button)"},
+    {SpokenText::Folders, "accessible_folders", "Folders", "VelaTreeWidget (name, unless the application gives one)"},
+    {SpokenText::Help, "accessible_help", "Help", "HelpWindow (name of the page, unless it has a title)"},
+    {SpokenText::InvalidEntry, "accessible_invalid", "Invalid entry",
+     "VelaLineEdit (description of a field that looks wrong)"},
+    {SpokenText::Level, "accessible_level", "Level %1", "VelaTreeWidget (description of a row)", "%1"},
+    {SpokenText::Month, "accessible_month", "Month", "VelaCalanderView (description of the month button)"},
+    {SpokenText::Page, "accessible_page", "Page %1", "VelaPagingBar (name of a page button)", "%1"},
+    {SpokenText::PageOf, "accessible_page_of", "Page %1 of %2",
+     "VelaPagingBar (value, and name of the current page's button)", "%1, %2"},
+    {SpokenText::Pages, "accessible_pages", "Pages", "VelaPagingBar (name, unless the application gives one)"},
+    {SpokenText::Path, "accessible_path", "Path", "VelaButtonPath (name, unless the application gives one)"},
+    {SpokenText::PathMenu, "accessible_path_menu", "More folders", "VelaButtonPath (name of the menu's button)"},
+    {SpokenText::SecondsLeft, "accessible_seconds_left", "Seconds left: %1", "VelaCountdownMessageBox (announcement)",
+     "%1"},
+    {SpokenText::SortedAscending, "accessible_sorted_ascending", "sorted ascending",
+     "VelaTableWidget (description of a column's header)"},
+    {SpokenText::SortedDescending, "accessible_sorted_descending", "sorted descending",
+     "VelaTableWidget (description of a column's header)"},
+    {SpokenText::Year, "accessible_year", "Year",
+     "VelaCalanderView (name of the year's field, description of the year button)"},
+};
+
 namespace Detail {
 
 /// Whether a table has an entry for each value of its enumeration, in the enumeration's order.
@@ -309,6 +370,7 @@ constexpr bool isComplete(const Entry (&entries)[Size], Key Entry::*key)
 static_assert(isComplete(StyleEntries, &StyleEntry::style));
 static_assert(isComplete(ImageEntries, &ImageEntry::image));
 static_assert(isComplete(TextEntries, &TextEntry::text));
+static_assert(isComplete(SpokenTextEntries, &SpokenTextEntry::text));
 
 } // namespace Detail
 

@@ -42,6 +42,15 @@ QString textOr(const QString &custom, Text text)
     return custom.isEmpty() ? Look::text(text) : custom;
 }
 
+QString spoken(SpokenText text, const QString &first, const QString &second)
+{
+    const SpokenTextEntry &entry = SpokenTextEntries[static_cast<int>(text)];
+    ComponentStrings *strings = ComponentStrings::getInstance();
+    const QString key = QString::fromLatin1(entry.key);
+    QString spoken = strings->contains(key) ? strings->getString(key) : QString::fromLatin1(entry.fallback);
+    return spoken.replace(QLatin1String("%1"), first).replace(QLatin1String("%2"), second);
+}
+
 void setFirstStyleSheet(QWidget *button, const QString &sheet)
 {
     if (!sheet.isEmpty() && button->styleSheet().isEmpty()) {

@@ -28,6 +28,8 @@ QSize logicalSize(const QPixmap &pixmap);
 QString text(Text text);
 /// @p custom, or the text where that is empty.
 QString textOr(const QString &custom, Text text);
+/// The text, or its fallback, with @p first and @p second in the places of %1 and %2. Nothing is logged.
+QString spoken(SpokenText text, const QString &first = QString(), const QString &second = QString());
 
 /// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
 /// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are

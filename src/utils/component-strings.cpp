@@ -25,3 +25,8 @@ QString ComponentStrings::getString(const QString &key)
     }
     return *entry;
 }
+
+bool ComponentStrings::contains(const QString &key) const
+{
+    return m_strings.contains(key);
+}

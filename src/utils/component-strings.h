@@ -26,6 +26,9 @@ public:
     /// translation shows on screen.
     QString getString(const QString &key);
 
+    /// Whether there is a text under the case-sensitive @p key. Nothing is logged.
+    bool contains(const QString &key) const;
+
 private:
     ComponentStrings() = default;
     ~ComponentStrings() = default;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "look/keys_p.h"
 #include "support/log-capture.h"
 #include "utils/component-strings.h"
 #include "utils/vela-locale.h"
@@ -44,7 +45,16 @@ const QStringList WeekdayKeys = {
     QStringLiteral("thursday"), QStringLiteral("friday"), QStringLiteral("saturday"),
 };
 
-const QStringList Keys = CaptionKeys + MonthKeys + WeekdayKeys;
+QStringList spokenKeys()
+{
+    QStringList keys;
+    for (const Vela::SpokenTextEntry &entry : Vela::SpokenTextEntries) {
+        keys.append(QString::fromLatin1(entry.key));
+    }
+    return keys;
+}
+
+const QStringList Keys = CaptionKeys + MonthKeys + WeekdayKeys + spokenKeys();
 
 // Texts that a widget shows side by side.
 const QVector<QStringList> Groups = {
@@ -56,6 +66,8 @@ const QVector<QStringList> Groups = {
      QStringLiteral("accessible_calendar_next_month"), QStringLiteral("today")},
     MonthKeys,
     WeekdayKeys,
+    {QStringLiteral("accessible_sorted_ascending"), QStringLiteral("accessible_sorted_descending")},
+    {QStringLiteral("accessible_filter"), QStringLiteral("accessible_filter_menu")},
 };
 
 using Scripts = std::initializer_list<QChar::Script>;
@@ -209,6 +221,9 @@ private Q_SLOTS:
     void textsSideBySideDiffer();
     void tipsOfFivePagesNameTheNumber_data() { addLanguages(); }
     void tipsOfFivePagesNameTheNumber();
+    void spokenTextsKeepTheirMarkers_data() { addLanguages(); }
+    void spokenTextsKeepTheirMarkers();
+    void spokenTextsInEnglishAreTheFallbacks();
     void monthsAreThoseOfTheLocale_data() { addLanguages(); }
     void monthsAreThoseOfTheLocale();
     void threeCharactersTellTheMonthsApart_data() { addLanguages(); }
@@ -350,6 +365,27 @@ void TestThemeStrings::tipsOfFivePagesNameTheNumber()
     const auto strings = readStrings(QLatin1String(Languages[index].code));
     QCOMPARE(strings.value(QStringLiteral("prev_5_pages")).count(QLatin1Char('5')), 1);
     QCOMPARE(strings.value(QStringLiteral("next_5_pages")).count(QLatin1Char('5')), 1);
+}
+
+void TestThemeStrings::spokenTextsKeepTheirMarkers()
+{
+    QFETCH(int, index);
+    const auto strings = readStrings(QLatin1String(Languages[index].code));
+    for (const Vela::SpokenTextEntry &entry : Vela::SpokenTextEntries) {
+        const QString text = strings.value(QString::fromLatin1(entry.key));
+        for (const char *marker : {"%1", "%2"}) {
+            const int expected = QLatin1String(entry.markers).contains(QLatin1String(marker)) ? 1 : 0;
+            QVERIFY2(text.count(QLatin1String(marker)) == expected, entry.key);
+        }
+    }
+}
+
+void TestThemeStrings::spokenTextsInEnglishAreTheFallbacks()
+{
+    const auto strings = readStrings(QStringLiteral("enu"));
+    for (const Vela::SpokenTextEntry &entry : Vela::SpokenTextEntries) {
+        QCOMPARE(strings.value(QString::fromLatin1(entry.key)), QString::fromLatin1(entry.fallback));
+    }
 }
 
 void TestThemeStrings::monthsAreThoseOfTheLocale()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void theTableIsACopy();
     void keysAreCaseSensitive();
     void aFailedLookupStoresNothing();
+    void whetherAKeyIsThereIsToldWithoutAWord();
 };
 
 void ComponentStringsTest::thereIsOneInstance()
@@ -97,6 +98,15 @@ void ComponentStringsTest::aFailedLookupStoresNothing()
         QCOMPARE(ComponentStrings::getInstance()->getString(QStringLiteral("ok")), QStringLiteral("ok"));
         QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("Cannot find key in ComponentStrings \"ok\"")});
     }
+}
+
+void ComponentStringsTest::whetherAKeyIsThereIsToldWithoutAWord()
+{
+    ComponentStrings::getInstance()->installStrings({{QStringLiteral("ok"), QString()}});
+    LogCapture log;
+    QVERIFY(ComponentStrings::getInstance()->contains(QStringLiteral("ok")));
+    QVERIFY(!ComponentStrings::getInstance()->contains(QStringLiteral("OK")));
+    QCOMPARE(log.takeTexts(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(ComponentStringsTest)
