@@ -84,6 +84,8 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override;
     void drawCheck(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
                    Qt::CheckState state) const override;
+    void drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
+                     const QString &text) const override;
 
 private:
     const std::unique_ptr<ItemDelegatePrivate> d;

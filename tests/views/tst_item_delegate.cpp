@@ -24,6 +24,7 @@ class OpenDelegate : public ItemDelegate
 {
 public:
     using ItemDelegate::drawCheck;
+    using ItemDelegate::drawDisplay;
     using ItemDelegate::eventFilter;
 };
 
@@ -41,6 +42,23 @@ protected:
         ItemDelegate::drawCheck(painter, option, rect, state);
     }
 };
+
+class OpenBase : public QItemDelegate
+{
+public:
+    using QItemDelegate::drawDisplay;
+};
+
+template<typename Delegate>
+QImage drawnText(const Delegate &delegate, const QStyleOptionViewItem &option, const QRect &rect, const QString &text)
+{
+    QImage image(200, 60, QImage::Format_RGB32);
+    image.fill(Ground);
+    QPainter painter(&image);
+    delegate.drawDisplay(&painter, option, rect, text);
+    painter.drawText(rect.bottomLeft(), QStringLiteral("after")); // by the pen that is left
+    return image;
+}
 
 } // namespace
 
@@ -75,6 +93,9 @@ private Q_SLOTS:
     void theDrawnCheckShowsItsState();
     void aClickIntoTheCheckRectangleChecksTheRow();
     void allDelegatesShareTheCheckRectangle();
+
+    void textsAreDrawnAsByTheBase_data();
+    void textsAreDrawnAsByTheBase();
 
 private:
     ResourceFolder m_folder;
@@ -415,6 +436,75 @@ void ItemDelegateTest::allDelegatesShareTheCheckRectangle()
     QCOMPARE(g_check_rect, QRect(30, 40, 15, 16));
     one.drawCheck(&painter, QStyleOptionViewItem(), QRect(), Qt::Unchecked);
     QCOMPARE(g_check_rect, QRect());
+}
+
+void ItemDelegateTest::textsAreDrawnAsByTheBase_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("short") << QStringLiteral("Folder 1");
+    QTest::newRow("too long") << QString(QStringLiteral("folder ")).repeated(20);
+    QTest::newRow("far too long") << QString(QStringLiteral("folder ")).repeated(300);
+    QTest::newRow("two lines") << QStringLiteral("one\ntwo");
+    QTest::newRow("line separator") << QStringLiteral("one\u2028two");
+    QTest::newRow("paragraph separator") << QStringLiteral("one\u2029two");
+    QTest::newRow("tab and carriage return") << QStringLiteral("a\tb\rc");
+    QTest::newRow("right to left") << QStringLiteral("abc \u05d0\u05d1\u05d2 12");
+    QTest::newRow("marks") << QStringLiteral("A\u030a\u0301\u0302e\u0323");
+}
+
+void ItemDelegateTest::textsAreDrawnAsByTheBase()
+{
+    QFETCH(const QString, text);
+    const OpenDelegate delegate;
+    const OpenBase base;
+    QWidget widget;
+    QStyleOptionViewItem option;
+    QFont tall;
+    tall.setPixelSize(40);
+    QFont bold;
+    bold.setBold(true);
+    bold.setUnderline(true);
+    option.palette.setColor(QPalette::Normal, QPalette::Text, Qt::red);
+    option.palette.setColor(QPalette::Inactive, QPalette::Text, Qt::green);
+    option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
+    QRect rect;
+    const auto compare = [&] {
+        option.fontMetrics = QFontMetrics(option.font);
+        const QImage expected = drawnText(base, option, rect, text);
+        QCOMPARE(drawnText(delegate, option, rect, text), expected);
+        QCOMPARE(drawnText(delegate, option, rect, text), expected); // as it is kept
+    };
+    const QVector<QStyle::State> states {QStyle::State_None,
+                                         QStyle::State_Active,
+                                         QStyle::State_Enabled | QStyle::State_Selected,
+                                         QStyle::State_Enabled | QStyle::State_Editing,
+                                         QStyle::State_Enabled,
+                                         QStyle::State_Enabled | QStyle::State_Active};
+    const QVector<Qt::Alignment> alignments {
+        Qt::AlignLeft | Qt::AlignVCenter, Qt::AlignRight, Qt::AlignHCenter | Qt::AlignBottom, Qt::AlignJustify, {}};
+    for (const QRect &place : {QRect(10, 5, 180, 28), QRect(10, 5, 180, 50), QRect(0, 0, 60, 12), QRect(5, 5, 3, 20)}) {
+        rect = place;
+        option.widget = option.widget ? nullptr : &widget;
+        for (const QStyle::State &state : states) {
+            option.state = state;
+            compare();
+        }
+        for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+            option.direction = direction;
+            for (const Qt::Alignment &alignment : alignments) {
+                option.displayAlignment = alignment;
+                for (const QFont &font : {QFont(), tall, bold, QFont()}) {
+                    option.font = font;
+                    compare();
+                }
+            }
+        }
+        for (const auto feature : {QStyleOptionViewItem::WrapText, QStyleOptionViewItem::None}) {
+            option.features = feature;
+            compare();
+        }
+    }
 }
 
 QTEST_MAIN(ItemDelegateTest)
