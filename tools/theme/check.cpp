@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "check.h"
+
+#include "sheet-check.h"
+#include "sheet-text.h"
+#include "text-check.h"
+#include "theme-images.h"
+#include "theme-json.h"
+
+#include <QRegularExpression>
+#include <QTextStream>
+
+namespace {
+
+struct Screen
+{
+    double scale;
+    double ratio;
+};
+
+constexpr Screen Screens[] = {{1.0, 1.0}, {1.25, 1.0}, {1.5, 1.0}, {2.0, 1.0}, {1.0, 2.0}, {1.5, 2.0}};
+
+} // namespace
+
+Findings checkTheme(const QString &folder)
+{
+    Findings findings;
+    static const QRegularExpression digits(QStringLiteral("\\dpx"));
+    if (folder.contains(digits)) {
+        findings.add("path-digits", QString(), 0,
+                     QStringLiteral("digits before \"px\" in the path of the theme's folder are scaled"));
+    }
+    const SheetText text(folder, &findings);
+    ThemeImages images(folder, &findings);
+    images.check(checkSheets(text, images, &findings));
+    checkTexts(folder, &findings);
+    checkThemeJson(folder, &findings);
+    applySilences(text, &findings);
+    findings.sort();
+    return findings;
+}
+
+QString memoryForecast(const QString &folder)
+{
+    Findings findings;
+    const ThemeImages images(folder, &findings);
+    QString table = QStringLiteral("scale  ratio       preload  lazy, at most\n");
+    for (const Screen &screen : Screens) {
+        table += QStringLiteral("%1  %2  %3  %4\n")
+                     .arg(screen.scale, 5)
+                     .arg(screen.ratio, 5)
+                     .arg(images.bytes(screen.scale, screen.ratio, true), 12)
+                     .arg(images.bytes(screen.scale, screen.ratio, false), 13);
+    }
+    return table;
+}

@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "commands.h"
+
+#include "check.h"
+#include "contract.h"
+#include "findings.h"
+#include "platform.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QTextStream>
+
+#include <memory>
+
+namespace {
+
+enum ExitCode {
+    Clean = 0,
+    Found = 1,
+    Failed = 2,
+};
+
+void print(FILE *stream, const QString &text)
+{
+    QTextStream out(stream);
+    out.setCodec("UTF-8");
+    out << text;
+}
+
+int fail(const QString &text)
+{
+    print(stderr, QStringLiteral("vela-theme: %1\n").arg(text));
+    return Failed;
+}
+
+// What a command is given.
+struct Call
+{
+    QCommandLineParser &parser;
+    QStringList arguments; // behind the command's name
+};
+
+QCommandLineOption formatOption(const QString &formats)
+{
+    return {QStringLiteral("format"), QStringLiteral("How it is written: %1.").arg(formats), QStringLiteral("FORMAT")};
+}
+
+int runContract(const Call &call)
+{
+    const QString format = call.parser.value(QStringLiteral("format"));
+    if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("markdown")) {
+        return fail(QStringLiteral("There is no format '%1' of the contract.").arg(format));
+    }
+    print(stdout, format == QLatin1String("markdown") ? contractAsMarkdown() : QString::fromUtf8(contractAsJson()));
+    return Clean;
+}
+
+int explain(const QString &name)
+{
+    if (const Rule *rule = findRule(name)) {
+        print(stdout,
+              QStringLiteral("%1 (%2)\n\n%3\n")
+                  .arg(name, rule->isError ? QStringLiteral("error") : QStringLiteral("warning"),
+                       QString::fromUtf8(rule->explanation)));
+        return Clean;
+    }
+    return fail(QStringLiteral("There is no rule '%1'%2 The rules are: %3.")
+                    .arg(name, suggestion(name, ruleNames()), ruleNames().join(QStringLiteral(", "))));
+}
+
+int runCheck(const Call &call)
+{
+    if (call.parser.isSet(QStringLiteral("explain"))) {
+        return explain(call.parser.value(QStringLiteral("explain")));
+    }
+    if (call.arguments.size() != 1) {
+        return fail(QStringLiteral("'check' takes one theme folder."));
+    }
+    const QString format = call.parser.value(QStringLiteral("format"));
+    if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("text")) {
+        return fail(QStringLiteral("There is no format '%1' of findings.").arg(format));
+    }
+    const QDir folder(call.arguments.first());
+    if (!folder.exists()) {
+        return fail(QStringLiteral("There is no theme folder '%1'.").arg(call.arguments.first()));
+    }
+    if (call.parser.isSet(QStringLiteral("memory"))) {
+        print(stdout, memoryForecast(folder.absolutePath()));
+        return Clean;
+    }
+    const Findings findings = checkTheme(folder.absolutePath());
+    const QString shown = QDir::cleanPath(call.arguments.first());
+    print(stdout,
+          format == QLatin1String("json") ? QString::fromUtf8(asJson(findings, shown)) : asText(findings, shown));
+    return findings.all().isEmpty() ? Clean : Found;
+}
+
+struct Command
+{
+    const char *name;
+    const char *arguments;
+    const char *description;
+    QList<QCommandLineOption> (*options)();
+    int (*run)(const Call &call);
+    bool needsScreen;
+};
+
+const Command Commands[] = {
+    {"contract", "", "Prints all that the library asks a theme for.",
+     [] { return QList<QCommandLineOption> {formatOption(QStringLiteral("json (the default) or markdown"))}; },
+     runContract, false},
+    {"check", "DIR", "Checks a theme and prints a line for each finding.",
+     [] {
+         return QList<QCommandLineOption> {
+             formatOption(QStringLiteral("text (the default) or json")),
+             {QStringLiteral("explain"), QStringLiteral("Tells what a rule is about, in place of a check."),
+              QStringLiteral("RULE")},
+             {QStringLiteral("memory"),
+              QStringLiteral("Tells how many bytes the images take in memory, in place of a check.")},
+         };
+     },
+     runCheck, true},
+};
+
+const char Examples[] = R"(
+Examples:
+  vela-theme check my-theme                 a line for each finding, such as
+      my-theme/styles/buttons.qss:12: error: no colour: #12345 [color-invalid]
+  vela-theme check --explain color-invalid  what a rule is about
+  vela-theme contract --format markdown     what a theme must hold
+
+A finding of a style sheet is silenced by a comment in front of it:
+  /* vela-theme: allow RULE: REASON */
+
+Exit code: 0 if nothing was found, 1 if something was, 2 if it could not be done.
+)";
+
+QString generalHelp()
+{
+    QString help = QStringLiteral("Usage: vela-theme COMMAND [OPTIONS] ...\n\n"
+                                  "Makes and checks themes of Vela Components.\n\nCommands:\n");
+    for (const Command &command : Commands) {
+        const QString call = QString::fromLatin1(command.name) + u' ' + QString::fromLatin1(command.arguments);
+        help += QStringLiteral("  %1 %2\n").arg(call.leftJustified(16), QString::fromLatin1(command.description));
+    }
+    return help + QStringLiteral("\n\"vela-theme COMMAND --help\" tells a command's options.\n")
+        + QString::fromLatin1(Examples);
+}
+
+const Command *findCommand(const QString &name)
+{
+    for (const Command &command : Commands) {
+        if (name == QLatin1String(command.name)) {
+            return &command;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+int runCommand(int &argc, char **argv)
+{
+    const QString name = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
+    if (name.isEmpty() || name == QLatin1String("--help") || name == QLatin1String("-h")
+        || name == QLatin1String("help")) {
+        print(name.isEmpty() ? stderr : stdout, generalHelp());
+        return name.isEmpty() ? Failed : Clean;
+    }
+    if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
+        print(stdout, QStringLiteral("vela-theme %1\n").arg(QCoreApplication::applicationVersion()));
+        return Clean;
+    }
+    const Command *command = findCommand(name);
+    if (!command) {
+        QStringList names;
+        for (const Command &known : Commands) {
+            names.append(QString::fromLatin1(known.name));
+        }
+        return fail(
+            QStringLiteral("There is no command '%1'%2 See vela-theme --help.").arg(name, suggestion(name, names)));
+    }
+
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        if (i != 1) {
+            arguments.append(QString::fromLocal8Bit(argv[i]));
+        }
+    }
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(command->description) + u'\n'
+                                     + QString::fromLatin1(Examples).chopped(1));
+    parser.addOptions(command->options());
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
+    parser.addOption(help);
+    for (const QString &argument : QString::fromLatin1(command->arguments).split(u' ', Qt::SkipEmptyParts)) {
+        parser.addPositionalArgument(argument, QStringLiteral("A theme's folder."));
+    }
+    if (!parser.parse(arguments)) {
+        return fail(parser.errorText());
+    }
+    preparePlatform();
+    int noArguments = 1; // the toolkit's own options are none of this program
+    const std::unique_ptr<QCoreApplication> application(command->needsScreen ? new QApplication(noArguments, argv)
+                                                                             : new QCoreApplication(noArguments, argv));
+    completePlatform();
+    if (parser.isSet(help)) {
+        print(stdout,
+              parser.helpText().replace(QStringLiteral("vela-theme [options]"),
+                                        QStringLiteral("vela-theme %1 [options]").arg(name)));
+        return Clean;
+    }
+    return command->run({parser, parser.positionalArguments()});
+}

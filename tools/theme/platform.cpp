@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "platform.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QtGlobal>
+
+namespace {
+
+constexpr int FontSize = 10; // points
+
+} // namespace
+
+void preparePlatform()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_STYLE_OVERRIDE", "fusion");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    for (const char *name : {"QT_QPA_PLATFORMTHEME", "QT_SCREEN_SCALE_FACTORS", "QT_AUTO_SCREEN_SCALE_FACTOR",
+                             "QT_ENABLE_HIGHDPI_SCALING", "QT_SCALE_FACTOR_ROUNDING_POLICY"}) {
+        qunsetenv(name);
+    }
+    if (qEnvironmentVariableIsEmpty("QT_FONT_DPI")) {
+        qputenv("QT_FONT_DPI", "96"); // of itself the platform has 100, which is no scale that anybody has
+    }
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void completePlatform()
+{
+    if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
+        QApplication::setFont(QFont(QStringLiteral("Sans Serif"), FontSize));
+    }
+}

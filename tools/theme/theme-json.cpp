@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "theme-json.h"
+
+#include "findings.h"
+#include "json-file.h"
+
+#include <QColor>
+
+namespace {
+
+const QString FileName = QStringLiteral("theme.json");
+
+const QStringList Roles = {
+    QStringLiteral("window"),        QStringLiteral("window_text"),
+    QStringLiteral("base"),          QStringLiteral("alternate_base"),
+    QStringLiteral("text"),          QStringLiteral("placeholder_text"),
+    QStringLiteral("button"),        QStringLiteral("button_text"),
+    QStringLiteral("bright_text"),   QStringLiteral("light"),
+    QStringLiteral("midlight"),      QStringLiteral("mid"),
+    QStringLiteral("dark"),          QStringLiteral("shadow"),
+    QStringLiteral("highlight"),     QStringLiteral("highlighted_text"),
+    QStringLiteral("link"),          QStringLiteral("link_visited"),
+    QStringLiteral("tool_tip_base"), QStringLiteral("tool_tip_text"),
+};
+const QStringList Groups = {QStringLiteral("disabled"), QStringLiteral("inactive")};
+const QStringList Colors = {
+    QStringLiteral("mask"),
+    QStringLiteral("sheet_body"),
+    QStringLiteral("tree_selected"),
+    QStringLiteral("tree_hovered"),
+    QStringLiteral("tree_outline"),
+    QStringLiteral("calendar_weekend"),
+    QStringLiteral("combo_box_border"),
+};
+
+class ThemeJsonCheck
+{
+public:
+    ThemeJsonCheck(const JsonFile &file, Findings *findings) : m_file(file), m_findings(findings) { }
+
+    void run()
+    {
+        const QString palette = QStringLiteral("palette");
+        checkKeys({}, {palette, QStringLiteral("font"), QStringLiteral("tool_tip"), QStringLiteral("colors")});
+        checkColors({palette}, Roles, Groups);
+        for (const QString &group : Groups) {
+            checkColors({palette, group}, Roles, {});
+        }
+        checkColors({QStringLiteral("tool_tip")}, {QStringLiteral("text"), QStringLiteral("base")}, {});
+        checkColors({QStringLiteral("colors")}, Colors, {});
+        checkKeys({QStringLiteral("font")},
+                  {QStringLiteral("family"), QStringLiteral("point_size"), QStringLiteral("weight")});
+    }
+
+private:
+    QJsonObject objectAt(const QStringList &path) const
+    {
+        QJsonObject object = m_file.object();
+        for (const QString &key : path) {
+            object = object.value(key).toObject();
+        }
+        return object;
+    }
+
+    int lineOf(const QStringList &path, const QString &key) const
+    {
+        for (const JsonText &text : m_file.texts()) {
+            if (text.isKey && text.path == path && text.text == key) {
+                return text.line;
+            }
+        }
+        return 1;
+    }
+
+    void checkKeys(const QStringList &path, const QStringList &known)
+    {
+        const QJsonObject object = objectAt(path);
+        for (auto it = object.begin(); it != object.end(); ++it) {
+            if (!known.contains(it.key())) {
+                m_findings->add("theme-key", FileName, lineOf(path, it.key()),
+                                QStringLiteral("unknown entry \"%1\"").arg(it.key()) + suggestion(it.key(), known));
+            }
+        }
+    }
+
+    void checkColors(const QStringList &path, const QStringList &known, const QStringList &objects)
+    {
+        checkKeys(path, known + objects);
+        const QJsonObject object = objectAt(path);
+        for (auto it = object.begin(); it != object.end(); ++it) {
+            if (known.contains(it.key()) && !QColor::isValidColor(it.value().toString())) {
+                m_findings->add("theme-color", FileName, lineOf(path, it.key()),
+                                QStringLiteral("no colour for \"%1\": \"%2\"").arg(it.key(), it.value().toString()));
+            }
+        }
+    }
+
+    const JsonFile &m_file;
+    Findings *const m_findings;
+};
+
+} // namespace
+
+void checkThemeJson(const QString &folder, Findings *findings)
+{
+    const JsonFile file(folder, FileName, "theme-json", findings);
+    if (file.isValid()) {
+        ThemeJsonCheck(file, findings).run();
+    }
+}
