@@ -37,7 +37,7 @@ constexpr ColorRow Colors[] = {
 struct TextStyleRow
 {
     TextStyle style;
-    double size; // times the application's font
+    double size; // multiple of the size of the application's font
     QFont::Weight weight;
     QRgb color;
 };
@@ -65,7 +65,8 @@ QPalette galleryPalette()
 
 void styleScrollBars(QAbstractScrollArea *area)
 {
-    static const QString sheet = getStyleSheet("component.scrollbar", false); // warned of once when it is missing
+    // Once, so that a missing one is warned of once.
+    static const QString sheet = getStyleSheet("component.scrollbar", false);
     for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
         bar->setStyleSheet(sheet);
     }

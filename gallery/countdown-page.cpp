@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int PictureSeconds = 10 * 60; // longer than anybody looks at it
+constexpr int PictureSeconds = 10 * 60; // longer time than anybody looks at the picture
 
 void fill(VelaCountdownMessageBox *box)
 {

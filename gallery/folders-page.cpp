@@ -24,7 +24,7 @@ constexpr int TreeHeight = 420;
 constexpr int Spacing = 12;
 const QColor SelectedColor(0xDC, 0xE8, 0xFA);
 const QColor HoverColor(0xF3, 0xF6, 0xFA);
-const char HomePath[] = "home"; // what the tree keeps in front
+const char HomePath[] = "home"; // path of the item that the tree keeps in front
 
 // The person's folders, read when they are opened, with a breadcrumb path in step.
 class FolderBrowser : public QWidget

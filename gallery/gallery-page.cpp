@@ -62,7 +62,8 @@ QVBoxLayout *createCaptions(const QString &caption, const QString &detail)
     layout->addWidget(createText(caption, TextStyle::Body));
     if (!detail.isEmpty()) {
         QLabel *detailText = createText(detail, TextStyle::Detail);
-        detailText->setTextInteractionFlags(Qt::TextSelectableByMouse); // for keys that one wants to copy
+        // It names keys that one wants to copy.
+        detailText->setTextInteractionFlags(Qt::TextSelectableByMouse);
         layout->addWidget(detailText);
     }
     layout->addStretch();

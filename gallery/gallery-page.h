@@ -41,8 +41,8 @@ Q_SIGNALS:
 
 private:
     QVBoxLayout *m_sections;
-    QGridLayout *m_examples = nullptr; // of the last section
-    bool m_hasColumns = false; // of the last section
+    QGridLayout *m_examples = nullptr; // examples of the last section
+    bool m_hasColumns = false; // whether the last section has headings
 };
 
 /// @p value as the debug stream writes it.

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int StageWidth = 560; // of a window that the pictured sheet is made for
+constexpr int StageWidth = 560; // logical pixels, width of a window that the pictured sheet is made for
 const QColor MaskColor(0, 0, 0, 20);
 
 QString prompt()

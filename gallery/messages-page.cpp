@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr int StageWidth = 560; // of a window that the pictured sheets are made for
+constexpr int StageWidth = 560; // logical pixels, width of a window that the pictured sheets are made for
 constexpr int ProcessingTime = 3000; // milliseconds
 const QColor MaskColor(0, 0, 0, 20);
 
@@ -90,7 +90,8 @@ void addPictures(GalleryPage *page)
     page->addExample(
         QStringLiteral("ProcessingMessage"), QStringLiteral("with an animation"), {createPicture([](QWidget *stage) {
             auto *sheet = new VelaMessageSheet(QStringLiteral("Copying files\u2026"), animationFile(), stage);
-            startAnimation(sheet); // exec() would do it
+            // Only exec() would do it by itself.
+            startAnimation(sheet);
             return sheet;
         })});
     page->addExample(QStringLiteral("Informative text"), QStringLiteral("setInformativeText()"),

@@ -82,7 +82,8 @@ private:
     int m_sortColumn = Name;
     Qt::SortOrder m_order = Qt::DescendingOrder;
     VelaPagingModel m_model {RowsPerPage};
-    VelaPagingBar m_bar {&m_model}; // a member as well, so that it goes before its model
+    // A member as well, so that it goes before its model.
+    VelaPagingBar m_bar {&m_model};
     VelaTableWidget *m_table = new VelaTableWidget(createColumns());
 };
 
@@ -117,7 +118,8 @@ void FileList::sortBy(int column)
         [](const File &left, const File &right) { return left.date < right.date; },
         [](const File &left, const File &right) { return left.owner < right.owner; },
     };
-    if (column >= ColumnCount) { // the section above the scroll bar, which the click has given the indicator
+    // The section above the scroll bar has been given the indicator by the click.
+    if (column >= ColumnCount) {
         m_table->getHeader()->setSortIndicator(m_sortColumn, m_order);
         return;
     }

@@ -22,7 +22,8 @@ void hover(QWidget *widget)
     QEnterEvent event(centre, centre, widget->mapToGlobal(centre.toPoint()));
     widget->setAttribute(Qt::WA_UnderMouse);
     QCoreApplication::sendEvent(widget, &event);
-    sendMouse(widget, QEvent::MouseMove, Qt::NoButton); // buttons take themselves for hovered only after a move
+    // Buttons take themselves for hovered only after a move.
+    sendMouse(widget, QEvent::MouseMove, Qt::NoButton);
     widget->update();
 }
 
@@ -48,7 +49,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Show) {
-            QTimer::singleShot(0, this, [this] { apply(); }); // behind the widget's own handling of the event
+            // Later, behind the widget's own handling of the event.
+            QTimer::singleShot(0, this, [this] { apply(); });
         }
         return QObject::eventFilter(watched, event);
     }

@@ -35,13 +35,15 @@ public:
     ~VelaComboBoxPrivate() { delete delegate; }
     Q_DISABLE_COPY(VelaComboBoxPrivate)
 
-    const QPointer<QStyledItemDelegate> delegate = new QStyledItemDelegate; // no view owns its delegate
+    // Its view does not own it.
+    const QPointer<QStyledItemDelegate> delegate = new QStyledItemDelegate;
 };
 
 VelaComboBox::VelaComboBox(QWidget *parent) : QComboBox(parent), d(std::make_unique<VelaComboBoxPrivate>())
 {
     setStyleSheet(comboBoxSheet());
-    view()->setItemDelegate(d->delegate); // the one that it has by itself does not follow the sheet's rules for items
+    // The delegate that the view has by itself does not follow the sheet's rules for items.
+    view()->setItemDelegate(d->delegate);
 }
 
 VelaComboBox::~VelaComboBox() = default;

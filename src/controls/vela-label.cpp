@@ -27,7 +27,9 @@ void VelaLabel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     if (wordWrap() && sizePolicy().verticalPolicy() == QSizePolicy::Minimum) {
-        setMinimumHeight(0); // or the height asked for would never be less than the last one
-        setMinimumHeight(qMax(0, heightForWidth(width()))); // a label without a text has none
+        // Otherwise the height asked for would never be less than the last one.
+        setMinimumHeight(0);
+        // A label without a text has no height for a width.
+        setMinimumHeight(qMax(0, heightForWidth(width())));
     }
 }

@@ -100,7 +100,8 @@ void HelpWindow::retrieveHelpContent()
 {
     connect(&d->network, &QNetworkAccessManager::finished, this, &HelpWindow::slotReceiveReply);
     d->timer.setSingleShot(true);
-    d->timer.setTimerType(Qt::PreciseTimer); // the default may end half a second early
+    // A timer of the default type may end half a second early.
+    d->timer.setTimerType(Qt::PreciseTimer);
     connect(&d->timer, &QTimer::timeout, this, &HelpWindow::slotQueryTimeout);
     query();
 }
@@ -120,7 +121,7 @@ void HelpWindow::query()
     d->timer.start(QueryTimeout);
     QNetworkReply *reply = d->network.get(QNetworkRequest(url));
     connect(this, &HelpWindow::sigAbortRequest, reply, &QNetworkReply::abort);
-    // Not by a limited buffer, which a compressed page never gets out of.
+    // A limited read buffer would not do: a compressed page never gets out of one.
     connect(reply, &QNetworkReply::readyRead, this, [reply] {
         if (reply->bytesAvailable() > MaximalPageSize) {
             reply->abort();
@@ -134,7 +135,8 @@ void HelpWindow::slotReceiveReply(QNetworkReply *reply)
     reply->deleteLater();
     if (reply->error() == QNetworkReply::NoError) {
         const QByteArray page = reply->readAll();
-        d->browser->setText(QString::fromUtf8(page.constData(), page.size())); // null bytes too
+        // With the size, null bytes are read past.
+        d->browser->setText(QString::fromUtf8(page.constData(), page.size()));
     } else {
         fallbackOfflineHelp();
     }

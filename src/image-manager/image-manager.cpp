@@ -74,7 +74,8 @@ void ImageManager::readJson()
     QString text;
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         const QByteArray bytes = file.readAll();
-        text = QString::fromUtf8(bytes.constData(), bytes.size()); // given the array it would stop at a null byte
+        // Given the array itself, it would stop at a null byte.
+        text = QString::fromUtf8(bytes.constData(), bytes.size());
     }
     const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
 

@@ -57,7 +57,7 @@ protected:
         QPushButton::focusInEvent(event);
         switch (event->reason()) {
         case Qt::MouseFocusReason:
-        case Qt::ActiveWindowFocusReason: // which a press gives first
+        case Qt::ActiveWindowFocusReason: // reason of the first press into an inactive window
         case Qt::PopupFocusReason:
             break;
         default:
@@ -87,7 +87,8 @@ QPushButton *createNameButton(const QString &name, QWidget *parent, std::functio
     button->setFlat(true);
     button->setStyleSheet(Look::sheet(Style::ButtonPathName));
     button->setFixedHeight(scaled(NameButtonHeight));
-    button->ensurePolished(); // the sheet may set the font
+    // The sheet may set the font.
+    button->ensurePolished();
     // The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
     button->setFixedWidth(scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding));
     return button;
@@ -126,7 +127,8 @@ void VelaButtonPathPrivate::setUpTable()
 {
     q->insertRow(0);
     q->horizontalHeader()->hide();
-    q->horizontalHeader()->setMinimumSectionSize(0); // or arrows would be wider than they are made
+    // Otherwise arrows would be wider than they are made.
+    q->horizontalHeader()->setMinimumSectionSize(0);
     q->verticalHeader()->hide();
     q->setShowGrid(false);
     q->setSelectionMode(QAbstractItemView::NoSelection);
@@ -172,7 +174,8 @@ void VelaButtonPathPrivate::discard(QAction *action)
     menu->removeAction(action);
     action->setParent(nullptr);
     if (sources.contains(action)) {
-        menuMapper->removeMappings(action); // deleted once the choice is told
+        // It is deleted once the choice is told.
+        menuMapper->removeMappings(action);
     } else {
         action->deleteLater();
     }
@@ -182,8 +185,10 @@ void VelaButtonPathPrivate::discard(QPushButton *button)
 {
     if (sources.contains(button)) {
         nameMapper->removeMappings(button);
-        button->clearFocus(); // or a neighbour of the bar might get it
-        button->setParent(nullptr); // deleted once the click is told; the table may be quicker
+        // Otherwise a neighbour of the bar might get the focus.
+        button->clearFocus();
+        // It is deleted once the click is told; the table might do that earlier.
+        button->setParent(nullptr);
     } else {
         delete button;
     }
@@ -215,8 +220,8 @@ void VelaButtonPathPrivate::showInFull(int column)
     const int left = q->columnViewportPosition(column);
     const int right = left + q->columnWidth(column);
     const int covered = menuButton->isVisible() ? menuButton->geometry().right() + 1 - q->viewport()->x() : 0;
-    const int atLeft = left - covered; // negative if it is hidden there
-    const int atRight = right - q->viewport()->width(); // positive if it is hidden there
+    const int atLeft = left - covered; // minus the pixels that are hidden at the left, if negative
+    const int atRight = right - q->viewport()->width(); // pixels that are hidden at the right, if positive
 
     QScrollBar *bar = q->horizontalScrollBar();
     if (q->isRightToLeft()) {
@@ -287,7 +292,7 @@ void VelaButtonPath::updateColumnSize()
 void VelaButtonPath::setChangeFolderBtn(int totalWidth)
 {
     d->menuButton->show();
-    const int overflow = totalWidth - d->visibleWidth; // hidden at the left once the end is in view
+    const int overflow = totalWidth - d->visibleWidth; // pixels hidden at the left once the end is in view
     int left = 0;
     for (int column = 0; column < columnCount(); ++column) {
         const int right = left + columnWidth(column);
@@ -304,7 +309,8 @@ void VelaButtonPath::setChangeFolderBtn(int totalWidth)
         }
         left = right;
     }
-    updateGeometries(); // the scroll bar's range follows the new columns only later by itself
+    // By itself the scroll bar's range follows the new columns only later.
+    updateGeometries();
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
 }
 
@@ -323,7 +329,8 @@ void VelaButtonPath::slotPathBarClicked(int btn_id)
     if (alive) {
         d->sources.removeLast();
     }
-    if (source && !source->parent()) { // discarded meanwhile
+    const bool isDiscarded = source && !source->parent();
+    if (isDiscarded) {
         source->deleteLater();
     }
 }

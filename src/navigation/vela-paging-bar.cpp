@@ -123,7 +123,7 @@ public:
     void removeFooterLabel();
 
     VelaPagingBar *const q;
-    const QPointer<VelaPagingModel> model; // model of the client, who owns it
+    const QPointer<VelaPagingModel> model; // model of the client's, null once that has deleted it
     QHBoxLayout *pageLayout = nullptr;
     QHBoxLayout *footerLayout = nullptr;
     VelaIconButton *navigationButtons[NavigationCount] = {};

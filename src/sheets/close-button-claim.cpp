@@ -12,7 +12,7 @@ namespace Vela::Private {
 
 namespace {
 
-// Those that are made, in the order in which they were.
+// The claims that are made, in the order in which they were.
 QVector<CloseButtonClaim *> &claims()
 {
     static QVector<CloseButtonClaim *> claims;

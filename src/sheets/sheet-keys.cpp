@@ -18,7 +18,7 @@ namespace Vela::Private {
 
 namespace {
 
-// Also when a menu or another window of the sheet is between the two.
+// Whether object is sheet or below it, also when a menu or another window of the sheet is between the two.
 bool isWithin(const QObject *object, const VelaSheet *sheet)
 {
     while (object && object != sheet) {
@@ -73,7 +73,7 @@ QAbstractButton *buttonOf(const VelaSheet *sheet, const QKeySequence &shortcut)
 
 SheetKeys::SheetKeys(VelaSheet *sheet) : m_sheet(sheet) { }
 
-// Of the application, not of the window: a menu bar that comes later would see the window's keys first.
+// The filter is the application's, since a menu bar that comes later would see the window's keys before the window's.
 void SheetKeys::keep()
 {
     qApp->installEventFilter(this);
@@ -81,7 +81,8 @@ void SheetKeys::keep()
 
 void SheetKeys::release()
 {
-    if (qApp) { // which the sheet may outlive
+    // The sheet may outlive the application.
+    if (qApp) {
         qApp->removeEventFilter(this);
     }
 }
@@ -113,7 +114,8 @@ bool SheetKeys::isLastToBeAsked(const QObject *watched) const
     return watched == m_sheet->window() || (watched == QApplication::activePopupWidget() && isWithin(watched, m_sheet));
 }
 
-// Of the sheet. Which access key one with Alt is depends on the keyboard's layout, and is known once it is pressed.
+// Whether a key may be a shortcut of the sheet. Which access key one with Alt is depends on the keyboard's layout, and
+// is known only once it is pressed.
 bool SheetKeys::mayBeShortcut(const QKeyEvent *event) const
 {
     if (event->modifiers().testFlag(Qt::AltModifier) && event->key() > Qt::Key_Space && event->key() < Qt::Key_Escape) {
@@ -126,8 +128,8 @@ bool SheetKeys::mayBeShortcut(const QKeyEvent *event) const
     });
 }
 
-// Whether it is to go no further. A button's key clicks it also where something below the sheet has the same, for
-// which Qt would only move the focus from one to the other.
+// Whether a shortcut is to go no further. A button's key clicks it also where something below the sheet has the same,
+// for which Qt would only move the focus from one to the other.
 bool SheetKeys::takesShortcut(const QObject *watched, const QShortcutEvent *event) const
 {
     const bool isOwn = belongsTo(watched, m_sheet);

@@ -17,7 +17,7 @@ SheetRun::~SheetRun()
 {
     goDown();
     endWait();
-    // They are on the stack, in wait().
+    // The loops are on the stack, in wait().
     const auto loops = m_sheet->findChildren<QEventLoop *>(QString(), Qt::FindDirectChildrenOnly);
     for (QEventLoop *loop : loops) {
         loop->setParent(nullptr);
@@ -49,7 +49,8 @@ void SheetRun::begin()
     m_sheet->show();
     comeUp();
     SheetStack::push(m_sheet);
-    if (m_blocksWindowButton) { // an answer leaves the claim when it is not told to block any more
+    // An answer leaves the claim when it is not told to block any more.
+    if (m_blocksWindowButton) {
         m_closeButton.make(m_window);
     }
     watchWindow();
@@ -73,10 +74,10 @@ void SheetRun::goDown()
     m_keys.release();
 }
 
-// Without an answer.
+// Ends the wait without an answer, unless there is one already.
 void SheetRun::endWait()
 {
-    if (m_loop && m_loop->isRunning()) { // or there is an answer already
+    if (m_loop && m_loop->isRunning()) {
         m_loop->exit(0);
     }
 }
@@ -98,7 +99,8 @@ int SheetRun::wait()
     const auto returned = qScopeGuard([self = QPointer<SheetRun>(this)] {
         if (self) {
             --self->m_waits;
-            self->m_state = self->m_state == State::Waiting ? State::Up : self->m_state; // the application was quit
+            // Without an answer the application was told to quit.
+            self->m_state = self->m_state == State::Waiting ? State::Up : self->m_state;
         }
     });
     return loop.exec();
@@ -184,7 +186,8 @@ void SheetRun::end(int result)
     m_sheet->hide();
     m_focus.letGo();
 
-    const auto emitted = qScopeGuard([self = QPointer<SheetRun>(this)] { // also when a slot throws
+    // A guard, for slots that throw.
+    const auto emitted = qScopeGuard([self = QPointer<SheetRun>(this)] {
         if (self && self->m_state == State::Answering) {
             self->m_state = State::Down;
         }
@@ -203,7 +206,8 @@ bool SheetRun::refusesClose(QEvent *event) const
 
 bool SheetRun::moveFocus(bool next)
 {
-    if (!m_sheet->isVisible()) { // it is being hidden, and the focus goes back to the window
+    // While the sheet is being hidden, the focus goes back to the window.
+    if (!m_sheet->isVisible()) {
         return false;
     }
     m_focus.move(next);

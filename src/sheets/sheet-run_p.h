@@ -27,8 +27,8 @@ public:
         Down, ///< not shown yet, or answered
         Up, ///< watches the window; finished() will tell the answer
         Waiting, ///< up, and wait() will return the answer
-        Answering, ///< answered and undone, finished() being emitted; done() is no answer any more, being shown again
-                   ///< is
+        Answering, ///< answered and undone, while finished() is emitted: a further answer is not heard, but the sheet
+                   ///< may be shown again
     };
 
     explicit SheetRun(VelaSheet *sheet);

@@ -24,7 +24,7 @@ class VelaCountdownMessageBoxPrivate
 {
 public:
     QTimer timer;
-    qint64 remaining = 0; // seconds; counted down from any int
+    qint64 remaining = 0; // seconds left, perhaps one less than the least int
     bool isAnswered = false; // whether it was answered since it was last shown
     QPointer<QPushButton> clicked; // button that clicks itself: seen pressed, its click still to come
     bool isClickVoid = false;
@@ -53,7 +53,8 @@ VelaCountdownMessageBox::~VelaCountdownMessageBox() = default;
 
 void VelaCountdownMessageBox::updateButtonText()
 {
-    if (QAbstractButton *ok = button(QMessageBox::Ok)) { // a client may have set other buttons
+    // A client may have set other buttons.
+    if (QAbstractButton *ok = button(QMessageBox::Ok)) {
         ok->setText(Look::text(Text::Ok) + QLatin1Char('(') + QString::number(d->remaining) + QLatin1Char(')'));
     }
 }

@@ -60,7 +60,8 @@ VelaInputSheetPrivate::VelaInputSheetPrivate(VelaInputSheet *sheet) :
 void VelaInputSheetPrivate::initialize()
 {
     // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
-    const QMargins shadow = q->contentsMargins(); // which a frame loses when it is styled
+    // A frame loses its margins, the shadow's room, when it is styled.
+    const QMargins shadow = q->contentsMargins();
     q->setStyleSheet(Look::sheet(Style::SheetOther));
     q->ensurePolished();
     q->setContentsMargins(shadow);
@@ -91,8 +92,9 @@ void VelaInputSheetPrivate::fill(QVBoxLayout *column)
 
 void VelaInputSheetPrivate::fitToWidth()
 {
-    // The label takes this height when it gets its width; the sheet's own height, which comes first, counts on it.
-    textLabel->setMinimumHeight(0); // or it would need no less than for the prompt or width that it had before
+    // The label takes this height when it gets its width; the sheet's own height, which comes first, counts on it. With
+    // its former minimum the label would need no less than for the prompt or width that it had before.
+    textLabel->setMinimumHeight(0);
     const int textWidth = q->contentsRect().width() - 2 * scaled(Metric::SheetMargin);
     textLabel->setFixedHeight(qMax(0, textLabel->heightForWidth(textWidth)));
 }
@@ -193,7 +195,8 @@ bool VelaInputSheet::eventFilter(QObject *watched, QEvent *event)
         return false;
     }
     d->answer(static_cast<QKeyEvent *>(event)->key());
-    return true; // no key gets past the sheet
+    // No key gets past the sheet.
+    return true;
 }
 
 // A Tab in a widget of the sheet is answered by that widget, before the window sees it, and asks here.

@@ -115,8 +115,9 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
                                 scaled(d->margins.bottom()));
     }
 
-    // A widget that is destroyed while it is shown sends no HideToParent.
-    connect(widget, &QObject::destroyed, d, [mask = d] { // which is there still when both are destroyed
+    // A widget that is destroyed while it is shown sends no HideToParent. The private part is still there when both are
+    // destroyed.
+    connect(widget, &QObject::destroyed, d, [mask = d] {
         mask->rest();
         mask->content = nullptr;
     });

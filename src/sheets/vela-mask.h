@@ -54,8 +54,8 @@ class VELA_EXPORT ParentEventFilterWidget : public QObject
     Q_OBJECT
 
 public:
-    /// Resizes @p mask with @p parent, which both have to outlive it. It has no QObject parent and is to be installed
-    /// on @p parent as event filter; a VelaMask does that itself.
+    /// Resizes @p mask with @p parent, until one of them is gone. It has no QObject parent and is to be installed on
+    /// @p parent as event filter; a VelaMask does that itself.
     ParentEventFilterWidget(VelaMask *mask, QWidget *parent);
     ~ParentEventFilterWidget() override;
 

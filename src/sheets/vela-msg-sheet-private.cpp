@@ -168,7 +168,8 @@ bool VelaMessageSheetPrivate::hasIcon() const
 void VelaMessageSheetPrivate::fill(QVBoxLayout *column)
 {
     for (MessageLabel *label : {textLabel, informativeLabel}) {
-        if (label) { // or it would keep the height of the text or width that it had before
+        // Otherwise it would keep the height of the text or width that it had before.
+        if (label) {
             label->setMinimumHeight(0);
             label->setMaximumHeight(QWIDGETSIZE_MAX);
         }

@@ -39,7 +39,8 @@ MessageLabel::~MessageLabel() = default;
 
 void MessageLabel::resizeEvent(QResizeEvent *)
 {
-    setMinimumHeight(0); // or the height asked for would never be less than the last one
+    // Otherwise the height asked for would never be less than the last one.
+    setMinimumHeight(0);
     setFixedHeight(qMax(0, heightForWidth(width())));
 }
 
@@ -228,7 +229,8 @@ bool VelaMessageSheet::eventFilter(QObject *watched, QEvent *event)
     } else {
         d->answer(keyEvent->key());
     }
-    return true; // no key gets past the sheet
+    // No key gets past the sheet.
+    return true;
 }
 
 // The walk starts from the window, not from the widget that has the focus, so it does not step from widget to widget;

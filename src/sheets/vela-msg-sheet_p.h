@@ -22,13 +22,13 @@ public:
     void setInformativeText(const QString &newText);
     void rememberFocusWidgets();
 
-    MessageLabel *informativeLabel = nullptr; // while there is an informative text
+    MessageLabel *informativeLabel = nullptr; // label of the informative text, null without one
     QLabel *const iconLabel;
     QString text;
     QString informativeText;
     VelaMessageSheet::MessageType type = VelaMessageSheet::AppMessage;
     QPointer<QMovie> runningMovie; // movie that exec() has started
-    QVector<QPointer<QWidget>> focusList; // widgets of which some may be deleted before it is made again
+    QVector<QPointer<QWidget>> focusList; // widgets visible when the sheet was shown, null if deleted since
     QPointer<QWidget> firstFocusWidget;
     QPointer<QWidget> lastFocusWidget;
 

@@ -66,10 +66,12 @@ bool FirstPlace::take()
             return true;
         }
         if (!m_socket && isServed(QFile::encodeName(m_path))) {
-            m_lockFile.unlock(); // the first process has yet to make its lock file anew
+            // The first process has yet to make its lock file anew.
+            m_lockFile.unlock();
             return false;
         }
-        listen(); // and see whether the lock file has been removed meanwhile
+        // Once more round, to see whether the lock file has been removed meanwhile.
+        listen();
     }
     return true;
 }
@@ -146,7 +148,7 @@ void FirstPlace::close()
     m_socket.reset();
 }
 
-// Anew, for a file that has taken the place of one that was watched.
+// A file that has taken the place of one that was watched is watched anew.
 void FirstPlace::watch(const QString &file)
 {
     if (m_watcher) {

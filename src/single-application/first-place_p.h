@@ -60,7 +60,7 @@ private:
     const QString m_path;
     const QString m_lockPath;
     QtLockedFile m_lockFile;
-    std::unique_ptr<ListeningSocket> m_socket; // also one that could not be made, which is not tried again
+    std::unique_ptr<ListeningSocket> m_socket; // null before the first attempt to listen, kept when that failed
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::unique_ptr<QFileSystemWatcher> m_watcher;
     QTimer m_retry {this};

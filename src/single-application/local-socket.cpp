@@ -33,7 +33,7 @@ Descriptor makeSocket()
     return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
-// Of connect() or bind().
+// Calls connect() or bind(). Whether that succeeded.
 template<typename Function>
 bool applyTo(const Descriptor &socket, const Function &function, const sockaddr_un &address)
 {
@@ -75,11 +75,13 @@ bool isServed(const QByteArray &path)
         return false;
     }
     if (!applyTo(socket, ::connect, *address)) {
-        return errno == EAGAIN; // more are waiting than may
+        // A process listens, to which more connections are waiting than may.
+        return errno == EAGAIN;
     }
     // A child that the process has left behind may hold the socket open.
     const std::optional<ucred> peer = peerOf(socket.number());
-    const bool isOutOfSight = peer && peer->pid == 0; // in another namespace of processes
+    // A process in another namespace of processes has no number here.
+    const bool isOutOfSight = peer && peer->pid == 0;
     return isOutOfSight || (peer && ::kill(peer->pid, 0) == 0);
 }
 

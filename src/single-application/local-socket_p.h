@@ -40,7 +40,7 @@ public:
 private:
     QByteArray m_path;
     Descriptor m_socket;
-    Descriptor m_file; // keeps the system from giving the file's number to another one
+    Descriptor m_file; // file at the path, open so that the system gives its number to no other
     int m_error = 0;
 };
 

@@ -33,7 +33,7 @@ constexpr auto ConnectionTimeout = 10s; // silence within a message that ends it
 constexpr auto AcceptDelay = 100ms; // pause of a process that is out of descriptors
 constexpr auto RetryDelay = 20ms; // pause before a process that is just starting is tried again
 
-// As every edition of this class names it. A person recognises the name by the label.
+// The name of the socket's file, as every edition of this class forms it. A person recognises it by the label.
 QString socketNameOf(const QString &id, QString label)
 {
     static const QRegularExpression notLetters(QStringLiteral("[^a-zA-Z]"));
@@ -157,7 +157,7 @@ bool QtLocalPeerPrivate::connectToFirst(QLocalSocket *socket, const QDeadlineTim
     return false;
 }
 
-// Whether there was one.
+// Whether there was a connection to accept.
 bool QtLocalPeerPrivate::acceptConnection()
 {
     Vela::Descriptor connection = place.accept();
@@ -236,7 +236,8 @@ void QtLocalPeerPrivate::receiveMessage(QLocalSocket *socket)
     // Before the signal, since its slots may take longer than the sender waits.
     socket->write(Vela::Acknowledgement, Vela::AcknowledgementSize);
     socket->flush();
-    socket->disconnectFromServer(); // or it would go on reading what nobody wants
+    // Otherwise it would go on reading what nobody wants.
+    socket->disconnectFromServer();
     Q_EMIT q->messageReceived(message.text());
 }
 
@@ -245,7 +246,8 @@ QtLocalPeer::QtLocalPeer(QObject *parent, const QString &appId) :
 {
 }
 
-// Not with the other children, which go when others have been told that this is destroyed: the place is free by then.
+// The private part is not left to go with the other children, which go when others have been told that this is
+// destroyed: the place is free by then.
 QtLocalPeer::~QtLocalPeer()
 {
     delete d;

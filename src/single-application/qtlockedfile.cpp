@@ -31,7 +31,8 @@ bool QtLockedFile::open(OpenMode mode)
     if (!QFile::open(mode)) {
         return false;
     }
-    m_lockMode = NoLock; // that of an earlier descriptor has gone with it
+    // The lock of an earlier descriptor has gone with it.
+    m_lockMode = NoLock;
     return true;
 }
 
@@ -92,7 +93,8 @@ bool QtLockedFile::setLock(short type, int command)
     do {
         result = ::fcntl(handle(), command, &lock);
     } while (result == -1 && errno == EINTR);
-    const int error = errno; // before logging changes it
+    // Kept, as logging may change it.
+    const int error = errno;
     const bool isHeldByAnother = error == EAGAIN || error == EACCES;
     if (result == -1 && !isHeldByAnother) {
         qCWarning(debug_message, "Cannot lock \"%s\": %s", qPrintable(fileName()), std::strerror(error));

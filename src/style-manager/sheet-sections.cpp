@@ -67,7 +67,7 @@ private:
     QByteArray &m_text;
     std::vector<TextRange> *const m_removed;
     int m_kept = 0; // bytes kept so far, at the text's begin
-    int m_rest = 0; // where the part begins that is not decided yet
+    int m_rest = 0; // begin of the part that is not decided yet
 };
 
 void removeBlockComments(QByteArray &text, std::vector<TextRange> *removed)
@@ -77,7 +77,8 @@ void removeBlockComments(QByteArray &text, std::vector<TextRange> *removed)
     for (int i = indexOf(text, Slash, 0); i >= 0; i = indexOf(text, Slash, i + 1)) {
         const char *character = text.constData() + i;
         if (open < 0) {
-            if (character[1] == Star) { // the text ends in a null byte
+            // Behind the last character there is a null byte to be read.
+            if (character[1] == Star) {
                 open = i;
             }
         } else if (character[-1] == Star && i > open + MarkSize) {
@@ -140,8 +141,8 @@ QString linesOf(const QByteArray &text, int begin, int end)
     }
     const int size = end - begin - (text.at(end - 1) == LineBreak ? 1 : 0);
     if (begin > 0) {
-        return QString::fromUtf8(text.constData() + begin - 1,
-                                 1 + size); // from the line break of the line before
+        // With the line break of the line before in front.
+        return QString::fromUtf8(text.constData() + begin - 1, 1 + size);
     }
     QByteArray lines(1 + size, LineBreak);
     std::copy_n(text.constData(), size, lines.data() + 1);

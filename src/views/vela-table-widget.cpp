@@ -20,7 +20,7 @@ using namespace Vela;
 namespace {
 
 // Logical pixels.
-constexpr int HeaderWidth = 20000; // wider than any sum of sections: the area around the header clips it
+constexpr int HeaderWidth = 20000; // more than any sum of sections, clipped by the area around the header
 constexpr int HeaderHeight = 30;
 constexpr int FillerWidth = 12; // part of the header above the vertical scroll bar
 
@@ -61,13 +61,15 @@ protected:
     void keyPressEvent(QKeyEvent *event) override { event->ignore(); }
     bool focusNextPrevChild(bool next) override
     {
-        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): the area's own one scrolls
+        // The area's own one scrolls.
+        return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
     }
 };
 
 bool isStretching(const VelaTableColumnsInfo::ColumnInfo &column)
 {
-    return column.resizable && column.stretchRatio != 0.0; // NaN stretches
+    // A ratio that is no number stretches, too.
+    return column.resizable && column.stretchRatio != 0.0;
 }
 
 QHeaderView::ResizeMode resizeModeOf(const VelaTableColumnsInfo::ColumnInfo &column)
@@ -136,7 +138,7 @@ public:
     void layOut(VelaTableWidget *table);
 
     const VelaTableColumnsInfo columns;
-    QTableWidget headerModel; // never shown; the header shows its columns
+    QTableWidget headerModel; // table, itself never shown, whose columns the header shows
     QScrollArea *headerArea = nullptr;
     QHeaderView *header = nullptr;
     ResizeSignalTableWidget *body = nullptr;
@@ -246,8 +248,8 @@ void VelaTableWidget::initailze()
             &VelaTableWidget::slotVerticalScrollRangeChanged);
     connect(d->body, &ResizeSignalTableWidget::sigResized, this, &VelaTableWidget::slotTableResized);
 
-    // Not the value that is told: scrolling may do the pending layout, which scrolls again, and then the older value is
-    // the last to be told.
+    // The value that is told does not serve: scrolling may do the pending layout, which scrolls again, and then the
+    // older value is the last to be told.
     QScrollBar *const bodyBar = d->body->horizontalScrollBar();
     QScrollBar *const headerBar = d->headerArea->horizontalScrollBar();
     connect(bodyBar, &QScrollBar::valueChanged, headerBar,

@@ -107,7 +107,7 @@ public:
     bool operator<(const QTreeWidgetItem &other) const override;
 
     QString path;
-    qint64 clientData; ///< the client's; 0 at first, never read here
+    qint64 clientData; ///< the client's own, 0 at first; copied with the item
 
 private:
     const std::unique_ptr<FileSystemTreeWidgetItemPrivate> d;
