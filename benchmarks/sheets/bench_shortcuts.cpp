@@ -49,7 +49,7 @@ Cost measure(int calls, Call call)
 // Answers whatever waits in window, or the box that is the active window, as soon as it waits.
 void answerSoon(QWidget *window)
 {
-    QTimer::singleShot(0, [window] {
+    QTimer::singleShot(0, qApp, [window] {
         QWidget *asked = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : window;
         QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         QCoreApplication::sendEvent(asked, &press);

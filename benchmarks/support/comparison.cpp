@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int SliceCount = 31;
-char MinimalSliceTime[] = "--benchmark_min_time=0.02";
+char minimalSliceTime[] = "--benchmark_min_time=0.02";
 
 // A side as Google Benchmark knows it.
 struct Entry
@@ -138,7 +138,7 @@ void compare(const std::string &what, std::optional<double> target, Side ours, S
 int runComparisons(int &argc, char **argv)
 {
     std::vector<char *> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, MinimalSliceTime);
+    arguments.insert(arguments.begin() + 1, minimalSliceTime);
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {

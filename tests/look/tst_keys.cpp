@@ -107,7 +107,8 @@ private:
         for (int kind = VelaButton::ApplyButton; kind <= VelaButton::RedButton; ++kind) {
             (new VelaButton(QStringLiteral("text"), kind))->setParent(this);
         }
-        (new VelaIconButton(QPixmap()))->setParent(this);
+        auto *iconButton = new VelaIconButton(QPixmap());
+        iconButton->setParent(this);
         new VelaCheckBox(QString(), this);
         new VelaRadioButton(QString(), this);
         (new VelaComboBox(this))->setEditable(true);

@@ -55,7 +55,7 @@ void useUpDescriptors()
     for (int descriptor = ::dup(STDIN_FILENO); descriptor != -1; descriptor = ::dup(STDIN_FILENO)) {
         descriptors->push_back(descriptor);
     }
-    QTimer::singleShot(WithoutDescriptors,
+    QTimer::singleShot(WithoutDescriptors, qApp,
                        [descriptors] { std::for_each(descriptors->begin(), descriptors->end(), ::close); });
 }
 
@@ -109,7 +109,7 @@ int showWindow(QtSingleApplication *application, const QString &manner)
     other.show();
     application->setActivationWindow(&window, manner != QLatin1String("passive"));
     const int patience = manner == QLatin1String("passive") ? 3000 : 20000;
-    QObject::connect(application, &QtSingleApplication::messageReceived, [&window, patience](const QString &) {
+    QObject::connect(application, &QtSingleApplication::messageReceived, &window, [&window, patience](const QString &) {
         // Window managers take their time; tell it as soon as it is so, or that it has not come about.
         auto *poll = new QTimer(&window);
         auto elapsed = std::make_shared<int>(0);

@@ -6,7 +6,7 @@
 #include <QtTest>
 
 // The static table is filled by the first use of the instance, and not before: looked at before main() on purpose.
-static const bool tableWasEmptyAtStart = FileTypeMap::m_file_type_map.empty();
+static const bool TableWasEmptyAtStart = FileTypeMap::m_file_type_map.empty();
 
 namespace {
 
@@ -70,7 +70,7 @@ private Q_SLOTS:
 
 void FileTypeMapTest::theTableIsFilledByTheFirstInstance()
 {
-    QVERIFY(tableWasEmptyAtStart);
+    QVERIFY(TableWasEmptyAtStart);
     QVERIFY(FileTypeMap::m_file_type_map.empty());
     QVERIFY(FileTypeMap::getInstance());
     QCOMPARE(int(FileTypeMap::m_file_type_map.size()), DistinctExtensions);
