@@ -118,8 +118,7 @@ void MouseFiltersTest::filtersLetTheRestReachAWidget()
     QFETCH(bool, isForReleases);
     const std::unique_ptr<QObject> filter = createFilter(isForReleases);
     auto *recorder = new Recorder;
-    FilteredWindow window(recorder, filter.get());
-    QVERIFY(window.showAndWait());
+    Shown<FilteredWindow> window(recorder, filter.get());
     recorder->setFocus();
     window.enter();
     window.click();
@@ -140,8 +139,7 @@ void MouseFiltersTest::aButtonUnderAReleaseFilterIsPressedForGood()
 {
     MouseReleaseFilter filter;
     auto *button = new QPushButton;
-    FilteredWindow window(button, &filter);
-    QVERIFY(window.showAndWait());
+    Shown<FilteredWindow> window(button, &filter);
     const QSignalSpy pressed(button, &QAbstractButton::pressed);
     const QSignalSpy clicked(button, &QAbstractButton::clicked);
     window.click();
@@ -157,8 +155,7 @@ void MouseFiltersTest::aButtonUnderAButtonFilterIsLeftAlone()
 {
     MouseButtonFilter filter;
     auto *button = new QPushButton;
-    FilteredWindow window(button, &filter);
-    QVERIFY(window.showAndWait());
+    Shown<FilteredWindow> window(button, &filter);
     const QSignalSpy pressed(button, &QAbstractButton::pressed);
     const QSignalSpy clicked(button, &QAbstractButton::clicked);
     window.click();

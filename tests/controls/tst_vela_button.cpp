@@ -8,7 +8,6 @@
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
 
-#include <QHBoxLayout>
 #include <QtTest>
 
 namespace {
@@ -37,16 +36,15 @@ class VelaButtonTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
+
     void valuesOfTheKinds();
     void theKindsAreKnownByName();
-    void aKindWithoutItsSheetIsUnstyledAndLogged();
     void theKindDecidesTheSheet_data();
     void theKindDecidesTheSheet();
     void anUnknownKindHasNoSheetAndIsNoError_data();
     void anUnknownKindHasNoSheetAndIsNoError();
     void theKindMayBeLeftOut();
-    void itAddsNoSignalsSlotsOrProperties();
-    void itIsFoundAmongItsParentsChildren();
     void clicksAndKeysClickIt();
     void itLooksLikeAPlainButtonOfTheSameSheet_data();
     void itLooksLikeAPlainButtonOfTheSameSheet();
@@ -59,31 +57,8 @@ private:
     ResourceFolder m_folder;
 };
 
-void VelaButtonTest::theKindsAreKnownByName()
+void VelaButtonTest::initTestCase()
 {
-    const auto kinds = QMetaEnum::fromType<VelaButton::Kind>();
-    QCOMPARE(kinds.valueToKey(VelaButton::RedButton), "RedButton");
-    QCOMPARE(kinds.keyCount(), 6);
-}
-
-void VelaButtonTest::valuesOfTheKinds()
-{
-    for (const Kind &kind : Kinds) {
-        QCOMPARE(kind.kind, kind.value);
-    }
-}
-
-// The first to build buttons: no sheets are installed yet.
-void VelaButtonTest::aKindWithoutItsSheetIsUnstyledAndLogged()
-{
-    LogCapture log;
-    for (const Kind &kind : Kinds) {
-        const VelaButton button(QStringLiteral("x"), kind.value);
-        QCOMPARE(button.styleSheet(), QString());
-        QCOMPARE(log.takeTexts(),
-                 QStringList {QStringLiteral("Cannot find stylesheet \"%1\"").arg(QLatin1String(kind.key))});
-    }
-
     QByteArray sheets;
     for (const Kind &kind : Kinds) {
         sheets +=
@@ -98,6 +73,20 @@ void VelaButtonTest::aKindWithoutItsSheetIsUnstyledAndLogged()
                 .toUtf8();
     }
     installSheets(m_folder, sheets);
+}
+
+void VelaButtonTest::theKindsAreKnownByName()
+{
+    const auto kinds = QMetaEnum::fromType<VelaButton::Kind>();
+    QCOMPARE(kinds.valueToKey(VelaButton::RedButton), "RedButton");
+    QCOMPARE(kinds.keyCount(), 6);
+}
+
+void VelaButtonTest::valuesOfTheKinds()
+{
+    for (const Kind &kind : Kinds) {
+        QCOMPARE(kind.kind, kind.value);
+    }
 }
 
 void VelaButtonTest::theKindDecidesTheSheet_data()
@@ -155,35 +144,10 @@ void VelaButtonTest::theKindMayBeLeftOut()
     QCOMPARE(button.styleSheet(), getStyleSheet("component.default_button", false));
 }
 
-void VelaButtonTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaButton::staticMetaObject.className(), "VelaButton");
-    QCOMPARE(VelaButton::staticMetaObject.methodCount(), QPushButton::staticMetaObject.methodCount());
-    QCOMPARE(VelaButton::staticMetaObject.propertyCount(), QPushButton::staticMetaObject.propertyCount());
-    QCOMPARE(VelaIconButton::staticMetaObject.className(), "VelaIconButton");
-    QCOMPARE(VelaIconButton::staticMetaObject.methodCount(), QToolButton::staticMetaObject.methodCount());
-    QCOMPARE(VelaIconButton::staticMetaObject.propertyCount(), QToolButton::staticMetaObject.propertyCount());
-}
-
-void VelaButtonTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    auto *row = new QHBoxLayout(&parent);
-    auto *button = new VelaButton(QStringLiteral("x"), VelaButton::ApplyButton);
-    auto *iconButton = new VelaIconButton(QStringLiteral("four"));
-    row->addWidget(button);
-    row->addWidget(iconButton);
-    row->addWidget(new QPushButton);
-    row->addWidget(new QToolButton);
-    QCOMPARE(parent.findChildren<VelaButton *>(), QList<VelaButton *> {button});
-    QCOMPARE(parent.findChildren<VelaIconButton *>(), QList<VelaIconButton *> {iconButton});
-}
-
 void VelaButtonTest::clicksAndKeysClickIt()
 {
     auto *button = new VelaButton(QStringLiteral("x"), VelaButton::ApplyButton);
-    ControlWindow window(button);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(button);
     const QSignalSpy clicked(button, &VelaButton::clicked);
 
     window.press();

@@ -12,8 +12,6 @@
 #include <QLineEdit>
 #include <QtTest>
 
-#include <array>
-
 namespace {
 
 // The same for both, so that what they look like can be told from their states.
@@ -106,15 +104,11 @@ private Q_SLOTS:
     void initTestCase();
 
     void withoutItsSheetItIsUnstyledAndLogged_data() { addKinds(); }
-    void withoutItsSheetItIsUnstyledAndLogged();
     void itTakesTextAndParentAndHasTheScaledSheetOfItsKey_data() { addKinds(); }
     void itTakesTextAndParentAndHasTheScaledSheetOfItsKey();
     void theParentMayBeLeftOut_data() { addKinds(); }
-    void theParentMayBeLeftOut();
     void allElseIsAsInItsBase_data() { addKinds(); }
     void allElseIsAsInItsBase();
-    void itAddsNoSignalsSlotsOrProperties();
-    void itIsFoundAmongItsParentsChildren();
     void aLaterSheetReplacesItsOwn_data() { addKinds(); }
     void aLaterSheetReplacesItsOwn();
 
@@ -144,8 +138,6 @@ private:
     static void addKinds();
 
     ResourceFolder m_folder;
-    std::array<QString, 2> m_withoutSheet;
-    std::array<QStringList, 2> m_loggedWithoutSheet;
 };
 
 void VelaCheckBoxTest::addKinds()
@@ -158,23 +150,12 @@ void VelaCheckBoxTest::addKinds()
 
 void VelaCheckBoxTest::initTestCase()
 {
-    LogCapture log;
     QByteArray sheets;
     for (int kind : {Check, Radio}) {
-        m_withoutSheet[kind] = create(kind)->styleSheet();
-        m_loggedWithoutSheet[kind] = log.takeTexts();
         sheets +=
             QByteArray("== ") + Kinds[kind].key + " ==\n" + QByteArray(Rules).replace("%1", Kinds[kind].base) + '\n';
     }
     installSheets(m_folder, sheets);
-}
-
-void VelaCheckBoxTest::withoutItsSheetItIsUnstyledAndLogged()
-{
-    QFETCH(int, kind);
-    QCOMPARE(m_loggedWithoutSheet[kind],
-             QStringList {QStringLiteral("Cannot find stylesheet \"%1\"").arg(QLatin1String(Kinds[kind].key))});
-    QCOMPARE(m_withoutSheet[kind], QString());
 }
 
 void VelaCheckBoxTest::itTakesTextAndParentAndHasTheScaledSheetOfItsKey()
@@ -189,17 +170,6 @@ void VelaCheckBoxTest::itTakesTextAndParentAndHasTheScaledSheetOfItsKey()
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
-void VelaCheckBoxTest::theParentMayBeLeftOut()
-{
-    QFETCH(int, kind);
-    const VelaCheckBox checkBox(Caption);
-    const VelaRadioButton radioButton(Caption);
-    const QAbstractButton &button = kind == Check ? static_cast<const QAbstractButton &>(checkBox)
-                                                  : static_cast<const QAbstractButton &>(radioButton);
-    QVERIFY(!button.parent());
-    QVERIFY(button.isWindow());
-}
-
 void VelaCheckBoxTest::allElseIsAsInItsBase()
 {
     QFETCH(int, kind);
@@ -209,29 +179,6 @@ void VelaCheckBoxTest::allElseIsAsInItsBase()
     QCOMPARE(differingProperties(*plain->metaObject(), *button, *plain), QStringList());
     plain->setFocusPolicy(Qt::NoFocus);
     QCOMPARE(differingProperties(*plain->metaObject(), *button, *plain), QStringList {QStringLiteral("focusPolicy")});
-}
-
-void VelaCheckBoxTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaCheckBox::staticMetaObject.className(), "VelaCheckBox");
-    QCOMPARE(VelaCheckBox::staticMetaObject.superClass(), &QCheckBox::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaCheckBox::staticMetaObject), QStringList());
-    QCOMPARE(VelaRadioButton::staticMetaObject.className(), "VelaRadioButton");
-    QCOMPARE(VelaRadioButton::staticMetaObject.superClass(), &QRadioButton::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaRadioButton::staticMetaObject), QStringList());
-}
-
-void VelaCheckBoxTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    auto *plainCheckBox = new QCheckBox(&parent);
-    auto *plainRadioButton = new QRadioButton(&parent);
-    auto *checkBox = new VelaCheckBox(Caption, &parent);
-    auto *radioButton = new VelaRadioButton(Caption, &parent);
-    QCOMPARE(parent.findChildren<VelaCheckBox *>(), QList<VelaCheckBox *> {checkBox});
-    QCOMPARE(parent.findChildren<VelaRadioButton *>(), QList<VelaRadioButton *> {radioButton});
-    QCOMPARE(parent.findChildren<QCheckBox *>(), (QList<QCheckBox *> {plainCheckBox, checkBox}));
-    QCOMPARE(parent.findChildren<QRadioButton *>(), (QList<QRadioButton *> {plainRadioButton, radioButton}));
 }
 
 void VelaCheckBoxTest::aLaterSheetReplacesItsOwn()

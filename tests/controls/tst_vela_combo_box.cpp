@@ -91,19 +91,14 @@ class VelaComboBoxTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
-    void missingSheetsAreLoggedTemplateFirst();
     void withoutATemplateItHasTheScrollBarsSheetOnly();
     void theSheetIsAssembledToTheLetter_data();
     void theSheetIsAssembledToTheLetter();
     void thePaddingIsNotTruncated();
     void thePaddingKeepsItsDigitsAtAnOddScale();
     void allElseIsAsInItsBase();
-    void theParentMayBeLeftOut();
-    void itAddsNoSignalsSlotsOrProperties();
-    void itIsFoundAmongItsParentsChildren();
     void itLooksLikeItsBaseWithTheSameSheet();
     void theBorderIsPainted();
     void thePaddingKeepsTheTextFromTheSides();
@@ -125,16 +120,7 @@ private Q_SLOTS:
 
 private:
     ResourceFolder m_folder;
-    QString m_withoutSheets;
-    QStringList m_loggedWithoutSheets;
 };
-
-void VelaComboBoxTest::initTestCase()
-{
-    LogCapture log;
-    m_withoutSheets = VelaComboBox().styleSheet();
-    m_loggedWithoutSheets = log.takeTexts();
-}
 
 void VelaComboBoxTest::init()
 {
@@ -143,22 +129,8 @@ void VelaComboBoxTest::init()
                       + "\n== component.scrollbar ==\nQScrollBar:vertical { width: 23px }\n");
 }
 
-void VelaComboBoxTest::missingSheetsAreLoggedTemplateFirst()
-{
-    QStringList warnings;
-    for (const QString &text : qAsConst(m_loggedWithoutSheets)) {
-        if (text.startsWith(QLatin1String("Cannot find"))) {
-            warnings.append(text);
-        }
-    }
-    QCOMPARE(warnings,
-             (QStringList {QStringLiteral("Cannot find stylesheet \"component.combobox\""),
-                           QStringLiteral("Cannot find stylesheet \"component.scrollbar\"")}));
-}
-
 void VelaComboBoxTest::withoutATemplateItHasTheScrollBarsSheetOnly()
 {
-    QCOMPARE(m_withoutSheets, QString());
     installSheets(m_folder,
                   "== component.combobox ==\n== component.scrollbar ==\nQScrollBar:vertical { width: 23px }\n");
     QCOMPARE(VelaComboBox().styleSheet(), expectedScrollBarSheet());
@@ -243,29 +215,6 @@ void VelaComboBoxTest::allElseIsAsInItsBase()
              QStringList {QStringLiteral("maxVisibleItems")});
 }
 
-void VelaComboBoxTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaComboBox child(&parent);
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!VelaComboBox().parent());
-}
-
-void VelaComboBoxTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaComboBox::staticMetaObject.className(), "VelaComboBox");
-    QCOMPARE(VelaComboBox::staticMetaObject.superClass(), &QComboBox::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaComboBox::staticMetaObject), QStringList());
-}
-
-void VelaComboBoxTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    QComboBox plain(&parent);
-    VelaComboBox box(&parent);
-    QCOMPARE(parent.findChildren<VelaComboBox *>(), QList<VelaComboBox *> {&box});
-}
-
 void VelaComboBoxTest::itLooksLikeItsBaseWithTheSameSheet()
 {
     const auto grabStates = [](QComboBox *box) {
@@ -291,8 +240,7 @@ void VelaComboBoxTest::itLooksLikeItsBaseWithTheSameSheet()
 
 void VelaComboBoxTest::theBorderIsPainted()
 {
-    ControlWindow window(new VelaComboBox);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(new VelaComboBox);
     const QRect rect = window.control->rect();
     for (const QPoint &edge : {QPoint(0, rect.center().y()), QPoint(rect.right(), rect.center().y()),
                                QPoint(rect.center().x(), 0), QPoint(rect.center().x(), rect.bottom())}) {

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "component/vela-footbar.h"
-#include "support/controls.h"
 #include "support/environment.h"
 
 #include <QHBoxLayout>
@@ -28,7 +27,6 @@ class VelaFootbarTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itAddsNoSignalsSlotsOrProperties();
     void aNewBarHasAnEmptyRowAndNoSheet();
     void nothingIsLaidOutOrOwnedBeforeInit();
     void aBarWithoutWidgetsHoldsTheStretchOnly();
@@ -45,7 +43,6 @@ private Q_SLOTS:
     void theLastPushedToTheRightStandsAtTheFarRight();
     void aWidgetDeletedBeforeInitIsLeftOut();
     void aWidgetDeletedBetweenTwoInitsIsLeftOut();
-    void itIsFoundAmongItsParentsChildren();
     void theBarOwnsItsWidgetsAfterInit();
 };
 
@@ -63,12 +60,6 @@ void VelaFootbarTest::gettersGiveBackWhatWasSet()
     bar.setSpacing(5);
     QCOMPARE(bar.margins(), QMargins(1, 2, 3, 4));
     QCOMPARE(bar.spacing(), 5);
-}
-
-void VelaFootbarTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaFootbar::staticMetaObject.className(), "VelaFootbar");
-    QCOMPARE(ownDeclarations(VelaFootbar::staticMetaObject), QStringList());
 }
 
 void VelaFootbarTest::aNewBarHasAnEmptyRowAndNoSheet()
@@ -284,14 +275,6 @@ void VelaFootbarTest::aWidgetDeletedBetweenTwoInitsIsLeftOut()
     bar.init();
     QCOMPARE(bar.findChildren<QPushButton *>(), QList<QPushButton *> {kept});
     QCOMPARE(rowOf(bar)->itemAt(rowOf(bar)->count() - 1)->widget(), static_cast<QWidget *>(kept));
-}
-
-void VelaFootbarTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    QWidget other(&parent);
-    VelaFootbar bar(&parent);
-    QCOMPARE(parent.findChildren<VelaFootbar *>(), QList<VelaFootbar *> {&bar});
 }
 
 void VelaFootbarTest::theBarOwnsItsWidgetsAfterInit()

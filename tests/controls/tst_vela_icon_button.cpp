@@ -9,7 +9,6 @@
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QStyle>
@@ -62,7 +61,6 @@ class VelaIconButtonTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void withoutItsSheetItIsLogged();
     void anIconButtonIsSetUpAsAnImageOnly_data();
     void anIconButtonIsSetUpAsAnImageOnly();
     void allFourImagesAreAskedForInOrder();
@@ -98,7 +96,6 @@ private Q_SLOTS:
 
 private:
     ResourceFolder m_folder;
-    QStringList m_loggedWithoutSheet;
 };
 
 void VelaIconButtonTest::initTestCase()
@@ -114,17 +111,9 @@ void VelaIconButtonTest::initTestCase()
     m_folder.writeImage(QStringLiteral("large_click"), FileSize, Press);
     m_folder.writeImage(QStringLiteral("large_disable"), FileSize, Disable);
     m_folder.writeCatalogue({QStringLiteral("four"), QStringLiteral("one"), QStringLiteral("large")});
-    LogCapture log;
-    const VelaIconButton withoutSheet {QPixmap()};
-    m_loggedWithoutSheet = log.takeTexts();
     installSheets(m_folder,
                   "== component.icon_button ==\nQToolButton { border: none; padding: 4px }\n"
                   "QToolButton::menu-indicator { image: none }\n");
-}
-
-void VelaIconButtonTest::withoutItsSheetItIsLogged()
-{
-    QCOMPARE(m_loggedWithoutSheet, QStringList {QStringLiteral("Cannot find stylesheet \"component.icon_button\"")});
 }
 
 void VelaIconButtonTest::anIconButtonIsSetUpAsAnImageOnly_data()
@@ -167,16 +156,14 @@ void VelaIconButtonTest::anUnknownImageLeavesItEmptyAndIsLoggedByTheImageManager
     QCOMPARE(log.takeTexts(), (QStringList {warning, warning, warning, warning}));
     QVERIFY(button->icon().isNull());
 
-    IconButtonWindow window(button);
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(button);
     QCOMPARE(button->QToolButton::iconSize(), QSize(0, 0));
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
 void VelaIconButtonTest::theIconSizeIsTheNormalImagesLogicalSize()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     QCOMPARE(window.button->iconSize(), expectedImageSize(FileSize) / expectedRatio());
 }
 
@@ -193,8 +180,7 @@ void VelaIconButtonTest::theIconSizeOfAPixmapIsDividedByTheRatioAndRounded()
 {
     QFETCH(QSize, size);
     QFETCH(QSize, sizeAtRatio2);
-    IconButtonWindow window(new VelaIconButton(filled(size, Normal)));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(filled(size, Normal)));
     QCOMPARE(window.button->iconSize(), expectedRatio() == 2 ? sizeAtRatio2 : size);
 }
 
@@ -204,8 +190,7 @@ void VelaIconButtonTest::theIconSizeIsAppliedByTheNextEventOnly()
     auto *button = new VelaIconButton(filled(QSize(70, 50), Normal));
     QCOMPARE(button->iconSize(), plain.iconSize());
 
-    IconButtonWindow window(button);
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(button);
     QCOMPARE(button->iconSize(), QSize(70, 50) / expectedRatio());
 }
 
@@ -213,8 +198,7 @@ void VelaIconButtonTest::everyChangeOfTheIconAppliesTheIconSize()
 {
     const QSize foreign(5, 7);
     const QSize own = QSize(70, 50) / expectedRatio();
-    IconButtonWindow window(new VelaIconButton(filled(QSize(70, 50), Normal)));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(filled(QSize(70, 50), Normal)));
     VelaIconButton *button = window.button;
 
     const std::pair<const char *, std::function<void()>> changes[] = {
@@ -239,8 +223,7 @@ void VelaIconButtonTest::everyChangeOfTheIconAppliesTheIconSize()
 
 void VelaIconButtonTest::showPaintsTheDefaultIcon()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     QCOMPARE(paintedColor(window.button), Normal);
 }
 
@@ -256,8 +239,7 @@ void VelaIconButtonTest::showOfADisabledButtonShowsItsDisableIcon()
 
 void VelaIconButtonTest::thePointerAndTheMouseButtonsSwitchTheIcon()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
 
     window.enter();
     QCOMPARE(paintedColor(window.button), Hover);
@@ -278,8 +260,7 @@ void VelaIconButtonTest::thePointerAndTheMouseButtonsSwitchTheIcon()
 
 void VelaIconButtonTest::everyMouseButtonShowsThePressIcon()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     for (Qt::MouseButton which : {Qt::RightButton, Qt::MiddleButton}) {
         window.press(which);
         QCOMPARE(paintedColor(window.button), Press);
@@ -291,8 +272,7 @@ void VelaIconButtonTest::everyMouseButtonShowsThePressIcon()
 
 void VelaIconButtonTest::focusKeepsTheHoverIconWhenThePointerLeaves()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.button->setFocus();
     QVERIFY(window.button->hasFocus());
 
@@ -309,8 +289,7 @@ void VelaIconButtonTest::focusKeepsTheHoverIconWhenThePointerLeaves()
 
 void VelaIconButtonTest::theKeptHoverIconEndsAtTheNextRelease()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.button->setFocus();
     window.enter();
     window.leave();
@@ -321,8 +300,7 @@ void VelaIconButtonTest::theKeptHoverIconEndsAtTheNextRelease()
 
 void VelaIconButtonTest::theKeptHoverIconEndsAtTheNextShow()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.button->setFocus();
     window.enter();
     window.leave();
@@ -334,8 +312,7 @@ void VelaIconButtonTest::theKeptHoverIconEndsAtTheNextShow()
 
 void VelaIconButtonTest::disablingAndEnablingSwitchTheIconAtOnce()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.enter();
     QCOMPARE(colorOf(window.button->icon()), Hover);
     window.button->setEnabled(false);
@@ -352,8 +329,7 @@ void VelaIconButtonTest::disablingAndEnablingSwitchTheIconAtOnce()
 
 void VelaIconButtonTest::whileDisabledNothingChangesTheIcon()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.button->setEnabled(false);
 
     window.enter();
@@ -368,8 +344,7 @@ void VelaIconButtonTest::whileDisabledNothingChangesTheIcon()
 
 void VelaIconButtonTest::aButtonOfAPixmapShowsItInEveryState()
 {
-    IconButtonWindow window(new VelaIconButton(filled(QSize(32, 32), Other)));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(filled(QSize(32, 32), Other)));
     QCOMPARE(paintedColor(window.button), Other);
     window.enter();
     QCOMPARE(paintedColor(window.button), Other);
@@ -382,8 +357,7 @@ void VelaIconButtonTest::aButtonOfAPixmapShowsItInEveryState()
 
 void VelaIconButtonTest::settersChangeNothingUntilTheNextEvent()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     const QPixmap other = filled(QSize(32, 32), Other);
 
     window.enter();
@@ -408,8 +382,7 @@ void VelaIconButtonTest::settersChangeNothingUntilTheNextEvent()
 
 void VelaIconButtonTest::settersLeaveTheIconSizeAlone()
 {
-    IconButtonWindow window(new VelaIconButton(filled(QSize(20, 10), Normal)));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(filled(QSize(20, 10), Normal)));
     const QPixmap large = filled(QSize(80, 80), Other);
     window.button->setHoverIcon(large);
     window.button->setPressIcon(large);
@@ -425,8 +398,7 @@ void VelaIconButtonTest::settersLeaveTheIconSizeAlone()
 
 void VelaIconButtonTest::settingAllIconsShowsTheDefaultIconAtOnceWithoutItsSize()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     window.enter();
     const QSize size = window.button->iconSize();
 
@@ -441,8 +413,7 @@ void VelaIconButtonTest::settingAllIconsShowsTheDefaultIconAtOnceWithoutItsSize(
 
 void VelaIconButtonTest::settingTheDefaultIconReplacesAllFour()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     const QSize size = window.button->iconSize();
 
     window.button->setDefaultIcon(filled(QSize(60, 60), Other));
@@ -460,8 +431,7 @@ void VelaIconButtonTest::settingTheDefaultIconReplacesAllFour()
 
 void VelaIconButtonTest::eventsReachTheToolButton()
 {
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     const QSignalSpy pressed(window.button, &VelaIconButton::pressed);
     const QSignalSpy clicked(window.button, &VelaIconButton::clicked);
 
@@ -633,8 +603,7 @@ void VelaIconButtonTest::theImagesOfADisabledButtonAreNotGreyed()
 {
     QFETCH(std::function<void(VelaIconButton *)>, change);
     QFETCH(QColor, expected);
-    IconButtonWindow window(new VelaIconButton(QStringLiteral("four")));
-    QVERIFY(window.showAndWait());
+    Shown<IconButtonWindow> window(new VelaIconButton(QStringLiteral("four")));
     change(window.button);
     QVERIFY(!window.button->isEnabled());
     QCOMPARE(paintedColor(window.button), expected);

@@ -29,7 +29,7 @@ int neededHeight(const QLabel &label, int width)
 }
 
 // A label in a window without a layout, so that a test alone decides its size.
-class LabelWindow : public QWidget
+class LabelWindow : public TestWindow
 {
 public:
     LabelWindow() : label(LongText, this)
@@ -37,12 +37,6 @@ public:
         resize(700, 500);
         label.setWordWrap(true);
         label.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    }
-
-    bool showAndWait()
-    {
-        show();
-        return QTest::qWaitForWindowExposed(this);
     }
 
     VelaLabel label;
@@ -57,13 +51,10 @@ class VelaLabelTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void withoutItsSheetItIsUnstyledAndLogged();
     void itHasTheScaledSheetOfItsKey();
     void itPassesItsArgumentsOn();
     void argumentsMayBeLeftOut();
     void allElseIsAsInItsBase();
-    void itAddsNoSignalsSlotsOrProperties();
-    void itIsFoundAmongItsParentsChildren();
     void itLooksLikeItsBaseWithTheSameSheet();
 
     void itsMinimumHeightFollowsItsWidth_data();
@@ -83,23 +74,11 @@ private Q_SLOTS:
 
 private:
     ResourceFolder m_folder;
-    QString m_withoutSheet;
-    QStringList m_loggedWithoutSheet;
 };
 
 void VelaLabelTest::initTestCase()
 {
-    LogCapture log;
-    m_withoutSheet = VelaLabel().styleSheet() + VelaLabel(LongText).styleSheet();
-    m_loggedWithoutSheet = log.takeTexts();
     installSheets(m_folder, Sheets);
-}
-
-void VelaLabelTest::withoutItsSheetItIsUnstyledAndLogged()
-{
-    const QString warning = QStringLiteral("Cannot find stylesheet \"component.label\"");
-    QCOMPARE(m_loggedWithoutSheet, (QStringList {warning, warning}));
-    QCOMPARE(m_withoutSheet, QString());
 }
 
 void VelaLabelTest::itHasTheScaledSheetOfItsKey()
@@ -150,21 +129,6 @@ void VelaLabelTest::allElseIsAsInItsBase()
              QStringList {QStringLiteral("openExternalLinks")});
 }
 
-void VelaLabelTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaLabel::staticMetaObject.className(), "VelaLabel");
-    QCOMPARE(VelaLabel::staticMetaObject.superClass(), &QLabel::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaLabel::staticMetaObject), QStringList());
-}
-
-void VelaLabelTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    QLabel plain(&parent);
-    VelaLabel label(&parent);
-    QCOMPARE(parent.findChildren<VelaLabel *>(), QList<VelaLabel *> {&label});
-}
-
 void VelaLabelTest::itLooksLikeItsBaseWithTheSameSheet()
 {
     ControlWindow window(new VelaLabel(LongText));
@@ -190,8 +154,7 @@ void VelaLabelTest::itsMinimumHeightFollowsItsWidth_data()
 void VelaLabelTest::itsMinimumHeightFollowsItsWidth()
 {
     QFETCH(int, width);
-    LabelWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<LabelWindow> window;
     window.label.resize(width, 10);
     QCOMPARE(window.label.width(), width);
     QCOMPARE(window.label.minimumHeight(), neededHeight(window.label, width));
@@ -200,8 +163,7 @@ void VelaLabelTest::itsMinimumHeightFollowsItsWidth()
 
 void VelaLabelTest::itGrowsAsItNarrowsAndShrinksAsItWidens()
 {
-    LabelWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<LabelWindow> window;
     const QVector<int> widths {600, 400, 250, 150, 100, 150, 250, 400, 600};
     QVector<int> heights;
     for (int width : widths) {
@@ -292,8 +254,7 @@ void VelaLabelTest::theHorizontalPolicyDoesNotMatter()
 
 void VelaLabelTest::aMinimumHeightOfTheCallersIsReplaced()
 {
-    LabelWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<LabelWindow> window;
     window.label.setMinimumHeight(400);
     window.label.resize(300, 450);
     QCOMPARE(window.label.minimumHeight(), neededHeight(window.label, 300));
@@ -302,8 +263,7 @@ void VelaLabelTest::aMinimumHeightOfTheCallersIsReplaced()
 
 void VelaLabelTest::aNewTextCountsAtTheNextResize()
 {
-    LabelWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<LabelWindow> window;
     window.label.resize(150, 10);
     const int before = window.label.minimumHeight();
     window.label.setText(QStringLiteral("short"));
@@ -367,8 +327,7 @@ void VelaLabelTest::aLabelWithoutATextNeedsNoHeight()
 
 void VelaLabelTest::whatIsSwitchedOffLaterLeavesTheLastMinimum()
 {
-    LabelWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<LabelWindow> window;
     window.label.resize(150, 10);
     const int before = window.label.minimumHeight();
     window.label.setWordWrap(false);

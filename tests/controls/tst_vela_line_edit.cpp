@@ -70,11 +70,11 @@ private:
 };
 
 // The arguments of each call of the validators below, which are plain functions.
-QStringList g_asked;
+QStringList askedTexts;
 
 bool isNotEmpty(const QString &text)
 {
-    g_asked += text;
+    askedTexts += text;
     return !text.isEmpty();
 }
 
@@ -100,12 +100,7 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void missingSheetsAreLoggedInReadingOrder();
     void textsAndFieldHaveTheScaledSheetsOfTheirKeys();
-    void itHasNoSheetOfItsOwn();
-    void theParentMayBeLeftOut();
-    void itAddsNoSignalsSlotsOrProperties();
-    void itIsFoundAmongItsParentsChildren();
     void itIsARowOfTextFieldAndText();
     void itsPartsBelongToIt();
     void itsPartsAreEmptyAtFirst();
@@ -149,22 +144,18 @@ private Q_SLOTS:
 private:
     ResourceFolder m_folder;
     CountingStyle *m_style = nullptr;
-    QStringList m_loggedWithoutSheets;
 };
 
 void VelaLineEditTest::initTestCase()
 {
     m_style = new CountingStyle;
     QApplication::setStyle(m_style);
-    LogCapture log;
-    const VelaLineEdit edit;
-    m_loggedWithoutSheets = log.takeTexts();
     installSheets(m_folder, Sheets);
 }
 
 void VelaLineEditTest::init()
 {
-    g_asked.clear();
+    askedTexts.clear();
 }
 
 void VelaLineEditTest::gettersGiveBackWhatWasSet()
@@ -182,13 +173,6 @@ void VelaLineEditTest::gettersGiveBackWhatWasSet()
     QVERIFY(edit.hasError());
 }
 
-void VelaLineEditTest::missingSheetsAreLoggedInReadingOrder()
-{
-    const QString label = QStringLiteral("Cannot find stylesheet \"component.lineedit_label\"");
-    const QString field = QStringLiteral("Cannot find stylesheet \"component.lineedit\"");
-    QCOMPARE(m_loggedWithoutSheets, (QStringList {label, field, label}));
-}
-
 void VelaLineEditTest::textsAndFieldHaveTheScaledSheetsOfTheirKeys()
 {
     LogCapture log;
@@ -202,36 +186,6 @@ void VelaLineEditTest::textsAndFieldHaveTheScaledSheetsOfTheirKeys()
     QCOMPARE(edit.getLineEdit()->styleSheet(), field);
     QCOMPARE(edit.getPostLabel()->styleSheet(), label);
     QCOMPARE(log.takeTexts(), QStringList());
-}
-
-void VelaLineEditTest::itHasNoSheetOfItsOwn()
-{
-    const VelaLineEdit edit;
-    QCOMPARE(edit.styleSheet(), QString());
-}
-
-void VelaLineEditTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaLineEdit child(&parent);
-    const VelaLineEdit window;
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!window.parent());
-}
-
-void VelaLineEditTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaLineEdit::staticMetaObject.className(), "VelaLineEdit");
-    QCOMPARE(VelaLineEdit::staticMetaObject.superClass(), &QWidget::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaLineEdit::staticMetaObject), QStringList());
-}
-
-void VelaLineEditTest::itIsFoundAmongItsParentsChildren()
-{
-    QWidget parent;
-    QWidget other(&parent);
-    VelaLineEdit edit(&parent);
-    QCOMPARE(parent.findChildren<VelaLineEdit *>(), QList<VelaLineEdit *> {&edit});
 }
 
 void VelaLineEditTest::itIsARowOfTextFieldAndText()
@@ -444,7 +398,7 @@ void VelaLineEditTest::settingAValidatorDoesNotValidate()
 {
     VelaLineEdit edit;
     edit.setValidator(isNotEmpty);
-    QCOMPARE(g_asked, QStringList());
+    QCOMPARE(askedTexts, QStringList());
     QVERIFY(!edit.getLineEdit()->validator());
 }
 
@@ -454,10 +408,10 @@ void VelaLineEditTest::theValidatorIsAskedOnceForTheCurrentText()
     edit.setValidator(isNotEmpty);
     edit.getLineEdit()->setText(QStringLiteral("first"));
     edit.validate();
-    QCOMPARE(g_asked, QStringList {QStringLiteral("first")});
+    QCOMPARE(askedTexts, QStringList {QStringLiteral("first")});
     edit.getLineEdit()->setText(QStringLiteral(" second "));
     edit.validate();
-    QCOMPARE(g_asked, (QStringList {QStringLiteral("first"), QStringLiteral(" second ")}));
+    QCOMPARE(askedTexts, (QStringList {QStringLiteral("first"), QStringLiteral(" second ")}));
 }
 
 void VelaLineEditTest::theValidatorsAnswerIsReturned()
@@ -477,7 +431,7 @@ void VelaLineEditTest::aValidatorReplacesTheOneBefore()
     edit.setValidator(isNotEmpty);
     edit.setValidator(isEmpty);
     QVERIFY(edit.validate());
-    QCOMPARE(g_asked.size(), 1);
+    QCOMPARE(askedTexts.size(), 1);
     edit.getLineEdit()->setText(QStringLiteral("text"));
     QVERIFY(!edit.validate());
 }
@@ -488,7 +442,7 @@ void VelaLineEditTest::theNullValidatorRemovesIt()
     edit.setValidator(isNotEmpty);
     edit.setValidator(nullptr);
     QVERIFY(edit.validate());
-    QCOMPARE(g_asked, QStringList());
+    QCOMPARE(askedTexts, QStringList());
 }
 
 void VelaLineEditTest::editingDoesNotValidate()
@@ -501,7 +455,7 @@ void VelaLineEditTest::editingDoesNotValidate()
     window.type(QStringLiteral("text"));
     window.key(Qt::Key_Return);
     window.neighbour->setFocus();
-    QCOMPARE(g_asked, QStringList());
+    QCOMPARE(askedTexts, QStringList());
 }
 
 void VelaLineEditTest::anErrorIsAPropertyOfTheFieldOnly()

@@ -56,8 +56,6 @@ class VelaMenuTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void itAddsNoSignalsSlotsOrProperties();
-    void itHasNoSheetOfItsOwn();
     void aMenuOverAnEdgeIsMovedBack_data();
     void aMenuOverAnEdgeIsMovedBack();
     void atTheRightItStaysAPixelShort();
@@ -71,21 +69,6 @@ private Q_SLOTS:
     void aMenuInAMenuIsPlacedToo();
     void itReturnsTheChosenAction();
 };
-
-void VelaMenuTest::itAddsNoSignalsSlotsOrProperties()
-{
-    QCOMPARE(VelaMenu::staticMetaObject.className(), "VelaMenu");
-    QCOMPARE(ownDeclarations(VelaMenu::staticMetaObject), QStringList());
-}
-
-void VelaMenuTest::itHasNoSheetOfItsOwn()
-{
-    QWidget parent;
-    const VelaMenu menu(&parent);
-    QCOMPARE(menu.styleSheet(), QString());
-    QCOMPARE(menu.parentWidget(), &parent);
-    QVERIFY(!VelaMenu().parent());
-}
 
 void VelaMenuTest::aMenuOverAnEdgeIsMovedBack_data()
 {

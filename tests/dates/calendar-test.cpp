@@ -108,7 +108,7 @@ QStringList Calendar::visit(Qt::Key key, int times) const
 ShownCalendar::ShownCalendar() : Calendar(new VelaCalanderView)
 {
     view->show();
-    isActive = QTest::qWaitForWindowActive(view);
+    QVERIFY(QTest::qWaitForWindowActive(view));
     QTest::mouseMove(window(), Outside);
     view->setFocus();
 }

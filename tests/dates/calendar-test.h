@@ -107,8 +107,6 @@ public:
     ShownCalendar();
     ~ShownCalendar() { delete view; }
     Q_DISABLE_COPY_MOVE(ShownCalendar)
-
-    bool isActive = false;
 };
 
 /// Gives each test a theme of a calendar and English texts, on a day that lasts.

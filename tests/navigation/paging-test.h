@@ -93,7 +93,7 @@ inline void installBar(const ResourceFolder &folder)
 }
 
 /// A shown bar with its model; everything in it is found by where it is on screen.
-class BarWindow : public QWidget
+class BarWindow : public TestWindow
 {
 public:
     explicit BarWindow(int rowLimit = 50, int itemCount = -1) :
@@ -109,12 +109,6 @@ public:
         resize(bar->size());
     }
     ~BarWindow() override { delete bar; } // before its model
-
-    bool showAndWait()
-    {
-        show();
-        return QTest::qWaitForWindowExposed(this);
-    }
 
     QList<VelaButton *> pageButtons() const { return sortedByPlace(bar->findChildren<VelaButton *>(), bar); }
     QList<VelaIconButton *> iconButtons() const { return sortedByPlace(bar->findChildren<VelaIconButton *>(), bar); }
@@ -183,11 +177,6 @@ public:
             states += QLatin1Char(navigation(which)->isEnabled() ? 'N' : '-');
         }
         return states;
-    }
-
-    void click(const QWidget *button)
-    {
-        QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, button->mapTo(this, button->rect().center()));
     }
 
     VelaPagingModel model;

@@ -46,12 +46,6 @@ PathWindow::PathWindow(int width) : bar(new VelaButtonPath(this)), chosen(bar, &
     resize(600, 100);
 }
 
-bool PathWindow::showAndWait()
-{
-    show();
-    return QTest::qWaitForWindowExposed(this);
-}
-
 void PathWindow::refresh(const QString &path)
 {
     bar->refresh(path);
@@ -97,11 +91,6 @@ QVector<int> PathWindow::rightEdges() const
         }
     }
     return edges;
-}
-
-void PathWindow::click(const QWidget *widget)
-{
-    QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, widget->mapTo(this, widget->rect().center()));
 }
 
 void PathWindow::useMenu(const std::function<void(QMenu *)> &choose)

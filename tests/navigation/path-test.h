@@ -5,6 +5,7 @@
 
 #include "component/vela-button-path.h"
 #include "support/resource-folder.h"
+#include "support/test-window.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -22,12 +23,10 @@ constexpr int WideBar = 4000;
 QStringList namesIn(const QString &path);
 
 /// A bar in a window, wide enough for any path of the tests at first.
-class PathWindow : public QWidget
+class PathWindow : public TestWindow
 {
 public:
     explicit PathWindow(int width = WideBar);
-
-    bool showAndWait();
 
     /// Refreshes the bar and lays the row out.
     void refresh(const QString &path);
@@ -48,7 +47,6 @@ public:
     /// Where each name ends, from the row's left end.
     QVector<int> rightEdges() const;
 
-    void click(const QWidget *widget);
     /// Presses the menu's button and does @p choose with the open menu; returns when the menu is closed.
     void useMenu(const std::function<void(QMenu *)> &choose);
     void clickInMenu(int i);

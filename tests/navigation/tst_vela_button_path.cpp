@@ -30,11 +30,7 @@ class VelaButtonPathTest : public PathTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
 
-    void missingSheetsAreLoggedFromTheMenuToTheBar();
-    void theParentMayBeLeftOut();
-    void itDeclaresOneSignalAndTwoSlots();
     void theTableIsOneRowWithoutHeadersGridOrSelection();
     void theMenuButtonLiesOverTheLeftEnd();
     void theBarOwnsTwoMappers();
@@ -74,44 +70,7 @@ private Q_SLOTS:
     void theMenuGoesWithTheBar();
 
 private:
-    QStringList m_loggedWithoutSheets;
 };
-
-void VelaButtonPathTest::initTestCase()
-{
-    LogCapture log;
-    VelaButtonPath bar;
-    bar.refresh(QStringLiteral("a/b"));
-    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
-    PathTest::initTestCase();
-}
-
-void VelaButtonPathTest::missingSheetsAreLoggedFromTheMenuToTheBar()
-{
-    QStringList expected;
-    for (const char *key : {"menu", "button_path_change_folder_btn", "button_path", "button_path_name_button",
-                            "button_path_arrow", "button_path_name_button"}) {
-        expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
-    }
-    QCOMPARE(m_loggedWithoutSheets, expected);
-}
-
-void VelaButtonPathTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaButtonPath child(&parent);
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!VelaButtonPath().parent());
-}
-
-void VelaButtonPathTest::itDeclaresOneSignalAndTwoSlots()
-{
-    QCOMPARE(VelaButtonPath::staticMetaObject.className(), "VelaButtonPath");
-    QCOMPARE(VelaButtonPath::staticMetaObject.superClass(), &QTableWidget::staticMetaObject);
-    QCOMPARE(ownDeclarations(VelaButtonPath::staticMetaObject),
-             (QStringList {QStringLiteral("sigUpdatePath(QString)"), QStringLiteral("slotUpdatePath(QString)"),
-                           QStringLiteral("slotPathBarClicked(int)")}));
-}
 
 void VelaButtonPathTest::theTableIsOneRowWithoutHeadersGridOrSelection()
 {
@@ -133,8 +92,7 @@ void VelaButtonPathTest::theTableIsOneRowWithoutHeadersGridOrSelection()
 
 void VelaButtonPathTest::theMenuButtonLiesOverTheLeftEnd()
 {
-    PathWindow window(expectedPixels(40));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(40));
     const QToolButton *button = window.menuButton();
     QVERIFY(button->isHidden());
     QCOMPARE(button->geometry(), QRect(expectedPixels(1), expectedPixels(1), expectedPixels(26), expectedPixels(26)));
@@ -161,8 +119,7 @@ void VelaButtonPathTest::theBarOwnsTwoMappers()
 
 void VelaButtonPathTest::everyPartTakesItsOwnSheet()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("abc/def"));
     QCOMPARE(window.bar->styleSheet(), sheet(QStringLiteral("component.button_path")));
     QCOMPARE(window.menuButton()->styleSheet(), sheet(QStringLiteral("component.button_path_change_folder_btn")));
@@ -186,8 +143,7 @@ void VelaButtonPathTest::anEmptyPathGivesAnEmptyRow_data()
 void VelaButtonPathTest::anEmptyPathGivesAnEmptyRow()
 {
     QFETCH(QString, path);
-    PathWindow window(expectedPixels(40));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(40));
     for (bool isAfterALongPath : {false, true}) {
         if (isAfterALongPath) {
             window.refresh(QStringLiteral("a long name/and another one"));
@@ -217,8 +173,7 @@ void VelaButtonPathTest::aPathIsSplitAtSlashes()
 {
     QFETCH(QString, path);
     const QStringList names = namesIn(path);
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(path);
     QCOMPARE(window.bar->columnCount(), 2 * names.size() - 1);
     QCOMPARE(window.allButtons().size(), window.bar->columnCount());
@@ -231,8 +186,7 @@ void VelaButtonPathTest::aPathIsSplitAtSlashes()
 
 void VelaButtonPathTest::namesAndArrowsTakeTurns()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("abc/d/efg"));
     QCOMPARE(window.buttonTexts(),
              (QStringList {QStringLiteral("abc"), {}, QStringLiteral("d"), {}, QStringLiteral("efg")}));
@@ -262,8 +216,7 @@ void VelaButtonPathTest::namesAreAsWideAsTheRuleSays_data()
 void VelaButtonPathTest::namesAreAsWideAsTheRuleSays()
 {
     QFETCH(QString, name);
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("x/") + name);
     const QPushButton *button = window.nameButton(1);
     QCOMPARE(button->font().pixelSize(), expectedPixels(14)); // the sheet's
@@ -276,8 +229,7 @@ void VelaButtonPathTest::namesAreAsWideAsTheRuleSays()
 
 void VelaButtonPathTest::arrowsAreNarrow()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b"));
     const QPushButton *arrow = window.button(1);
     QCOMPARE(arrow->minimumSize(), QSize(expectedPixels(6), expectedPixels(28)));
@@ -288,8 +240,7 @@ void VelaButtonPathTest::arrowsAreNarrow()
 
 void VelaButtonPathTest::everyButtonIsMadeAnew()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     const QString path = QStringLiteral("first/second/third/fourth");
     window.refresh(path);
     QVector<QPointer<QPushButton>> buttons;
@@ -333,8 +284,7 @@ void VelaButtonPathTest::ampersandsAreDoubledInTheTextAndNotInThePath()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(name + QStringLiteral("/x"));
     QCOMPARE(window.nameButton(0)->text(), text);
     QVERIFY(window.nameButton(0)->shortcut().isEmpty());
@@ -361,8 +311,7 @@ void VelaButtonPathTest::getPathStopsAtItsIndex()
 
 void VelaButtonPathTest::aClickEmitsThePathUpToItsName()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("/a/b/c"));
     const QStringList paths {QStringLiteral("a"), QStringLiteral("a/b"), QStringLiteral("a/b/c")};
     for (int i = 0; i < paths.size(); ++i) {
@@ -374,8 +323,7 @@ void VelaButtonPathTest::aClickEmitsThePathUpToItsName()
 
 void VelaButtonPathTest::aClickOnAnArrowEmitsNothing()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b"));
     window.click(window.button(1));
     QVERIFY(window.chosen.isEmpty());
@@ -383,8 +331,7 @@ void VelaButtonPathTest::aClickOnAnArrowEmitsNothing()
 
 void VelaButtonPathTest::aClickDoesNotNavigate()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b/c"));
     const QList<QPushButton *> buttons = window.allButtons();
     window.click(window.nameButton(0));
@@ -406,8 +353,7 @@ void VelaButtonPathTest::theSlotsRefreshAndEmit()
 
 void VelaButtonPathTest::aPathThatFitsIsNotScrolled()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     const QString path = QStringLiteral("first/second/third");
     window.refresh(path);
     window.setVisibleWidth(window.totalWidth()); // exactly
@@ -422,8 +368,7 @@ void VelaButtonPathTest::aPathThatFitsIsNotScrolled()
 
 void VelaButtonPathTest::aPathOnePixelTooWideShowsTheMenu()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     const QString path = QStringLiteral("first/second/third");
     window.refresh(path);
     window.setVisibleWidth(window.totalWidth() - 1);
@@ -436,8 +381,7 @@ void VelaButtonPathTest::aPathOnePixelTooWideShowsTheMenu()
 
 void VelaButtonPathTest::theMenuListsWhatIsHidden()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     const QStringList names {QStringLiteral("a"), QStringLiteral("bcd"), QStringLiteral("efghij"), QStringLiteral("k")};
     const QString path = names.join(QLatin1Char('/'));
     window.refresh(path);
@@ -458,8 +402,7 @@ void VelaButtonPathTest::theMenuListsWhatIsHidden()
 
 void VelaButtonPathTest::aNameAfterACutArrowIsListedToo()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     const QString path = QStringLiteral("first/second/third");
     window.refresh(path);
     window.setVisibleWidth(window.totalWidth() - window.button(0)->width() - 1);
@@ -471,8 +414,7 @@ void VelaButtonPathTest::aNameAfterACutArrowIsListedToo()
 
 void VelaButtonPathTest::menuTextsHaveTheirAmpersandsDoubled()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     window.refresh(QStringLiteral("Research & Development/R&&D/a folder of a long name"));
     QCOMPARE(window.menuTexts().mid(0, 2),
              (QStringList {QStringLiteral("Research && Development"), QStringLiteral("R&&&&D")}));
@@ -487,8 +429,7 @@ void VelaButtonPathTest::menuTextsHaveTheirAmpersandsDoubled()
 
 void VelaButtonPathTest::theRowIsScrolledToItsEnd()
 {
-    PathWindow window(expectedPixels(150));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(150));
     const QString longName(200, QLatin1Char('n'));
     for (const QString &path : {LongPath, QStringLiteral("the/deepest/names/are/the/ones/in/view"),
                                 QString(longName + QLatin1Char('/') + longName)}) {
@@ -507,8 +448,7 @@ void VelaButtonPathTest::theRowIsScrolledToItsEnd()
 
 void VelaButtonPathTest::theWidthIsThatAtTheLastRefresh()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     const QString path = QStringLiteral("first/second/third");
     window.refresh(path);
     window.setVisibleWidth(window.totalWidth() / 2);
@@ -524,8 +464,7 @@ void VelaButtonPathTest::theWidthIsThatAtTheLastRefresh()
 
 void VelaButtonPathTest::aPathThatFitsAgainHidesTheMenu()
 {
-    PathWindow window(expectedPixels(150));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(150));
     window.refresh(QStringLiteral("first/second/third/fourth/fifth"));
     QVERIFY(window.menuButton()->isVisible());
     window.refresh(QStringLiteral("a/b"));
@@ -538,8 +477,7 @@ void VelaButtonPathTest::aPathThatFitsAgainHidesTheMenu()
 
 void VelaButtonPathTest::updateColumnSizeNarrowsTheArrows()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b/c"));
     const int nameWidth = window.bar->columnWidth(2) + 11;
     window.bar->setColumnWidth(1, 77);
@@ -553,8 +491,7 @@ void VelaButtonPathTest::updateColumnSizeNarrowsTheArrows()
 
 void VelaButtonPathTest::theWholeRowCanBeHidden()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b"));
     window.bar->setChangeFolderBtn(2 * WideBar); // more than there is
     QVERIFY(window.menuButton()->isVisible());
@@ -563,8 +500,7 @@ void VelaButtonPathTest::theWholeRowCanBeHidden()
 
 void VelaButtonPathTest::choosingInTheMenuEmitsWhatItsButtonDoes()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     window.refresh(QStringLiteral("/first/second/third/fourth"));
     QVERIFY(window.menuTexts().size() >= 3);
     for (int i = 0; i < 3; ++i) {
@@ -580,8 +516,7 @@ void VelaButtonPathTest::choosingInTheMenuEmitsWhatItsButtonDoes()
 
 void VelaButtonPathTest::theMenuIsUsedByKeys()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     window.refresh(QStringLiteral("first/second/third/fourth"));
     window.useMenu([](QMenu *menu) {
         QTest::keyClick(menu, Qt::Key_Down);
@@ -596,8 +531,7 @@ void VelaButtonPathTest::theMenuIsUsedByKeys()
 
 void VelaButtonPathTest::onlyARefreshEmptiesTheMenu()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     window.refresh(LongPath);
     const QStringList once = window.menuTexts();
     QVERIFY(!once.isEmpty());

@@ -72,8 +72,7 @@ void VelaButtonPathFocusTest::tabVisitsTheNamesAndLeavesAtTheEnds()
 {
     QFETCH(int, width);
     QFETCH(bool, hasMenu);
-    Neighbours window(width);
-    QVERIFY(window.showAndWait());
+    Shown<Neighbours> window(width);
     for (const QString &path : {LongPath, QStringLiteral("alone and long enough for a menu"), LongPath}) {
         window.refresh(path); // and what is made last is visited in its place
         QCOMPARE(window.menuButton()->isVisible(), hasMenu);
@@ -100,8 +99,7 @@ void VelaButtonPathFocusTest::tabVisitsTheNamesAndLeavesAtTheEnds()
 
 void VelaButtonPathFocusTest::arrowsTakeNoFocus()
 {
-    Neighbours window;
-    QVERIFY(window.showAndWait());
+    Shown<Neighbours> window;
     window.refresh(LongPath);
     window.before->setFocus();
     for (int column = 1; column < window.bar->columnCount(); column += 2) {
@@ -113,8 +111,7 @@ void VelaButtonPathFocusTest::arrowsTakeNoFocus()
 
 void VelaButtonPathFocusTest::cursorKeysGoFromNameToName()
 {
-    Neighbours window;
-    QVERIFY(window.showAndWait());
+    Shown<Neighbours> window;
     window.refresh(LongPath);
     window.nameButton(0)->setFocus();
     for (int i : {1, 2, 3, 3}) {
@@ -206,8 +203,7 @@ void VelaButtonPathFocusTest::aNameThatIsTooLongShowsItsBeginning()
 
 void VelaButtonPathFocusTest::aPressMovesNoNameOutFromUnderTheMenu()
 {
-    Neighbours window(expectedPixels(150));
-    QVERIFY(window.showAndWait());
+    Shown<Neighbours> window(expectedPixels(150));
     window.refresh(LongPath);
     const int start = window.bar->horizontalHeader()->sectionPosition(2);
     window.scrollBar()->setValue(start);
@@ -215,7 +211,7 @@ void VelaButtonPathFocusTest::aPressMovesNoNameOutFromUnderTheMenu()
     QCOMPARE(name->x(), 0);
     const QPoint visible(window.menuButton()->geometry().right() + 3, window.bar->height() / 2);
     QCOMPARE(window.childAt(window.bar->mapTo(&window, visible)), name);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.bar->mapTo(&window, visible));
+    window.click(window.bar->mapTo(&window, visible));
     QVERIFY(name->hasFocus());
     QCOMPARE(window.scrollBar()->value(), start);
     QCOMPARE(window.chosen.count(), 1);
@@ -223,8 +219,7 @@ void VelaButtonPathFocusTest::aPressMovesNoNameOutFromUnderTheMenu()
 
 void VelaButtonPathFocusTest::aClickThatRebuildsTheRowGivesNoNeighbourTheFocus()
 {
-    Neighbours window;
-    QVERIFY(window.showAndWait());
+    Shown<Neighbours> window;
     connect(window.bar, &VelaButtonPath::sigUpdatePath, window.bar, &VelaButtonPath::slotUpdatePath);
     for (int i = 0; i < 4; ++i) {
         window.refresh(LongPath);

@@ -194,8 +194,7 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheClickedButton()
     QFETCH(Reaction, react);
     QFETCH(QString, path);
     for (bool isByKey : {false, true}) {
-        PathWindow window;
-        QVERIFY(window.showAndWait());
+        Shown<PathWindow> window;
         window.refresh(LongPath);
         const QPointer<QPushButton> button(window.nameButton(1));
         connect(window.bar, &VelaButtonPath::sigUpdatePath, this, [&](const QString &chosen) {
@@ -222,8 +221,7 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction()
     QFETCH(QString, path);
     for (bool isFollowed : {false, true}) { // if it is, the action is no longer the menu's when it is triggered
         for (bool isByKey : {false, true}) {
-            PathWindow window(expectedPixels(60));
-            QVERIFY(window.showAndWait());
+            Shown<PathWindow> window(expectedPixels(60));
             window.refresh(LongPath);
             std::unique_ptr<Follower> follower;
             if (isFollowed) {
@@ -253,8 +251,7 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction()
 
 void VelaButtonPathSlotsTest::aSlotMayClickTheRowThatItMade()
 {
-    PathWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window;
     window.bar->refresh(LongPath);
     constexpr int Clicks = 8;
     std::vector<std::unique_ptr<QSignalSpy>> told;
@@ -278,8 +275,7 @@ void VelaButtonPathSlotsTest::aSlotMayClickTheRowThatItMade()
 
 void VelaButtonPathSlotsTest::aSlotMayHaveTheBarDeletedLater()
 {
-    PathWindow window(expectedPixels(60));
-    QVERIFY(window.showAndWait());
+    Shown<PathWindow> window(expectedPixels(60));
     window.refresh(LongPath);
     const QPointer<VelaButtonPath> bar(window.bar);
     connect(window.bar, &VelaButtonPath::sigUpdatePath, this, [&] {

@@ -5,7 +5,6 @@
 #include "component/vela-filter-bar.h"
 #include "support/controls.h"
 #include "support/environment.h"
-#include "support/log-capture.h"
 #include "support/resource-folder.h"
 
 #include <QMenu>
@@ -25,10 +24,7 @@ class VelaFilterBarTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void missingSheetsAreLoggedFromTheButtonToTheField();
-    void theParentMayBeLeftOut();
     void itTellsItsMenu();
-    void itAddsOneSignalAndOneSlot();
     void theButtonLiesOverTheFieldsLeftEnd();
     void theButtonTakesItsOwnSheetAndNotThatOfIconButtons();
     void theButtonTakesNoFocusAndHasAnArrowCursor();
@@ -50,15 +46,10 @@ private Q_SLOTS:
 
 private:
     ResourceFolder m_folder;
-    QStringList m_loggedWithoutSheets;
 };
 
 void VelaFilterBarTest::initTestCase()
 {
-    LogCapture log;
-    const VelaFilterBar bar;
-    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
-
     for (const char *state : {"", "_hover", "_click", "_disable"}) {
         m_folder.writeImage(QLatin1String("bt_search_dropdown") + QLatin1String(state), QSize(64, 64), Idle);
     }
@@ -71,15 +62,6 @@ void VelaFilterBarTest::initTestCase()
                   "== component.filter_bar_padding ==\nQLineEdit { padding-left: 40px; background: lime }\n");
 }
 
-void VelaFilterBarTest::missingSheetsAreLoggedFromTheButtonToTheField()
-{
-    QStringList expected;
-    for (const char *key : {"icon_button", "filter_search_button", "lineedit", "filter_bar_padding"}) {
-        expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
-    }
-    QCOMPARE(m_loggedWithoutSheets, expected);
-}
-
 void VelaFilterBarTest::itTellsItsMenu()
 {
     VelaFilterBar bar;
@@ -89,21 +71,6 @@ void VelaFilterBarTest::itTellsItsMenu()
     QCOMPARE(bar.menu(), &menu);
     bar.setMenu(nullptr);
     QCOMPARE(bar.menu(), nullptr);
-}
-
-void VelaFilterBarTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaFilterBar child(&parent);
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!VelaFilterBar().parent());
-    QCOMPARE(parent.findChild<VelaFilterBar *>(), &child);
-}
-
-void VelaFilterBarTest::itAddsOneSignalAndOneSlot()
-{
-    QCOMPARE(ownDeclarations(VelaFilterBar::staticMetaObject),
-             (QStringList {QStringLiteral("sigKeywordChanged(QString)"), QStringLiteral("slotKeywordChange()")}));
 }
 
 void VelaFilterBarTest::theButtonLiesOverTheFieldsLeftEnd()
@@ -121,8 +88,7 @@ void VelaFilterBarTest::theButtonLiesOverTheFieldsLeftEnd()
 void VelaFilterBarTest::theButtonTakesItsOwnSheetAndNotThatOfIconButtons()
 {
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     auto *button = bar->findChild<VelaIconButton *>();
     QVERIFY(button->styleSheet().contains(QLatin1String("yellow")));
     QVERIFY(!button->styleSheet().contains(QLatin1String("cyan")));
@@ -147,8 +113,7 @@ void VelaFilterBarTest::theFieldTakesBothSheetsInTheirOrder()
                             "\nQLineEdit { padding-left: %2px; background: lime }")
                  .arg(expectedPixels(3))
                  .arg(expectedPixels(40)));
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     QCOMPARE(paintedColor(bar, QPoint(bar->width() - 2, 2)), Padded); // the second one wins
 }
 
@@ -172,8 +137,7 @@ void VelaFilterBarTest::returnReportsTheWholeText()
 {
     QFETCH(QString, text);
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     const QSignalSpy reported(bar, &VelaFilterBar::sigKeywordChanged);
     bar->setFocus();
     window.type(text);
@@ -185,8 +149,7 @@ void VelaFilterBarTest::returnReportsTheWholeText()
 void VelaFilterBarTest::returnTwiceReportsTwice()
 {
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     const QSignalSpy reported(bar, &VelaFilterBar::sigKeywordChanged);
     bar->setFocus();
     window.type(QStringLiteral("a"));
@@ -199,8 +162,7 @@ void VelaFilterBarTest::returnTwiceReportsTwice()
 void VelaFilterBarTest::typingNeverReports()
 {
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     const QSignalSpy reported(bar, &VelaFilterBar::sigKeywordChanged);
     bar->setFocus();
     window.type(QStringLiteral("abc"));
@@ -223,8 +185,7 @@ void VelaFilterBarTest::theSlotReportsTheText()
 void VelaFilterBarTest::downWithoutAMenuDoesNothing()
 {
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     bar->setText(QStringLiteral("abc"));
     bar->setFocus();
     bar->setCursorPosition(1);
@@ -293,8 +254,7 @@ void VelaFilterBarTest::downOpensTheMenu()
 void VelaFilterBarTest::otherKeysReachTheField()
 {
     auto *bar = new VelaFilterBar;
-    ControlWindow window(bar);
-    QVERIFY(window.showAndWait());
+    Shown<ControlWindow> window(bar);
     bar->setFocus();
     window.type(QStringLiteral("abc"));
     window.key(Qt::Key_Home);
@@ -333,7 +293,7 @@ void VelaFilterBarTest::aPressOnTheButtonOpensTheMenuAndLeavesTheFocus()
     auto *button = bar->findChild<VelaIconButton *>();
     const QPoint center = button->mapTo(&window, button->rect().center());
 
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, center); // without a menu
+    window.click(center); // without a menu
     QVERIFY(bar->hasFocus());
 
     bar->setMenu(&menu);

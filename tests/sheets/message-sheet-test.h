@@ -19,8 +19,6 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-#include <memory>
-
 using Type = VelaMessageSheet::MessageType;
 
 Q_DECLARE_METATYPE(QMessageBox::StandardButton)
@@ -90,7 +88,7 @@ inline QString paragraph(int lineHeight, const QString &text)
 
 inline QString manyWords(int count)
 {
-    return QStringList(QVector<QString>(count, QStringLiteral("word")).toList()).join(QLatin1Char(' '));
+    return QStringLiteral("word ").repeated(count).trimmed();
 }
 
 inline QPixmap picture(int logicalSize)
@@ -235,13 +233,6 @@ protected:
     void setUp()
     {
         m_styleName = QApplication::style()->objectName();
-        {
-            Host host;
-            LogCapture log;
-            const VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, &host);
-            m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
-        }
-
         QStringList names;
         for (int i = 0; i < 4; ++i) {
             names.append(QLatin1String(IconNames[i]));
@@ -280,5 +271,4 @@ protected:
     ResourceFolder m_folder;
     QString m_movieFile;
     QString m_styleName;
-    QStringList m_loggedWithoutSheets;
 };

@@ -102,8 +102,7 @@ void ModalCloseButtonTest::closingTheWindowIsRefused()
 
 void ModalCloseButtonTest::theWindowCannotBeClosedAtFirst()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     ModalSheet sheet(&window);
     sheet->showSheet();
     window.close();
@@ -140,7 +139,6 @@ void ModalCloseButtonTest::theWindowManagersRequestToCloseIsRefused()
     }
     QFETCH(bool, isBlocked);
     ShownSheet shown;
-    QVERIFY(shown.isActive);
     shown.sheet.setBlockWindowButton(isBlocked);
     const XConnection x;
     shown.execute([&] {
@@ -166,7 +164,6 @@ void ModalCloseButtonTest::theCloseButtonGoesAndComesBack()
     }
     QFETCH(bool, isBlocked);
     ShownSheet shown;
-    QVERIFY(shown.isActive);
     shown.sheet.setBlockWindowButton(isBlocked);
     XConnection x;
     const auto window = static_cast<XWindow>(shown.window.winId());
@@ -230,8 +227,7 @@ void ModalCloseButtonTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered()
         QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(QVector<int>, order);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     const WindowHints hints(window);
 
     QVector<ModalSheet *> sheets;
@@ -282,8 +278,7 @@ void ModalCloseButtonTest::theCloseButtonIsAwayWhateverBecomesOfTheSheets()
         QSKIP("needs an X server: run the x11-* presets");
     }
     QFETCH(Change, change);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     const WindowHints hints(window);
     auto *panel = new QWidget(&window);
     ModalSheet first(&window);
@@ -304,8 +299,7 @@ void ModalCloseButtonTest::theCloseButtonIsAwayWhenAPanelBelowAnotherSheetDies()
     if (!isOnX()) {
         QSKIP("needs an X server: run the x11-* presets");
     }
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     const WindowHints hints(window);
     auto *panel = new QWidget(&window);
     ModalSheet first(panel);
@@ -325,8 +319,7 @@ void ModalCloseButtonTest::theCloseButtonIsAwayWhenAShownSheetWaits()
     if (!isOnX()) {
         QSKIP("needs an X server: run the x11-* presets");
     }
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     const WindowHints hints(window);
     ModalSheet first(&window);
     ModalSheet second(&window);
@@ -344,7 +337,6 @@ void ModalCloseButtonTest::theCloseButtonIsAwayWhenAShownSheetWaits()
 void ModalCloseButtonTest::theCloseButtonIsAwayWithSheetsOfBothKinds()
 {
     ShownSheet shown;
-    QVERIFY(shown.isActive);
     shown.sheet.setBlockWindowButton(true);
     const WindowHints hints(shown.window);
     const bool isMessage = ModalSheet::currentKind() == ModalSheet::Message;

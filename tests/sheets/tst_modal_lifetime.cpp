@@ -190,8 +190,7 @@ void ModalLifetimeTest::theWindowMayDieWhileASheetWaitsAgain()
 
 void ModalLifetimeTest::theWindowThatASheetIsMovedToMayDieWhileItWaits()
 {
-    SheetWindow former;
-    QVERIFY(former.showAndWait());
+    Shown<SheetWindow> former;
     auto window = shownWindow();
     QVERIFY(window);
     ModalSheet sheet(&former);
@@ -300,14 +299,13 @@ void ModalLifetimeTest::theSheetMayBeDeletedInASlotOfFinished_data()
         sheet.ok()->setFocus();
         window.press(Qt::Key_Space);
     });
-    QTest::newRow("click") << Answer([](ModalSheet &sheet, SheetWindow &window) { window.clickOn(sheet.ok()); });
+    QTest::newRow("click") << Answer([](ModalSheet &sheet, SheetWindow &window) { window.click(sheet.ok()); });
 }
 
 void ModalLifetimeTest::theSheetMayBeDeletedInASlotOfFinished()
 {
     QFETCH(Answer, answer);
     ShownSheet shown;
-    QVERIFY(shown.isActive);
     connect(shown.sheet.get(), &VelaSheet::finished, this, [&] { shown.sheet.reset(); });
     QTimer::singleShot(0, this, [&] { answer(shown.sheet, shown.window); });
     QCOMPARE(shown.sheet.exec(), OkCode);

@@ -82,8 +82,7 @@ void SheetFocusTest::theLastVisibleSheetOfAWindowIsOnTop()
 
 void SheetFocusTest::aSheetIsInTheStackOnce()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet first(&window);
     FieldSheet second(&window);
     first.show();
@@ -98,8 +97,7 @@ void SheetFocusTest::aSheetIsInTheStackOnce()
 
 void SheetFocusTest::itMovesAlongTheSheet()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet sheet(&window);
     sheet.show();
     sheet.first->setFocus();
@@ -114,8 +112,7 @@ void SheetFocusTest::itMovesAlongTheSheet()
 
 void SheetFocusTest::itEntersTheSheetFromOutside()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet sheet(&window);
     sheet.show();
     SheetFocus focus(&sheet);
@@ -128,8 +125,7 @@ void SheetFocusTest::itEntersTheSheetFromOutside()
 
 void SheetFocusTest::itStaysWhereNothingTakesIt()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet sheet(&window);
     sheet.show();
     sheet.first->setEnabled(false);
@@ -140,8 +136,7 @@ void SheetFocusTest::itStaysWhereNothingTakesIt()
 
 void SheetFocusTest::itGoesBackToWhereItWas()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     window.below->setFocus();
     FieldSheet sheet(&window);
     SheetFocus focus(&sheet);
@@ -163,8 +158,7 @@ void SheetFocusTest::itGoesBackToNoWidgetThatCannotTakeIt_data()
 void SheetFocusTest::itGoesBackToNoWidgetThatCannotTakeIt()
 {
     QFETCH(Change, change);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     window.below->setFocus();
     FieldSheet sheet(&window);
     SheetFocus focus(&sheet);
@@ -178,8 +172,7 @@ void SheetFocusTest::itGoesBackToNoWidgetThatCannotTakeIt()
 
 void SheetFocusTest::itGoesNotBackFromElsewhere()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet sheet(&window);
     SheetFocus focus(&sheet);
     focus.remember();
@@ -202,8 +195,7 @@ void SheetFocusTest::itGoesBackIntoTheSheetBelow()
 {
     QFETCH(bool, wasInTheSheet);
     QFETCH(bool, isHiddenMeanwhile);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet below(&window);
     below.show();
     (wasInTheSheet ? below.second : window.above)->setFocus();
@@ -219,8 +211,7 @@ void SheetFocusTest::itGoesBackIntoTheSheetBelow()
 
 void SheetFocusTest::aHiddenSheetLetsItGo()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     FieldSheet sheet(&window);
     SheetFocus focus(&sheet);
     sheet.show();

@@ -91,6 +91,17 @@ private:
     bool m_isReleased = false;
 };
 
+// A sheet over a window, and keys that are pressed in them.
+class KeyedSheet : public ShownSheet
+{
+public:
+    void press(const QString &key) { m_keyboard.press(key); }
+    void press(const char *key) { press(QString::fromLatin1(key)); }
+
+private:
+    Keyboard m_keyboard;
+};
+
 // What a key does in a window: installed there, it is told whenever it happens.
 using Install = std::function<void(SheetWindow &window, const std::function<void()> &happened)>;
 
@@ -277,29 +288,25 @@ void SheetKeysTest::theWindowsShortcutsRestMeanwhile()
 {
     QFETCH(QString, key);
     QFETCH(Install, install);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    KeyedSheet shown;
     int happened = 0;
-    install(window, [&] { ++happened; });
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    const int result = sheet.execute([&] {
-        keyboard.press(key);
+    install(shown.window, [&] { ++happened; });
+    const int result = shown.sheet.execute([&] {
+        shown.press(key);
         QCOMPARE(happened, 0);
-        QVERIFY(sheet.firstFocus()->hasFocus());
-        sheet.ok()->setFocus();
-        keyboard.press(key);
+        QVERIFY(shown.sheet.firstFocus()->hasFocus());
+        shown.sheet.ok()->setFocus();
+        shown.press(key);
         QCOMPARE(happened, 0);
-        QVERIFY(sheet.ok()->hasFocus());
-        window.setFocus(); // nothing of the sheet has it
-        keyboard.press(key);
+        QVERIFY(shown.sheet.ok()->hasFocus());
+        shown.window.setFocus(); // nothing of the sheet has it
+        shown.press(key);
         QCOMPARE(happened, 0);
-        QVERIFY(sheet->isVisible());
-        sheet.done(3);
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet.done(3);
     });
     QCOMPARE(result, 3);
-    QCOMPARE(window.keys, 0);
+    QCOMPARE(shown.window.keys, 0);
 }
 
 void SheetKeysTest::theWindowsShortcutsComeBack_data()
@@ -311,8 +318,7 @@ void SheetKeysTest::theWindowsShortcutsComeBack()
 {
     QFETCH(QString, key);
     QFETCH(Install, install);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     int happened = 0;
     install(window, [&] { ++happened; });
     Keyboard keyboard;
@@ -339,8 +345,7 @@ void SheetKeysTest::theWindowsShortcutsComeBack()
     sheet.reset();
     QVERIFY(works());
     {
-        SheetWindow other;
-        QVERIFY(other.showAndWait());
+        Shown<SheetWindow> other;
         ModalSheet moved(&window);
         moved->showSheet();
         moved->setParent(&other);
@@ -362,16 +367,12 @@ void SheetKeysTest::aShortcutOfTheWindowKeepsNoKeyFromTheSheet()
 {
     const QString key = QString::fromLatin1(QTest::currentDataTag());
     QFETCH(int, result);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    QShortcut shortcut(QKeySequence(key), &window);
+    KeyedSheet shown;
+    QShortcut shortcut(QKeySequence(key), &shown.window);
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    const int answer = sheet.execute([&] {
-        sheet->setFocus(); // a line edit would take Space
-        keyboard.press(key);
+    const int answer = shown.sheet.execute([&] {
+        shown.sheet->setFocus(); // a line edit would take Space
+        shown.press(key);
     });
     QCOMPARE(answer, result);
     QCOMPARE(activated.count(), 0);
@@ -379,8 +380,7 @@ void SheetKeysTest::aShortcutOfTheWindowKeepsNoKeyFromTheSheet()
 
 void SheetKeysTest::aShownSheetThatDoesNotWaitKeepsTheKeysToo()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     QShortcut shortcut(QKeySequence(QStringLiteral("F5")), &window);
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
     Keyboard keyboard;
@@ -396,38 +396,30 @@ void SheetKeysTest::aShownSheetThatDoesNotWaitKeepsTheKeysToo()
 
 void SheetKeysTest::aMenuBarThatComesLaterRestsToo()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    sheet.execute([&] {
+    KeyedSheet shown;
+    shown.sheet.execute([&] {
         int happened = 0;
-        addMenuBar(window, [&] { ++happened; });
+        addMenuBar(shown.window, [&] { ++happened; });
         for (const char *key : {"Alt", "Alt+F"}) {
-            keyboard.press(QString::fromLatin1(key));
+            shown.press(key);
         }
         QCOMPARE(happened, 0);
-        QVERIFY(sheet.firstFocus()->hasFocus());
-        sheet.quit();
+        QVERIFY(shown.sheet.firstFocus()->hasFocus());
+        shown.sheet.quit();
     });
 }
 
 void SheetKeysTest::aSequenceThatWasBegunBeforeIsNotCompleted()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    QShortcut shortcut(QKeySequence(QStringLiteral("Ctrl+K, Ctrl+D")), &window);
+    KeyedSheet shown;
+    QShortcut shortcut(QKeySequence(QStringLiteral("Ctrl+K, Ctrl+D")), &shown.window);
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    window.setFocus();
-    keyboard.press(QStringLiteral("Ctrl+K"));
-    sheet.execute([&] {
-        keyboard.press(QStringLiteral("Ctrl+D"));
+    shown.window.setFocus();
+    shown.press("Ctrl+K");
+    shown.sheet.execute([&] {
+        shown.press("Ctrl+D");
         QCOMPARE(activated.count(), 0);
-        sheet.quit();
+        shown.sheet.quit();
     });
 }
 
@@ -487,21 +479,17 @@ void SheetKeysTest::aDisabledButtonHasNoAccessKey()
 
 void SheetKeysTest::theSheetsOwnShortcutsWork()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    QShortcut shortcut(QKeySequence(QStringLiteral("F1")), sheet.get());
+    KeyedSheet shown;
+    QShortcut shortcut(QKeySequence(QStringLiteral("F1")), shown.sheet.get());
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
     QAction action;
     action.setShortcut(QKeySequence(QStringLiteral("F2")));
-    sheet.firstFocus()->addAction(&action);
+    shown.sheet.firstFocus()->addAction(&action);
     const QSignalSpy triggered(&action, &QAction::triggered);
-    sheet.execute([&] {
-        keyboard.press(QStringLiteral("F1"));
-        keyboard.press(QStringLiteral("F2"));
-        sheet.quit();
+    shown.sheet.execute([&] {
+        shown.press("F1");
+        shown.press("F2");
+        shown.sheet.quit();
     });
     QCOMPARE(activated.count(), 1);
     QCOMPARE(triggered.count(), 1);
@@ -512,32 +500,28 @@ void SheetKeysTest::theLineEditKeepsItsEditingKeys()
     if (ModalSheet::currentKind() == ModalSheet::Message) {
         return; // without a line edit
     }
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    KeyedSheet shown;
     int happened = 0;
     for (const char *key : {"Ctrl+A", "Ctrl+C", "Ctrl+V", "Ctrl+X", "Ctrl+Z", "Left", "Home", "Del"}) {
-        action(key, Qt::ApplicationShortcut)(window, [&] { ++happened; });
+        action(key, Qt::ApplicationShortcut)(shown.window, [&] { ++happened; });
     }
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    QLineEdit *field = qobject_cast<VelaInputSheet *>(sheet.get())->getLineEdit();
-    sheet.execute([&] {
-        keyboard.press(QStringLiteral("A"));
-        keyboard.press(QStringLiteral("B"));
-        keyboard.press(QStringLiteral("Ctrl+A"));
+    QLineEdit *field = qobject_cast<VelaInputSheet *>(shown.sheet.get())->getLineEdit();
+    shown.sheet.execute([&] {
+        shown.press("A");
+        shown.press("B");
+        shown.press("Ctrl+A");
         QCOMPARE(field->selectedText(), QStringLiteral("ab"));
-        keyboard.press(QStringLiteral("Ctrl+C"));
+        shown.press("Ctrl+C");
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("ab"));
-        keyboard.press(QStringLiteral("Home"));
-        keyboard.press(QStringLiteral("Ctrl+V"));
+        shown.press("Home");
+        shown.press("Ctrl+V");
         QCOMPARE(field->text(), QStringLiteral("abab"));
-        keyboard.press(QStringLiteral("Ctrl+Z"));
+        shown.press("Ctrl+Z");
         QCOMPARE(field->text(), QStringLiteral("ab"));
-        keyboard.press(QStringLiteral("Home"));
-        keyboard.press(QStringLiteral("Del"));
+        shown.press("Home");
+        shown.press("Del");
         QCOMPARE(field->text(), QStringLiteral("b"));
-        sheet.quit();
+        shown.sheet.quit();
     });
     QCOMPARE(happened, 0);
     QCOMPARE(field->text(), QStringLiteral("b"));
@@ -545,57 +529,49 @@ void SheetKeysTest::theLineEditKeepsItsEditingKeys()
 
 void SheetKeysTest::arrowsMoveTheFocusThoughTheWindowUsesThem()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    QShortcut shortcut(QKeySequence(QStringLiteral("Left")), &window);
+    KeyedSheet shown;
+    QShortcut shortcut(QKeySequence(QStringLiteral("Left")), &shown.window);
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    sheet.execute([&] {
-        sheet.cancel()->setFocus();
-        keyboard.press(QStringLiteral("Left"));
-        QVERIFY(sheet.ok()->hasFocus());
-        sheet.quit();
+    shown.sheet.execute([&] {
+        shown.sheet.cancel()->setFocus();
+        shown.press("Left");
+        QVERIFY(shown.sheet.ok()->hasFocus());
+        shown.sheet.quit();
     });
     QCOMPARE(activated.count(), 0);
 }
 
 void SheetKeysTest::aMenuOfTheSheetIsUsedByKeys()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    KeyedSheet shown;
     int happened = 0;
     for (const char *key : {"Esc", "Down", "Return", "Ctrl+Q", "T", "Alt+T"}) {
-        shortcut(key, Qt::ApplicationShortcut)(window, [&] { ++happened; });
+        shortcut(key, Qt::ApplicationShortcut)(shown.window, [&] { ++happened; });
     }
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    QMenu menu(sheet.firstFocus());
+    QMenu menu(shown.sheet.firstFocus());
     QAction *one = menu.addAction(QStringLiteral("&One"));
     QAction *two = menu.addAction(QStringLiteral("&Two"));
     const QSignalSpy first(one, &QAction::triggered);
     const QSignalSpy second(two, &QAction::triggered);
-    sheet.execute([&] {
+    shown.sheet.execute([&] {
         const auto open = [&] {
-            menu.popup(sheet.firstFocus()->mapToGlobal(QPoint(0, 0)));
+            menu.popup(shown.sheet.firstFocus()->mapToGlobal(QPoint(0, 0)));
             return QTest::qWaitForWindowExposed(&menu);
         };
         QVERIFY(open());
-        keyboard.press(QStringLiteral("Ctrl+Q"));
+        shown.press("Ctrl+Q");
         QVERIFY(menu.isVisible());
-        keyboard.press(QStringLiteral("Down"));
-        keyboard.press(QStringLiteral("Return"));
+        shown.press("Down");
+        shown.press("Return");
         QTRY_COMPARE(first.count(), 1);
         QVERIFY(open());
-        keyboard.press(QStringLiteral("T"));
+        shown.press("T");
         QTRY_COMPARE(second.count(), 1);
         QVERIFY(open());
-        keyboard.press(QStringLiteral("Esc"));
+        shown.press("Esc");
         QTRY_VERIFY(!menu.isVisible());
-        QVERIFY(sheet->isVisible());
-        sheet.quit();
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet.quit();
     });
     QCOMPARE(happened, 0);
 }
@@ -605,28 +581,24 @@ void SheetKeysTest::aCompletersListIsUsedByKeys()
     if (ModalSheet::currentKind() == ModalSheet::Message) {
         return; // without a line edit
     }
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    KeyedSheet shown;
     int happened = 0;
     for (const char *key : {"Esc", "Down", "Return", "Ctrl+Q"}) {
-        shortcut(key, Qt::WindowShortcut)(window, [&] { ++happened; });
+        shortcut(key, Qt::WindowShortcut)(shown.window, [&] { ++happened; });
     }
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    QLineEdit *field = qobject_cast<VelaInputSheet *>(sheet.get())->getLineEdit();
+    QLineEdit *field = qobject_cast<VelaInputSheet *>(shown.sheet.get())->getLineEdit();
     QCompleter completer({QStringLiteral("apple"), QStringLiteral("apricot")});
     field->setCompleter(&completer);
-    sheet.execute([&] {
-        keyboard.press(QStringLiteral("A"));
+    shown.sheet.execute([&] {
+        shown.press("A");
         QTRY_VERIFY(completer.popup()->isVisible());
-        keyboard.press(QStringLiteral("Ctrl+Q"));
+        shown.press("Ctrl+Q");
         QVERIFY(completer.popup()->isVisible());
-        keyboard.press(QStringLiteral("Down"));
-        keyboard.press(QStringLiteral("Return"));
+        shown.press("Down");
+        shown.press("Return");
         QTRY_COMPARE(field->text(), QStringLiteral("apple"));
-        QVERIFY(sheet->isVisible());
-        sheet.quit();
+        QVERIFY(shown.sheet->isVisible());
+        shown.sheet.quit();
     });
     QCOMPARE(happened, 0);
 }
@@ -641,8 +613,7 @@ void SheetKeysTest::theUppermostOfTwoSheetsRules_data()
 void SheetKeysTest::theUppermostOfTwoSheetsRules()
 {
     QFETCH(ModalSheet::Kind, above);
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     Keyboard keyboard;
     ModalSheet first(&window);
     first.setBlockWindowButton(false);
@@ -673,12 +644,8 @@ void SheetKeysTest::theUppermostOfTwoSheetsRules()
 
 void SheetKeysTest::anotherWindowKeepsItsShortcuts()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
-    Keyboard keyboard;
-    ModalSheet sheet(&window);
-    sheet.setBlockWindowButton(false);
-    sheet.execute([&] {
+    KeyedSheet shown;
+    shown.sheet.execute([&] {
         SheetWindow other;
         int happened = 0;
         const auto count = [&] { ++happened; };
@@ -689,18 +656,17 @@ void SheetKeysTest::anotherWindowKeepsItsShortcuts()
         QVERIFY(other.showAndWait());
         int expected = 0;
         for (const char *key : {"Ctrl+Q", "F5", "Alt+D", "Alt"}) {
-            keyboard.press(QString::fromLatin1(key));
+            shown.press(key);
             ++expected;
             QTRY_COMPARE(happened, expected);
         }
-        sheet.quit();
+        shown.sheet.quit();
     });
 }
 
 void SheetKeysTest::theEventFilterOfASheetLetsOverridesPass()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     ModalSheet sheet(&window);
     sheet->showSheet();
     QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);

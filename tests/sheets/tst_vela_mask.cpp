@@ -29,7 +29,7 @@ constexpr QRect ButtonPlace(10, 10, 60, 30);
 constexpr QRect FieldPlace(10, 190, 120, 30);
 
 // A white window with a button at its top left and a field, which has the focus, at its bottom left.
-class CoveredWindow : public QWidget
+class CoveredWindow : public TestWindow
 {
 public:
     CoveredWindow() : button(new QPushButton(this)), field(new QLineEdit(this))
@@ -39,12 +39,6 @@ public:
         field->setGeometry(FieldPlace);
         field->setFocus();
         resize(WindowSize);
-    }
-
-    bool showAndWait()
-    {
-        show();
-        return QTest::qWaitForWindowActive(this);
     }
 
     VelaMask *mask() const { return findChild<VelaMask *>(); }
@@ -388,8 +382,7 @@ void VelaMaskTest::theContentIsNotDimmed()
 
 void VelaMaskTest::aNewMaskIsNotShown()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     auto *content = new Panel;
     VelaMask::createMask(content, &window, Dimming);
     QVERIFY(window.mask()->isHidden());
@@ -400,8 +393,7 @@ void VelaMaskTest::aNewMaskIsNotShown()
 
 void VelaMaskTest::showingAndHidingTheContentShowsAndHidesTheMask()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     auto *content = new Panel;
     VelaMask::createMask(content, &window, Dimming);
     for (int i = 0; i < 3; ++i) {
@@ -432,8 +424,7 @@ void VelaMaskTest::theMaskOfAHiddenWindowIsShownWithIt()
 
 void VelaMaskTest::onlyItsContentShowsAndHidesAMask()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     auto *content = new Panel;
     auto *child = new QWidget(content);
     VelaMask::createMask(content, &window, Dimming);
@@ -611,7 +602,7 @@ void VelaMaskTest::clicksLandOnTheMask()
     content->show();
     const QSignalSpy clicked(window.button, &QPushButton::clicked);
     EventCounter onMask(window.mask(), QEvent::MouseButtonPress);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, ButtonPlace.center());
+    window.click(ButtonPlace.center());
     QCOMPARE(clicked.count(), 0);
     QCOMPARE(onMask.take(), 1);
     for (const QPoint &corner :
@@ -628,7 +619,7 @@ void VelaMaskTest::theMaskPassesClicksOnToTheCoveredWidget()
     QVERIFY(window.showAndWait());
     content->show();
     EventCounter onWindow(&window, QEvent::MouseButtonPress);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, ButtonPlace.center());
+    window.click(ButtonPlace.center());
     QCOMPARE(onWindow.take(), 1); // as any widget does that handles no input
 }
 
@@ -641,7 +632,7 @@ void VelaMaskTest::aHiddenMaskKeepsNoClicks()
     content->show();
     content->hide();
     const QSignalSpy clicked(window.button, &QPushButton::clicked);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, ButtonPlace.center());
+    window.click(ButtonPlace.center());
     QCOMPARE(clicked.count(), 1);
 }
 
@@ -652,7 +643,7 @@ void VelaMaskTest::keysReachTheFocusedWidgetBeneath()
     VelaMask::createMask(content, &window, Dimming);
     QVERIFY(window.showAndWait());
     content->show();
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, ButtonPlace.center());
+    window.click(ButtonPlace.center());
     QTest::keyClick(window.windowHandle(), Qt::Key_A);
     QCOMPARE(window.field->text(), QStringLiteral("a"));
     QVERIFY(window.field->hasFocus());
@@ -675,8 +666,7 @@ void VelaMaskTest::theContentIsDeletedWithTheMask()
 
 void VelaMaskTest::aMaskOutlivesItsContentHiddenAndEmpty()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     for (const bool isHiddenBefore : {true, false}) {
         QPointer<VelaMask> mask;
         {
@@ -724,8 +714,7 @@ void VelaMaskTest::contentInANewMaskLeavesTheFormerOneAlone()
 
 void VelaMaskTest::contentThatComesBackHasItsMaskAgain()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     auto *content = new Panel;
     VelaMask::createMask(content, &window, Dimming);
     content->show();
@@ -776,8 +765,7 @@ void VelaMaskTest::anEmptyMaskWatchesNothing()
 
 void VelaMaskTest::everyCallLeavesOneMoreMask()
 {
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     for (int calls = 1; calls <= 3; ++calls) {
         {
             Panel content;
@@ -815,8 +803,7 @@ void VelaMaskTest::aMaskMayBeDeletedWhileItIsShown_data()
 void VelaMaskTest::aMaskMayBeDeletedWhileItIsShown()
 {
     QFETCH(bool, isContentFirst);
-    CoveredWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
     auto *content = new Panel;
     VelaMask::createMask(content, &window, Dimming);
     content->show();

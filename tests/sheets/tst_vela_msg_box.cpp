@@ -134,7 +134,7 @@ int answer(const std::function<int()> &call, const std::function<void()> &action
         QCoreApplication::sendPostedEvents(); // layouts settle before anybody can click
         action();
     });
-    QObject::connect(&guard, &QTimer::timeout, [&gaveUp] {
+    QObject::connect(&guard, &QTimer::timeout, &guard, [&gaveUp] {
         gaveUp = true;
         const auto windows = QApplication::topLevelWidgets();
         for (QWidget *window : windows) {
@@ -227,7 +227,7 @@ void addCaptions()
     QTest::newRow("both") << QStringLiteral("Do it") << QStringLiteral("Do not");
     QTest::newRow("Ok only") << QStringLiteral("Do it") << QString();
     QTest::newRow("cancel only") << QString() << QStringLiteral("Do not");
-    QTest::newRow("none") << QString() << QStringLiteral("");
+    QTest::newRow("none") << QString() << QString(QLatin1String(""));
 }
 
 } // namespace
@@ -322,8 +322,7 @@ void VelaMsgBoxTest::aSheetShowsTheMessage_data()
 void VelaMsgBoxTest::aSheetShowsTheMessage()
 {
     QFETCH(const Shortcut *, shortcut);
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     QPointer<VelaMessageSheet> shown;
     answer([&] { return shortcut->call(&window); },
            [&] {
@@ -412,8 +411,7 @@ void VelaMsgBoxTest::aSheetStandsInAMaskOverTheWindow()
 
 void VelaMsgBoxTest::theMaskDimsTheWindowSlightly()
 {
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     const QColor plain = paintedColor(&window, QPoint(2, 2));
     answer([&] { return Shortcuts[0].call(&window); },
            [&] {
@@ -460,8 +458,7 @@ void VelaMsgBoxTest::theWidthIsThatOfTheParentAndNotOfTheWindow()
 
 void VelaMsgBoxTest::eachCallLeavesOneHiddenEmptyMask()
 {
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     int count = 0;
     for (const Shortcut &shortcut : Shortcuts) {
         answer([&] { return shortcut.call(&window); }, [&] { window.key(Qt::Key_Return); });
@@ -505,8 +502,7 @@ void VelaMsgBoxTest::aSheetIsAnswered()
     QFETCH(QMessageBox::StandardButton, clicked);
     QFETCH(Qt::Key, key);
     QFETCH(int, expected);
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     const int result = answer([&] { return shortcut->call(&window); },
                               [&] {
                                   if (clicked == QMessageBox::NoButton) {
@@ -529,8 +525,7 @@ void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed_data()
 void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
 {
     QFETCH(const Shortcut *, shortcut);
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
     const int result = answer([&] { return shortcut->call(&window); },
                               [&] {
@@ -551,8 +546,7 @@ void VelaMsgBoxTest::aSheetTakesCustomCaptions()
 {
     QFETCH(QString, okText);
     QFETCH(QString, cancelText);
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     const MsgBoxCustomBtnText captions(okText, cancelText);
     const int result =
         answer([&] { return showConfirmMsgCustomBtn(Title, Text, captions, &window); },
@@ -567,8 +561,7 @@ void VelaMsgBoxTest::aSheetTakesCustomCaptions()
 
 void VelaMsgBoxTest::theWindowStaysOpenUnderASheet()
 {
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     bool wasClosed = true;
     answer([&] { return Shortcuts[0].call(&window); },
            [&] {
@@ -619,8 +612,7 @@ void VelaMsgBoxTest::aBoxShowsTheMessage()
 
 void VelaMsgBoxTest::aBoxIsAWindowOfItsOwn()
 {
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     QPointer<QMessageBox> shown;
     answerBox([&] { return showConfirmMsg(Title, Text, nullptr); },
               [&](QMessageBox *box) {

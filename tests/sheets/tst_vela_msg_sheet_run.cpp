@@ -31,7 +31,6 @@ class ShownMessage
 public:
     explicit ShownMessage(VelaMessageSheet::MessageType type = VelaMessageSheet::QuestionMessage)
     {
-        isActive = window.showAndWait();
         sheet = std::make_unique<VelaMessageSheet>(type, Text, &window);
         VelaMask::createMask(sheet.get(), &window, QColor(0, 0, 0, 20));
         sheet->setBlockWindowButton(false);
@@ -50,9 +49,8 @@ public:
     }
     int execute(const std::function<void()> &action) { return ::execute(sheet.get(), action); }
 
-    SheetWindow window;
+    Shown<SheetWindow> window;
     std::unique_ptr<VelaMessageSheet> sheet;
-    bool isActive = false;
 };
 
 // Notes why the widgets of a sheet get the focus.
@@ -134,7 +132,6 @@ void VelaMessageSheetRunTest::cleanup()
 void VelaMessageSheetRunTest::theMessageHasTheFocusAtFirst()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     const FocusReasons focus(shown.sheet.get());
     shown.execute([&] {
         QCOMPARE(QApplication::focusWidget(), shown.text());
@@ -146,7 +143,6 @@ void VelaMessageSheetRunTest::theMessageHasTheFocusAtFirst()
 void VelaMessageSheetRunTest::aSheetThatDoesNotBlockLeavesTheFocus()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     shown.sheet->showSheet();
     QCOMPARE(QApplication::focusWidget(), shown.window.above);
     shown.sheet->done(0);
@@ -169,8 +165,7 @@ void VelaMessageSheetRunTest::theButtonsTakeTheFocusButNotTheirBox()
 void VelaMessageSheetRunTest::processingIsAnimated()
 {
     m_folder.writeFile(QStringLiteral("busy.gif"), animation());
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaMessageSheet sheet(Text, m_folder.path() + QStringLiteral("/busy.gif"), &window);
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
     QMovie *movie = nullptr;
@@ -248,7 +243,7 @@ void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnceAfterTheTypeWasSetAgain()
         shown.sheet->setMessageType(VelaMessageSheet::WarningQuestionMessage);
     }
     QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
-    QCOMPARE(shown.execute([&] { shown.window.clickOn(shown.cancel()); }), CancelCode);
+    QCOMPARE(shown.execute([&] { shown.window.click(shown.cancel()); }), CancelCode);
     QCOMPARE(finished.count(), 1);
 }
 
@@ -267,7 +262,6 @@ void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet()
     QFETCH(int, type);
     QFETCH(bool, hasInformativeText);
     ShownMessage shown(static_cast<VelaMessageSheet::MessageType>(type));
-    QVERIFY(shown.isActive);
     if (hasInformativeText) {
         shown.sheet->setInformativeText(QStringLiteral("Think <a href='x'>twice</a>."));
     }
@@ -287,7 +281,6 @@ void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet()
 void VelaMessageSheetRunTest::aTabForTheWindowGoesToTheFirstAndABacktabToTheLast()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     shown.execute([&] {
         auto *last = new QLineEdit(&shown.window); // behind the sheet in the focus chain
         last->show();
@@ -310,7 +303,6 @@ void VelaMessageSheetRunTest::aTabForTheWindowGoesToTheFirstAndABacktabToTheLast
 void VelaMessageSheetRunTest::aTabForTheWindowTakesTheWidgetNextToItIfItIsTheSheets()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     // The message, the window, then the icon and the buttons' box, neither of which takes the focus, and Ok.
     shown.window.setFocusPolicy(Qt::TabFocus); // or it has no place in the order
     QWidget::setTabOrder(shown.text(), &shown.window);
@@ -330,7 +322,6 @@ void VelaMessageSheetRunTest::aTabForTheWindowTakesTheWidgetNextToItIfItIsTheShe
 void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAgain()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     shown.execute([&] {
         new QLineEdit(&shown.window);
         shown.text()->setFocusPolicy(Qt::NoFocus);
@@ -357,7 +348,6 @@ void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAgain()
 void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAfterButtonsAreGone()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     shown.sheet->showSheet();
     shown.sheet->setMessageType(VelaMessageSheet::ProcessingMessage);
     shown.sheet->markFirstFocusWidget();
@@ -372,7 +362,6 @@ void VelaMessageSheetRunTest::firstAndLastCanBeMarkedAfterButtonsAreGone()
 void VelaMessageSheetRunTest::whatIsNoWidgetGetsNoTab()
 {
     ShownMessage shown;
-    QVERIFY(shown.isActive);
     shown.sheet->showSheet();
     QObject object;
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
@@ -385,7 +374,6 @@ void VelaMessageSheetRunTest::whatIsNoWidgetGetsNoTab()
 void VelaMessageSheetRunTest::aTabForTheWindowDoesNothingWhereNothingTakesTheFocus()
 {
     ShownMessage shown(VelaMessageSheet::AppMessage);
-    QVERIFY(shown.isActive);
     shown.text()->setFocusPolicy(Qt::NoFocus);
     shown.sheet->showSheet();
     shown.window.send(Qt::Key_Tab);
@@ -397,8 +385,7 @@ void VelaMessageSheetRunTest::aTabForTheWindowDoesNothingWhereNothingTakesTheFoc
 void VelaMessageSheetRunTest::eachShortcutLeavesAMaskAndNothingElse()
 {
     const int shortcuts = isOnX() ? ShortcutsOnX : Shortcuts;
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     QTimer answers;
     connect(&answers, &QTimer::timeout, &window, [&] { window.press(Qt::Key_Return); });
 

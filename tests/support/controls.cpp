@@ -84,8 +84,7 @@ ControlWindow::ControlWindow(QWidget *shownControl) : control(shownControl), nei
 
 bool ControlWindow::showAndWait()
 {
-    show();
-    const bool isActive = QTest::qWaitForWindowActive(this);
+    const bool isActive = TestWindow::showAndWait();
     // The window must have seen the pointer for an enter to count, and a move to where it was already is none.
     QTest::mouseMove(windowHandle(), Outside + QPoint(1, 1));
     leave();

@@ -3,10 +3,11 @@
 
 #pragma once
 
+#include "support/test-window.h"
+
 #include <QColor>
 #include <QEvent>
 #include <QStringList>
-#include <QWidget>
 
 #include <functional>
 
@@ -31,7 +32,7 @@ QColor paintedColor(QWidget *widget, const QPoint &position);
 QColor paintedColor(QWidget *widget);
 
 /// A window with a control in its own size and a neighbour that has the focus at first; the pointer is outside of both.
-class ControlWindow : public QWidget
+class ControlWindow : public TestWindow
 {
 public:
     explicit ControlWindow(QWidget *shownControl);
@@ -45,6 +46,7 @@ public:
     void leave();
     void press(Qt::MouseButton which = Qt::LeftButton);
     void release(Qt::MouseButton which = Qt::LeftButton);
+    using TestWindow::click;
     void click();
     /// To what has the focus.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});

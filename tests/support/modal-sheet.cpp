@@ -45,20 +45,9 @@ SheetWindow::SheetWindow() : above(new QLineEdit), below(new QLineEdit)
     above->setFocus();
 }
 
-bool SheetWindow::showAndWait()
-{
-    show();
-    return QTest::qWaitForWindowActive(this);
-}
-
 void SheetWindow::press(int key, Qt::KeyboardModifiers modifiers)
 {
     QTest::keyClick(windowHandle(), static_cast<Qt::Key>(key), modifiers);
-}
-
-void SheetWindow::clickOn(const QWidget *widget)
-{
-    QTest::mouseClick(windowHandle(), Qt::LeftButton, {}, widget->mapTo(this, widget->rect().center()));
 }
 
 bool SheetWindow::send(int key)
@@ -193,7 +182,7 @@ QWidget *ModalSheet::firstFocus() const
     return m_message->findChild<MessageLabel *>();
 }
 
-ShownSheet::ShownSheet() : isActive(window.showAndWait()), sheet(&window)
+ShownSheet::ShownSheet() : sheet(&window)
 {
     sheet.setBlockWindowButton(false);
 }

@@ -3,10 +3,11 @@
 
 #pragma once
 
+#include "support/test-window.h"
+
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
-#include <QWidget>
 
 #include <functional>
 
@@ -28,17 +29,13 @@ void installSheetTheme(ResourceFolder &folder);
 
 /// A window of two fields, the upper one with the focus, that ends up below a sheet. Counts what reaches it, and is
 /// never closed.
-class SheetWindow : public QWidget
+class SheetWindow : public TestWindow
 {
 public:
     SheetWindow();
 
-    /// Whether the window became active.
-    bool showAndWait();
-
     /// What an application would be sent by its user, through the window and whatever has the focus in it.
     void press(int key, Qt::KeyboardModifiers modifiers = {});
-    void clickOn(const QWidget *widget);
     /// A key that nothing in the window has wanted. Whether it ended there.
     bool send(int key);
 
@@ -118,8 +115,7 @@ public:
     QPushButton *cancel() const;
     int execute(const std::function<void()> &action);
 
-    SheetWindow window;
-    const bool isActive;
+    Shown<SheetWindow> window;
     ModalSheet sheet;
 };
 

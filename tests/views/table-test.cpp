@@ -50,8 +50,7 @@ TableWindow::TableWindow(const Columns &columns, const QSize &size) :
 
 bool TableWindow::showAndWait()
 {
-    show();
-    const bool isActive = QTest::qWaitForWindowActive(this);
+    const bool isActive = TestWindow::showAndWait();
     QTest::mouseMove(windowHandle(), QPoint(width() - 2, height() - 2));
     return isActive;
 }

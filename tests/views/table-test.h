@@ -5,6 +5,7 @@
 
 #include "component/vela-table-widget.h"
 #include "support/resource-folder.h"
+#include "support/test-window.h"
 
 #include <QHeaderView>
 #include <QScrollArea>
@@ -34,7 +35,7 @@ QVector<int> baseWidths(const Columns &columns);
 QVector<int> widthsOf(const QHeaderView *header, int count);
 
 /// A window with a table that can be given any size, whatever the window manager does to the window.
-class TableWindow : public QWidget
+class TableWindow : public TestWindow
 {
 public:
     explicit TableWindow(const Columns &columns, const QSize &size = TableSize);

@@ -165,8 +165,7 @@ void ItemDelegateTest::rowsAreOfAFixedHeight()
 
 void ItemDelegateTest::theEditorIsSetUpForFolderNames()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     QVERIFY(editor->hasFocus());
@@ -190,8 +189,7 @@ void ItemDelegateTest::theEditorIsSetUpForFolderNames()
 
 void ItemDelegateTest::everyCallMakesANewValidator()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     const QPointer<const QValidator> first = editor->validator();
@@ -253,8 +251,7 @@ void ItemDelegateTest::namesAreCheckedAsTheyAreTyped()
 {
     QFETCH(const QString, typed);
     QFETCH(const QString, taken);
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     editor->clear();
@@ -264,8 +261,7 @@ void ItemDelegateTest::namesAreCheckedAsTheyAreTyped()
 
 void ItemDelegateTest::aPastedNameIsTakenOrRefusedAsAWhole()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     for (const QString &refused : {QStringLiteral("a/b"), QStringLiteral(".ab"), QStringLiteral("ab?")}) {
@@ -280,8 +276,7 @@ void ItemDelegateTest::aPastedNameIsTakenOrRefusedAsAWhole()
 
 void ItemDelegateTest::aFolderIsRenamedByTheKeyboard()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     QSignalSpy spy(window.tree, &QTreeWidget::itemChanged);
@@ -295,8 +290,7 @@ void ItemDelegateTest::aFolderIsRenamedByTheKeyboard()
 
 void ItemDelegateTest::typingReplacesTheOldName()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QVERIFY(window.startRenaming());
     window.type(QStringLiteral("Papers"));
     window.key(Qt::Key_Return);
@@ -305,8 +299,7 @@ void ItemDelegateTest::typingReplacesTheOldName()
 
 void ItemDelegateTest::anEmptyNameIsNotTaken()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QVERIFY(window.startRenaming());
     window.key(Qt::Key_Delete);
     QCOMPARE(window.editor()->text(), QString());
@@ -318,8 +311,7 @@ void ItemDelegateTest::anEmptyNameIsNotTaken()
 
 void ItemDelegateTest::escapeIsToldOfAndClosesTheEditor()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QVERIFY(window.startRenaming());
     QVector<int> keys;
     bool wasOpen = false;
@@ -338,8 +330,7 @@ void ItemDelegateTest::escapeIsToldOfAndClosesTheEditor()
 
 void ItemDelegateTest::otherKeysInTheEditorAreNotToldOf()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QVERIFY(window.startRenaming());
     QSignalSpy spy(&window.delegate, &ItemDelegate::sigKeyPressed);
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_Home, Qt::Key_Backspace, Qt::Key_F2, Qt::Key_Return}) {
@@ -412,8 +403,7 @@ void ItemDelegateTest::theDrawnCheckShowsItsState()
 
 void ItemDelegateTest::aClickIntoTheCheckRectangleChecksTheRow()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QTreeWidgetItem *first = window.tree->topLevelItem(0);
     QTreeWidgetItem *last = window.tree->topLevelItem(1);
     first->setCheckState(0, Qt::Unchecked);

@@ -224,8 +224,7 @@ void VelaTableColumnsTest::columnsStretch_data()
 void VelaTableColumnsTest::columnsStretch()
 {
     QFETCH(Columns, columns);
-    TableWindow window(columns);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(columns);
     for (const int width : {20, 99, 100, 101, 149, 150, 151, 200, 313, 400, 555, 640, 731, 850, 333, 120}) {
         window.table->resize(width, 200 + width % 7);
         const QVector<int> expected = expectedWidths(columns, window.body->viewport()->width());
@@ -257,17 +256,16 @@ void VelaTableColumnsTest::anyDeclarationIsSurvived()
 {
     constexpr int Lowest = std::numeric_limits<int>::min();
     constexpr int Highest = std::numeric_limits<int>::max();
-    TableWindow window({{"A", 50, true, 0.5},
-                        {"B", Lowest, false, 0.0},
-                        {"C", Lowest, false, 0.0},
-                        {"D", Lowest, true, 1.0},
-                        {"E", -7, true, NotANumber},
-                        {"F", 40, true, Infinity},
-                        {"G", 40, true, -Infinity},
-                        {"H", Highest, true, 0.0},
-                        {"I", Highest, true, 1e300},
-                        {"J", 33, false, Infinity}});
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Columns {{"A", 50, true, 0.5},
+                                       {"B", Lowest, false, 0.0},
+                                       {"C", Lowest, false, 0.0},
+                                       {"D", Lowest, true, 1.0},
+                                       {"E", -7, true, NotANumber},
+                                       {"F", 40, true, Infinity},
+                                       {"G", 40, true, -Infinity},
+                                       {"H", Highest, true, 0.0},
+                                       {"I", Highest, true, 1e300},
+                                       {"J", 33, false, Infinity}});
     for (const int width : {700, 10, 400}) {
         window.table->resize(width, 200);
         QCOMPARE(window.header->sectionSize(6), expectedPixels(40));
@@ -289,8 +287,7 @@ void VelaTableColumnsTest::fixedColumnsMayBeWiderThanAnIntCanSay()
 
 void VelaTableColumnsTest::columnsThatStretchByOneFillTheRows()
 {
-    TableWindow window({{"A", 50, true, 0.5}, {"B", 60, false, 0.0}, {"C", 50, true, 0.5}});
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Columns {{"A", 50, true, 0.5}, {"B", 60, false, 0.0}, {"C", 50, true, 0.5}});
     const int available = window.body->viewport()->width();
     QCOMPARE(available, TableSize.width() - expectedPixels(FillerWidth)); // the scroll bar is as wide as the filler
     const int unfilled = available - window.body->horizontalHeader()->length();
@@ -301,8 +298,7 @@ void VelaTableColumnsTest::columnsThatStretchByOneFillTheRows()
 void VelaTableColumnsTest::tablesNarrowerThanTheFixedColumnsHaveBaseWidths()
 {
     const Columns columns {{"A", 70, true, 0.5}, {"B", 400, false, 0.0}, {"C", 35, true, 0.5}, {"D", 1, true, 2.0}};
-    TableWindow window(columns, QSize(expectedPixels(580), 200));
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(columns, QSize(expectedPixels(580), 200));
     QVERIFY(window.headerWidths() != baseWidths(columns));
     window.table->resize(expectedPixels(300), 200);
     QCOMPARE(window.headerWidths(), baseWidths(columns));
@@ -370,8 +366,7 @@ void VelaTableColumnsTest::theFillersWidthReachesNoColumn()
 
 void VelaTableColumnsTest::theFillerIsTwelvePixelsWideOnScreen()
 {
-    TableWindow window(Mixed);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Mixed);
     const QImage seen = window.area->grab().toImage();
     const int y = seen.height() / 2;
     int firstOfFiller = -1;
@@ -450,8 +445,7 @@ void VelaTableColumnsTest::draggingKeepsAUsableMinimum_data()
 void VelaTableColumnsTest::draggingKeepsAUsableMinimum()
 {
     QFETCH(Columns, columns);
-    TableWindow window(columns);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(columns);
     const int usable = QHeaderView(Qt::Horizontal).minimumSectionSize(); // of any header
     QVERIFY(usable > expectedPixels(FillerWidth));
     for (int i = 0; i < 2; ++i) { // again from the minimum
@@ -466,8 +460,7 @@ void VelaTableColumnsTest::draggingKeepsAUsableMinimum()
 
 void VelaTableColumnsTest::fixedColumnsAndTheFillerAreNotDragged()
 {
-    TableWindow window(Plain);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Plain);
     const int filler = static_cast<int>(Plain.size());
     for (const int section : {1, filler}) {
         for (const int distance : {50, -20}) {
@@ -481,8 +474,7 @@ void VelaTableColumnsTest::fixedColumnsAndTheFillerAreNotDragged()
 
 void VelaTableColumnsTest::aDragOutlastsResizingUnlessTheColumnStretches()
 {
-    TableWindow window(Mixed);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Mixed);
     window.drag(2, -30); // no ratio
     window.drag(0, -50);
     QVector<int> expected = expectedWidths(Mixed, window.body->viewport()->width());
@@ -500,8 +492,7 @@ void VelaTableColumnsTest::aDragOutlastsResizingUnlessTheColumnStretches()
 
 void VelaTableColumnsTest::edgesAreDraggedWhereTheyAreScrolledTo()
 {
-    TableWindow window(Wide);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Wide);
     window.body->horizontalScrollBar()->setValue(expectedPixels(500));
     QVector<int> expected = baseWidths(Wide);
     window.drag(2, -77);

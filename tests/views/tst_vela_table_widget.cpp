@@ -5,7 +5,6 @@
 #include "style-manager/style-manager.h"
 #include "support/controls.h"
 #include "support/environment.h"
-#include "support/log-capture.h"
 #include "views/table-test.h"
 
 #include <QApplication>
@@ -23,11 +22,9 @@ class VelaTableWidgetTest : public TableTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
 
-    void missingSheetsAreLogged();
-    void theParentMayBeLeftOut();
-    void theClassesDeclareTheirSlotsAndSignals();
+    void theRowsHaveNoParentAtFirst();
+    void theRowsDeclareTheirSignal();
     void theHeaderShowsTheTitlesAndAnEmptyLastSection();
     void theHeaderIsSetUp();
     void theHeaderAreaIsSetUp();
@@ -60,43 +57,17 @@ private Q_SLOTS:
     void rowsAreOfTheirHeight();
 
 private:
-    QStringList m_loggedWithoutSheets;
 };
 
-void VelaTableWidgetTest::initTestCase()
+void VelaTableWidgetTest::theRowsHaveNoParentAtFirst()
 {
-    LogCapture log;
-    const VelaTableWidget table {VelaTableColumnsInfo()};
-    m_loggedWithoutSheets = log.takeTexts().filter(QStringLiteral("stylesheet"));
-    TableTest::initTestCase();
-}
-
-void VelaTableWidgetTest::missingSheetsAreLogged()
-{
-    QStringList expected;
-    for (const char *key : {"table_header", "table", "scrollbar"}) {
-        expected.append(QStringLiteral("Cannot find stylesheet \"component.%1\"").arg(QLatin1String(key)));
-    }
-    QCOMPARE(m_loggedWithoutSheets, expected);
-}
-
-void VelaTableWidgetTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaTableWidget child(declared(Plain), &parent);
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!VelaTableWidget(declared(Plain)).parent());
     QVERIFY(!ResizeSignalTableWidget(2, 3).parent());
     QCOMPARE(ResizeSignalTableWidget(2, 3).rowCount(), 2);
     QCOMPARE(ResizeSignalTableWidget(2, 3).columnCount(), 3);
 }
 
-void VelaTableWidgetTest::theClassesDeclareTheirSlotsAndSignals()
+void VelaTableWidgetTest::theRowsDeclareTheirSignal()
 {
-    QCOMPARE(ownDeclarations(VelaTableWidget::staticMetaObject),
-             (QStringList {QStringLiteral("slotSectionResized(int,int,int)"),
-                           QStringLiteral("slotVerticalScrollRangeChanged(int,int)"),
-                           QStringLiteral("slotTableResized(QSize)")}));
     QCOMPARE(ownDeclarations(ResizeSignalTableWidget::staticMetaObject),
              QStringList {QStringLiteral("sigResized(QSize)")});
 }
@@ -187,8 +158,7 @@ void VelaTableWidgetTest::theHeaderLiesAboveTheBody()
 
 void VelaTableWidgetTest::aDeclarationWithoutColumnsGivesTheFillerAlone()
 {
-    TableWindow window({});
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Columns {});
     window.table->resize(300, 200);
     QCOMPARE(window.header->count(), 1);
     QCOMPARE(window.header->sectionSize(0), expectedPixels(FillerWidth));
@@ -281,8 +251,7 @@ void VelaTableWidgetTest::keysForTheHeaderDoNotScrollIt_data()
 void VelaTableWidgetTest::keysForTheHeaderDoNotScrollIt()
 {
     QFETCH(Qt::Key, key);
-    TableWindow window(Wide);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Wide);
     window.body->horizontalScrollBar()->setValue(100);
     EventCounter passedOn(&window, QEvent::KeyPress);
     QTest::keyClick(window.header, key);
@@ -318,7 +287,7 @@ void VelaTableWidgetTest::theHeaderTakesNoFocus()
     neighbour->move(0, TableSize.height());
     QVERIFY(window.showAndWait());
     neighbour->setFocus();
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.headerCenter());
+    window.click(window.headerCenter());
     QVERIFY(neighbour->hasFocus());
     QSet<QWidget *> visited;
     for (int i = 0; i < 4; ++i) {
@@ -373,8 +342,7 @@ void VelaTableWidgetTest::tabLeavesTheTableAndArrowKeysMoveInIt()
 
 void VelaTableWidgetTest::draggingAcrossTheHeaderDoesNotScrollIt()
 {
-    TableWindow window(Wide);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Wide);
     window.body->horizontalScrollBar()->setValue(100);
     const QPoint start = window.headerCenter();
     QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, start);
@@ -468,8 +436,7 @@ void VelaTableWidgetTest::theHeaderFollowsTheKeyboard()
 void VelaTableWidgetTest::theHeaderFollowsWhenGrowingEndsScrolling()
 {
     const Columns columns {{"A", 300, false, 0.0}, {"B", 250, true, 0.0}};
-    TableWindow window(columns, QSize(expectedPixels(400), 300));
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(columns, QSize(expectedPixels(400), 300));
     QScrollBar *const bar = window.body->horizontalScrollBar();
     bar->setValue(bar->maximum());
     const int before = bar->value();
@@ -511,8 +478,7 @@ void VelaTableWidgetTest::headerAndRowsAreInLineFromRightToLeft()
 
 void VelaTableWidgetTest::theVerticalScrollBarShowsWhileThereIsMore()
 {
-    TableWindow window(Mixed);
-    QVERIFY(window.showAndWait());
+    Shown<TableWindow> window(Mixed);
     const QScrollBar *bar = window.body->verticalScrollBar();
     QVERIFY(!bar->isVisible());
     const int viewportWidth = window.body->viewport()->width();
@@ -551,8 +517,8 @@ void VelaTableWidgetTest::noTriggerEditsACell()
     QVERIFY(window.showAndWait());
     const QPoint cell =
         window.body->viewport()->mapTo(&window, window.body->visualItemRect(window.body->item(1, 1)).center());
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, cell);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, cell);
+    window.click(cell);
+    window.click(cell);
     QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, cell);
     for (const Qt::Key key : {Qt::Key_F2, Qt::Key_X, Qt::Key_Return, Qt::Key_Space}) {
         QTest::keyClick(window.windowHandle(), key);
@@ -569,8 +535,7 @@ void VelaTableWidgetTest::aClickSelectsTheWholeRow()
     for (int i = 0; i < Mixed.size(); ++i) {
         const int row = i % 3;
         const QRect cell = window.body->visualItemRect(window.body->item(row, i));
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                          window.body->viewport()->mapTo(&window, cell.center()));
+        window.click(window.body->viewport()->mapTo(&window, cell.center()));
         const QModelIndexList indexes = window.body->selectionModel()->selectedRows();
         QCOMPARE(indexes.size(), 1);
         QCOMPARE(indexes.at(0).row(), row);

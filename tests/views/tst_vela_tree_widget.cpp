@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "support/controls.h"
 #include "support/environment.h"
 #include "views/tree-test.h"
 
@@ -33,8 +32,6 @@ private Q_SLOTS:
     void initTestCase();
 
     void itTellsItsColours();
-    void theTreeDeclaresItsTwoSignals();
-    void theParentMayBeLeftOut();
     void theTreeInstallsNothingItself();
 
     void aGreyedRowCanStillBeChosen();
@@ -68,21 +65,6 @@ void VelaTreeWidgetTest::initTestCase()
     qRegisterMetaType<QTreeWidgetItem *>("QTreeWidgetItem*");
 }
 
-void VelaTreeWidgetTest::theTreeDeclaresItsTwoSignals()
-{
-    QCOMPARE(ownDeclarations(VelaTreeWidget::staticMetaObject),
-             (QStringList {QStringLiteral("sigMouseRightClickEvent(QMouseEvent*)"),
-                           QStringLiteral("sigKeyPressEvent(QKeyEvent*)")}));
-}
-
-void VelaTreeWidgetTest::theParentMayBeLeftOut()
-{
-    QWidget parent;
-    const VelaTreeWidget child(&parent);
-    QCOMPARE(child.parentWidget(), &parent);
-    QVERIFY(!VelaTreeWidget().parent());
-}
-
 void VelaTreeWidgetTest::theTreeInstallsNothingItself()
 {
     const VelaTreeWidget tree;
@@ -93,8 +75,7 @@ void VelaTreeWidgetTest::theTreeInstallsNothingItself()
 
 void VelaTreeWidgetTest::aGreyedRowCanStillBeChosen()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QTreeWidgetItem *item = window.tree->topLevelItem(1);
     item->setFlags(item->flags() & ~Qt::ItemIsUserCheckable);
     QTest::mouseClick(window.tree->viewport(), Qt::LeftButton, {}, window.middleOf(1));
@@ -197,9 +178,8 @@ void VelaTreeWidgetTest::everyKeyIsToldOfBeforeTheTreeActs()
 {
     QFETCH(const Qt::Key, key);
     QFETCH(const int, row);
-    FolderWindow window(
-        {QStringLiteral("Desktop"), QStringLiteral("Documents"), QStringLiteral("Music"), QStringLiteral("Videos")});
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window(QStringList {QStringLiteral("Desktop"), QStringLiteral("Documents"),
+                                            QStringLiteral("Music"), QStringLiteral("Videos")});
     VelaTreeWidget *tree = window.tree;
     tree->setFocus();
     tree->setCurrentItem(tree->topLevelItem(1));
@@ -217,8 +197,7 @@ void VelaTreeWidgetTest::everyKeyIsToldOfBeforeTheTreeActs()
 
 void VelaTreeWidgetTest::aRightClickIsToldOfBeforeTheTreeActs()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     VelaTreeWidget *tree = window.tree;
     tree->setCurrentItem(tree->topLevelItem(0));
     int count = 0;
@@ -249,8 +228,7 @@ void VelaTreeWidgetTest::otherButtonsAreNotToldOf_data()
 void VelaTreeWidgetTest::otherButtonsAreNotToldOf()
 {
     QFETCH(const Qt::MouseButton, button);
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     QSignalSpy spy(window.tree, &VelaTreeWidget::sigMouseRightClickEvent);
     QTest::mouseClick(window.tree->viewport(), button, {}, window.middleOf(1));
     QCOMPARE(spy.count(), 0);
@@ -284,8 +262,7 @@ void VelaTreeWidgetTest::focusMakesTheTopmostVisibleItemCurrent()
 
 void VelaTreeWidgetTest::focusInAnEmptyTreeLeavesNoItemCurrent()
 {
-    FolderWindow window((QStringList()));
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window((QStringList()));
     QSignalSpy spy(window.tree, &QTreeWidget::currentItemChanged);
     window.tree->setFocus();
     QVERIFY(window.tree->hasFocus());
@@ -369,8 +346,7 @@ void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow()
 
     // In the uppermost pixels of a row: any scrolling would put another one there.
     const QRect clicked = tree->visualItemRect(tree->topLevelItem(32));
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
-                      tree->viewport()->mapTo(&window, QPoint(clicked.center().x(), clicked.top())));
+    window.click(tree->viewport()->mapTo(&window, QPoint(clicked.center().x(), clicked.top())));
     QVERIFY(tree->hasFocus());
     QCOMPARE(tree->indexOfTopLevelItem(tree->currentItem()), 32);
     QVERIFY(tree->topLevelItem(32)->isSelected());
@@ -380,8 +356,7 @@ void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow()
 
 void VelaTreeWidgetTest::aCurrentItemThatIsRemovedMeanwhileStaysRemoved()
 {
-    FolderWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<FolderWindow> window;
     VelaTreeWidget *tree = window.tree;
     tree->setCurrentItem(tree->topLevelItem(0));
     connect(tree, &QTreeWidget::currentItemChanged, tree, [tree](QTreeWidgetItem *current) {
