@@ -108,9 +108,8 @@ private Q_SLOTS:
     void eachHasADelegateOfItsOwn();
     void theDelegateOutlivesOpeningAndANewSheet();
     void theDelegateFollowsTheSheetsRulesForItems();
+    void theDelegateIsDeletedWithTheBox_data();
     void theDelegateIsDeletedWithTheBox();
-    void theDelegateIsDeletedWithTheBoxThoughAnotherIsUsed();
-    void theDelegateIsDeletedWithTheBoxThoughItHasNoConnectionsLeft();
     void theDelegateMayBeDeletedBefore();
     void theListMayBeReplaced();
 
@@ -331,32 +330,29 @@ void VelaComboBoxTest::theDelegateFollowsTheSheetsRulesForItems()
     plain.hidePopup();
 }
 
-void VelaComboBoxTest::theDelegateIsDeletedWithTheBox()
+void VelaComboBoxTest::theDelegateIsDeletedWithTheBox_data()
 {
-    auto box = std::make_unique<VelaComboBox>();
-    const QPointer<QAbstractItemDelegate> delegate = box->view()->itemDelegate();
-    QVERIFY(delegate);
-    box.reset();
-    QVERIFY(!delegate);
+    QTest::addColumn<bool>("isAnotherUsed");
+    QTest::addColumn<bool>("isConnected");
+    QTest::newRow("as it is") << false << true;
+    QTest::newRow("though another is used") << true << true;
+    QTest::newRow("though it has no connections left") << false << false;
 }
 
-void VelaComboBoxTest::theDelegateIsDeletedWithTheBoxThoughAnotherIsUsed()
+void VelaComboBoxTest::theDelegateIsDeletedWithTheBox()
 {
+    QFETCH(bool, isAnotherUsed);
+    QFETCH(bool, isConnected);
     auto box = std::make_unique<VelaComboBox>();
     const QPointer<QAbstractItemDelegate> delegate = box->view()->itemDelegate();
     QStyledItemDelegate other;
-    box->view()->setItemDelegate(&other);
-    QVERIFY(delegate);
-    box.reset();
-    QVERIFY(!delegate);
-}
-
-void VelaComboBoxTest::theDelegateIsDeletedWithTheBoxThoughItHasNoConnectionsLeft()
-{
-    auto box = std::make_unique<VelaComboBox>();
-    const QPointer<QAbstractItemDelegate> delegate = box->view()->itemDelegate();
-    box->disconnect();
-    delegate->disconnect();
+    if (isAnotherUsed) {
+        box->view()->setItemDelegate(&other);
+    }
+    if (!isConnected) {
+        box->disconnect();
+        delegate->disconnect();
+    }
     QVERIFY(delegate);
     box.reset();
     QVERIFY(!delegate);

@@ -28,7 +28,7 @@ int neededHeight(const QLabel &label, int width)
     return plain.heightForWidth(width);
 }
 
-// A label in a window without a layout, so that a test alone decides its size.
+// A label in a window without a layout at first, so that a test alone decides its size.
 class LabelWindow : public TestWindow
 {
 public:
@@ -37,6 +37,14 @@ public:
         resize(700, 500);
         label.setWordWrap(true);
         label.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    }
+
+    // Puts the label into a column, with room below.
+    void layOut()
+    {
+        auto *column = new QVBoxLayout(this);
+        column->addWidget(&label);
+        column->addStretch();
     }
 
     VelaLabel label;
@@ -179,13 +187,9 @@ void VelaLabelTest::itGrowsAsItNarrowsAndShrinksAsItWidens()
 
 void VelaLabelTest::itTakesTheNeededHeightInALayout()
 {
-    QWidget window;
-    auto *column = new QVBoxLayout(&window);
-    auto *label = new VelaLabel(LongText);
-    label->setWordWrap(true);
-    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    column->addWidget(label);
-    column->addStretch();
+    LabelWindow window;
+    VelaLabel *label = &window.label;
+    window.layOut();
     EventCounter resizes(label, QEvent::Resize);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -275,13 +279,9 @@ void VelaLabelTest::aNewTextCountsAtTheNextResize()
 
 void VelaLabelTest::withoutItsMinimumItShrinksForAShorterText()
 {
-    QWidget window;
-    auto *column = new QVBoxLayout(&window);
-    auto *label = new VelaLabel(LongText);
-    label->setWordWrap(true);
-    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    column->addWidget(label);
-    column->addStretch();
+    LabelWindow window;
+    VelaLabel *label = &window.label;
+    window.layOut();
     window.resize(200, 600);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
 
+    void okIsTheDefaultButtonAndAnotherMayBeToo();
     void showSheetReturnsAtOnce();
     void execReturnsWhatDoneIsGiven_data();
     void execReturnsWhatDoneIsGiven();
@@ -85,6 +86,23 @@ void ModalAnswersTest::initTestCase()
 void ModalAnswersTest::cleanup()
 {
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+// It stays what it was when another one becomes it.
+void ModalAnswersTest::okIsTheDefaultButtonAndAnotherMayBeToo()
+{
+    QWidget window;
+    ModalSheet sheet(&window);
+    for (const bool isNoneSet : {false, true}) {
+        if (isNoneSet) {
+            sheet.setDefaultButton(nullptr);
+        }
+        QVERIFY(sheet.ok()->isDefault());
+        QVERIFY(!sheet.cancel()->isDefault());
+    }
+    sheet.setDefaultButton(sheet.cancel());
+    QVERIFY(sheet.cancel()->isDefault());
+    QVERIFY(sheet.ok()->isDefault());
 }
 
 void ModalAnswersTest::showSheetReturnsAtOnce()

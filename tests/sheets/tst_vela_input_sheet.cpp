@@ -128,8 +128,6 @@ private Q_SLOTS:
     void missingTextsShowTheirKeys();
     void theCaptionsComeFromTheStringTable();
     void theStyleSheetsStandUnderTheirKeys();
-    void okIsTheDefaultButton();
-    void anotherButtonCanBeTheDefault();
     void thereIsNoOtherButton();
     void theButtonsHaveNoSizeOfTheirOwn();
     void theButtonBoxHasNoStyleOfItsOwn();
@@ -207,22 +205,6 @@ void VelaInputSheetTest::theStyleSheetsStandUnderTheirKeys()
     QCOMPARE(sheet.button(QMessageBox::Ok)->styleSheet(), sheetOf("component.apply_button"));
     QCOMPARE(sheet.button(QMessageBox::Discard)->styleSheet(), sheetOf("component.cancel_button"));
     QCOMPARE(sheet.getLineEdit()->styleSheet(), sheetOf("component.lineedit"));
-}
-
-void VelaInputSheetTest::okIsTheDefaultButton()
-{
-    const VelaInputSheet sheet;
-    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
-    QVERIFY(!sheet.button(QMessageBox::Discard)->isDefault());
-}
-
-void VelaInputSheetTest::anotherButtonCanBeTheDefault()
-{
-    VelaInputSheet sheet;
-    sheet.setDefaultButton(nullptr);
-    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
-    sheet.setDefaultButton(sheet.button(QMessageBox::Discard));
-    QVERIFY(sheet.button(QMessageBox::Discard)->isDefault());
 }
 
 void VelaInputSheetTest::thereIsNoOtherButton()

@@ -28,6 +28,18 @@ constexpr QSize ContentSize(80, 60);
 constexpr QRect ButtonPlace(10, 10, 60, 30);
 constexpr QRect FieldPlace(10, 190, 120, 30);
 
+// A panel of fixed size as content of a mask; without one of its own its colour would be the mask's.
+class Panel : public QWidget
+{
+public:
+    explicit Panel(QWidget *parent = nullptr) : QWidget(parent)
+    {
+        setPalette(QPalette(Qt::yellow));
+        setAutoFillBackground(true);
+        setFixedSize(ContentSize);
+    }
+};
+
 // A white window with a button at its top left and a field, which has the focus, at its bottom left.
 class CoveredWindow : public TestWindow
 {
@@ -41,22 +53,17 @@ public:
         resize(WindowSize);
     }
 
+    // Puts a mask with a panel over the window.
+    Panel *cover()
+    {
+        auto *content = new Panel;
+        VelaMask::createMask(content, this, Dimming);
+        return content;
+    }
     VelaMask *mask() const { return findChild<VelaMask *>(); }
 
     QPushButton *const button;
     QLineEdit *const field;
-};
-
-// A panel of fixed size as content of a mask; without one of its own its colour would be the mask's.
-class Panel : public QWidget
-{
-public:
-    explicit Panel(QWidget *parent = nullptr) : QWidget(parent)
-    {
-        setPalette(QPalette(Qt::yellow));
-        setAutoFillBackground(true);
-        setFixedSize(ContentSize);
-    }
 };
 
 // A channel of above drawn over an opaque below.
@@ -383,8 +390,7 @@ void VelaMaskTest::theContentIsNotDimmed()
 void VelaMaskTest::aNewMaskIsNotShown()
 {
     Shown<CoveredWindow> window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     QVERIFY(window.mask()->isHidden());
     QCoreApplication::processEvents();
     QVERIFY(window.mask()->isHidden());
@@ -394,8 +400,7 @@ void VelaMaskTest::aNewMaskIsNotShown()
 void VelaMaskTest::showingAndHidingTheContentShowsAndHidesTheMask()
 {
     Shown<CoveredWindow> window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     for (int i = 0; i < 3; ++i) {
         content->show();
         QVERIFY(window.mask()->isVisible());
@@ -409,8 +414,7 @@ void VelaMaskTest::showingAndHidingTheContentShowsAndHidesTheMask()
 void VelaMaskTest::theMaskOfAHiddenWindowIsShownWithIt()
 {
     CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     content->show();
     QVERIFY(!window.mask()->isVisible());
     QVERIFY(window.showAndWait());
@@ -493,8 +497,7 @@ void VelaMaskTest::theMaskIsAsLargeAsTheWindow()
 void VelaMaskTest::theMaskFollowsTheWindowsSize()
 {
     CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     QVERIFY(window.showAndWait());
     for (const bool isShown : {true, false}) {
         content->setVisible(isShown);
@@ -544,10 +547,8 @@ void VelaMaskTest::onlyTheCoveredWidgetIsWatched()
 
 void VelaMaskTest::theMaskIsNeverMoved()
 {
-    CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
+    Panel *content = window.cover();
     content->show();
     window.mask()->move(7, 8);
     window.resize(WindowSize + QSize(10, 10));
@@ -595,11 +596,8 @@ void VelaMaskTest::theParentsFilterLooksAtResizesOfTheParentAlone()
 
 void VelaMaskTest::clicksLandOnTheMask()
 {
-    CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
-    QVERIFY(window.showAndWait());
-    content->show();
+    Shown<CoveredWindow> window;
+    window.cover()->show();
     const QSignalSpy clicked(window.button, &QPushButton::clicked);
     EventCounter onMask(window.mask(), QEvent::MouseButtonPress);
     window.click(ButtonPlace.center());
@@ -613,11 +611,8 @@ void VelaMaskTest::clicksLandOnTheMask()
 
 void VelaMaskTest::theMaskPassesClicksOnToTheCoveredWidget()
 {
-    CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
-    QVERIFY(window.showAndWait());
-    content->show();
+    Shown<CoveredWindow> window;
+    window.cover()->show();
     EventCounter onWindow(&window, QEvent::MouseButtonPress);
     window.click(ButtonPlace.center());
     QCOMPARE(onWindow.take(), 1); // as any widget does that handles no input
@@ -625,10 +620,8 @@ void VelaMaskTest::theMaskPassesClicksOnToTheCoveredWidget()
 
 void VelaMaskTest::aHiddenMaskKeepsNoClicks()
 {
-    CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
-    QVERIFY(window.showAndWait());
+    Shown<CoveredWindow> window;
+    Panel *content = window.cover();
     content->show();
     content->hide();
     const QSignalSpy clicked(window.button, &QPushButton::clicked);
@@ -638,11 +631,8 @@ void VelaMaskTest::aHiddenMaskKeepsNoClicks()
 
 void VelaMaskTest::keysReachTheFocusedWidgetBeneath()
 {
-    CoveredWindow window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
-    QVERIFY(window.showAndWait());
-    content->show();
+    Shown<CoveredWindow> window;
+    window.cover()->show();
     window.click(ButtonPlace.center());
     QTest::keyClick(window.windowHandle(), Qt::Key_A);
     QCOMPARE(window.field->text(), QStringLiteral("a"));
@@ -715,8 +705,7 @@ void VelaMaskTest::contentInANewMaskLeavesTheFormerOneAlone()
 void VelaMaskTest::contentThatComesBackHasItsMaskAgain()
 {
     Shown<CoveredWindow> window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     content->show();
     content->setParent(nullptr);
     content->show();
@@ -748,8 +737,7 @@ void VelaMaskTest::anEmptyMaskWatchesNothing()
     CoveredWindow window;
     CoveredWindow other;
     QVERIFY(window.showAndWait());
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     content->show();
     VelaMask *mask = window.mask();
     if (isContentDeleted) {
@@ -804,8 +792,7 @@ void VelaMaskTest::aMaskMayBeDeletedWhileItIsShown()
 {
     QFETCH(bool, isContentFirst);
     Shown<CoveredWindow> window;
-    auto *content = new Panel;
-    VelaMask::createMask(content, &window, Dimming);
+    Panel *content = window.cover();
     content->show();
     if (isContentFirst) {
         content->lower(); // children are deleted in their stacking order

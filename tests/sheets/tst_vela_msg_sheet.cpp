@@ -57,9 +57,6 @@ private Q_SLOTS:
     void aClickAfterNewTypesAnswersOnce();
     void theTypeMayChangeWhileTheAnswerIsReported();
 
-    void okIsTheDefaultButton();
-    void anotherButtonMayBeTheDefault();
-    void noButtonAsDefaultChangesNothing();
     void buttonsAreFoundByTheirCodes();
 };
 
@@ -568,32 +565,6 @@ void VelaMessageSheetTest::theTypeMayChangeWhileTheAnswerIsReported()
     sheet.showSheet();
     sheet.button(QMessageBox::Ok)->click();
     QCOMPARE(codesOf(sheet), QList<int>());
-}
-
-void VelaMessageSheetTest::okIsTheDefaultButton()
-{
-    Host host;
-    const VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &host);
-    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
-    QVERIFY(!sheet.button(QMessageBox::Discard)->isDefault());
-}
-
-void VelaMessageSheetTest::anotherButtonMayBeTheDefault()
-{
-    Host host;
-    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &host);
-    sheet.setDefaultButton(sheet.button(QMessageBox::Discard));
-    QVERIFY(sheet.button(QMessageBox::Discard)->isDefault());
-    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault()); // it stays what it was
-}
-
-void VelaMessageSheetTest::noButtonAsDefaultChangesNothing()
-{
-    Host host;
-    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &host);
-    sheet.setDefaultButton(nullptr);
-    QVERIFY(sheet.button(QMessageBox::Ok)->isDefault());
-    QVERIFY(!sheet.button(QMessageBox::Discard)->isDefault());
 }
 
 void VelaMessageSheetTest::buttonsAreFoundByTheirCodes()

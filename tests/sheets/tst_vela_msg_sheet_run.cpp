@@ -201,15 +201,17 @@ void VelaMessageSheetRunTest::otherTypesAreNotAnimated()
 
 void VelaMessageSheetRunTest::escapeOnAnInformationSheetIsSwallowed()
 {
-    ShownMessage shown(VelaMessageSheet::InfoMessage);
-    const int answer = shown.execute([&] {
-        shown.window.press(Qt::Key_Escape);
-        shown.window.send(Qt::Key_Escape);
-        QVERIFY(shown.sheet->isVisible());
-        shown.sheet->done(3);
-    });
-    QCOMPARE(answer, 3);
-    QCOMPARE(shown.window.keys, 0);
+    for (const auto type : {VelaMessageSheet::InfoMessage, VelaMessageSheet::WarningMessage}) {
+        ShownMessage shown(type);
+        const int answer = shown.execute([&] {
+            shown.window.press(Qt::Key_Escape);
+            shown.window.send(Qt::Key_Escape);
+            QVERIFY(shown.sheet->isVisible());
+            shown.sheet->done(3);
+        });
+        QCOMPARE(answer, 3);
+        QCOMPARE(shown.window.keys, 0);
+    }
 }
 
 void VelaMessageSheetRunTest::enterOnAProcessingSheetIsSwallowed()
@@ -251,7 +253,6 @@ void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<bool>("hasInformativeText");
-    QTest::newRow("a question") << int(VelaMessageSheet::QuestionMessage) << false;
     QTest::newRow("a question with more to say") << int(VelaMessageSheet::QuestionMessage) << true;
     QTest::newRow("an information") << int(VelaMessageSheet::InfoMessage) << false;
     QTest::newRow("a message without buttons") << int(VelaMessageSheet::AppMessage) << false;

@@ -159,6 +159,11 @@ void ModalSheet::setBlockWindowButton(bool block)
     use([block](auto *sheet) { sheet->setBlockWindowButton(block); });
 }
 
+void ModalSheet::setDefaultButton(QPushButton *button)
+{
+    use([button](auto *sheet) { sheet->setDefaultButton(button); });
+}
+
 QPushButton *ModalSheet::button(QMessageBox::StandardButton which) const
 {
     return use([which](auto *sheet) { return sheet->button(which); });

@@ -89,6 +89,7 @@ public:
     void quit();
     void buttonClick(QAbstractButton *button);
     void setBlockWindowButton(bool block);
+    void setDefaultButton(QPushButton *button);
     QPushButton *button(QMessageBox::StandardButton which) const;
     QPushButton *ok() const;
     QPushButton *cancel() const;
