@@ -105,7 +105,8 @@ private:
     void addControls()
     {
         for (int kind = VelaButton::ApplyButton; kind <= VelaButton::RedButton; ++kind) {
-            (new VelaButton(QStringLiteral("text"), kind))->setParent(this);
+            auto *button = new VelaButton(QStringLiteral("text"), kind);
+            button->setParent(this);
         }
         auto *iconButton = new VelaIconButton(QPixmap());
         iconButton->setParent(this);
