@@ -13,7 +13,7 @@ include_guard(GLOBAL)
 #   SOURCE       files that lie over the reference theme's source: new ones are added, those of the same name replace it,
 #                and images.json is joined to it
 #   DESTINATION  where the theme is installed; without one it is not
-#   NO_CHECK     makes no test of it
+#   NO_CHECK     makes no test that runs "vela-theme check" on it
 # The theme's README.md tells what a source is made of.
 
 # Roles that come from another one where a palette changes that and does not list them: the role, where it comes from, and how
@@ -66,8 +66,8 @@ function(vela_add_theme)
 
     add_custom_target(${theme_NAME}-theme ALL DEPENDS ${rendered})
     set_target_properties(${theme_NAME}-theme PROPERTIES VELA_THEME_DIR "${theme_OUTPUT}")
-    if(TARGET vela-theme AND NOT theme_NO_CHECK)
-        add_test(NAME ${theme_NAME}-theme COMMAND vela-theme check "${theme_OUTPUT}")
+    if(TARGET Vela::vela-theme AND NOT theme_NO_CHECK)
+        add_test(NAME ${theme_NAME}-theme COMMAND "$<TARGET_FILE:Vela::vela-theme>" check "${theme_OUTPUT}")
     endif()
     if(theme_DESTINATION)
         install(DIRECTORY "${theme_OUTPUT}/" DESTINATION "${theme_DESTINATION}")

@@ -7,6 +7,8 @@
 #include "contract.h"
 #include "findings.h"
 #include "platform.h"
+#include "theme-diff.h"
+#include "theme-source.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -87,15 +89,60 @@ int runCheck(const Call &call)
     if (!folder.exists()) {
         return fail(QStringLiteral("There is no theme folder '%1'.").arg(call.arguments.first()));
     }
+    const BuiltTheme theme(folder.absolutePath());
+    if (!theme.errorText().isEmpty()) {
+        return fail(theme.errorText());
+    }
     if (call.parser.isSet(QStringLiteral("memory"))) {
-        print(stdout, memoryForecast(folder.absolutePath()));
+        print(stdout, memoryForecast(theme.path()));
         return Clean;
     }
-    const Findings findings = checkTheme(folder.absolutePath());
+    const Findings findings = checkTheme(theme.path());
     const QString shown = QDir::cleanPath(call.arguments.first());
     print(stdout,
           format == QLatin1String("json") ? QString::fromUtf8(asJson(findings, shown)) : asText(findings, shown));
     return findings.all().isEmpty() ? Clean : Found;
+}
+
+int runNew(const Call &call)
+{
+    if (call.arguments.size() != 1 || !call.parser.isSet(QStringLiteral("accent"))) {
+        return fail(QStringLiteral("'new' takes a folder and --accent, for instance --accent #0a7f5a."));
+    }
+    const QString error = writeThemeSource(call.arguments.first(), call.parser.value(QStringLiteral("accent")),
+                                           call.parser.value(QStringLiteral("base")));
+    return error.isEmpty() ? Clean : fail(error);
+}
+
+int runDiff(const Call &call)
+{
+    if (call.arguments.size() != 2) {
+        return fail(QStringLiteral("'diff' takes two theme folders, or two contracts."));
+    }
+    QStringList paths;
+    std::unique_ptr<BuiltTheme> themes[2];
+    for (int i = 0; i < 2; ++i) {
+        const QFileInfo path(call.arguments.at(i));
+        if (!path.exists()) {
+            return fail(QStringLiteral("There is no '%1'.").arg(call.arguments.at(i)));
+        }
+        themes[i] = std::make_unique<BuiltTheme>(path.absoluteFilePath());
+        if (!themes[i]->errorText().isEmpty()) {
+            return fail(themes[i]->errorText());
+        }
+        paths.append(themes[i]->path());
+    }
+    QString error;
+    const bool areFolders = QFileInfo(paths.at(0)).isDir() && QFileInfo(paths.at(1)).isDir();
+    const QStringList lines =
+        areFolders ? themeDifferences(paths.at(0), paths.at(1)) : contractDifferences(paths.at(0), paths.at(1), &error);
+    if (!error.isEmpty()) {
+        return fail(error);
+    }
+    for (const QString &line : lines) {
+        print(stdout, line + u'\n');
+    }
+    return lines.isEmpty() ? Clean : Found;
 }
 
 struct Command
@@ -123,6 +170,18 @@ const Command Commands[] = {
          };
      },
      runCheck, true},
+    {"new", "DIR", "Writes the source of a theme in the colours of an accent, with its CMake file.",
+     [] {
+         return QList<QCommandLineOption> {
+             {QStringLiteral("accent"), QStringLiteral("The theme's accent."), QStringLiteral("#RRGGBB")},
+             {QStringLiteral("base"),
+              QStringLiteral("The reference palette for all else: light, dark or high-contrast."),
+              QStringLiteral("PALETTE"), QStringLiteral("light")},
+         };
+     },
+     runNew, false},
+    {"diff", "A B", "Tells what changes from one theme to another, or from one contract (a JSON file) to another.",
+     [] { return QList<QCommandLineOption>(); }, runDiff, true},
 };
 
 const char Examples[] = R"(
@@ -131,9 +190,13 @@ Examples:
       my-theme/styles/buttons.qss:12: error: no colour: #12345 [color-invalid]
   vela-theme check --explain color-invalid  what a rule is about
   vela-theme contract --format markdown     what a theme must hold
+  vela-theme new my-theme --accent #0a7f5a  a theme to begin with
+  vela-theme diff my-theme other-theme      what changes, by section, image and text
 
 A finding of a style sheet is silenced by a comment in front of it:
   /* vela-theme: allow RULE: REASON */
+
+DIR is a theme's folder, or the source of one as "new" writes it.
 
 Exit code: 0 if nothing was found, 1 if something was, 2 if it could not be done.
 )";

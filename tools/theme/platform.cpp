@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QTemporaryDir>
 #include <QtGlobal>
 
 namespace {
@@ -24,6 +25,10 @@ void preparePlatform()
     }
     if (qEnvironmentVariableIsEmpty("QT_FONT_DPI")) {
         qputenv("QT_FONT_DPI", "96"); // of itself the platform has 100, which is no scale that anybody has
+    }
+    static const QTemporaryDir runtime; // without one the toolkit complains
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     }
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
