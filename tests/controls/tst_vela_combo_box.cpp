@@ -21,7 +21,7 @@ namespace {
 const QString Border = QStringLiteral("border: 1px solid #C8D2DC;");
 const QString ScrollBarSheet = QStringLiteral("\nQScrollBar:vertical { width: %1px }");
 
-constexpr double OddScale = 100.0 / 96.0; // of OddDpi
+constexpr double OddScale = 100.0 / 96.0; // scale that OddDpi gives
 const QString OddDpi = QStringLiteral("100");
 
 const char FullTemplate[] = "QComboBox { min-width: 111px; background: yellow; combobox-popup: 0; %1\n%2 }\n"

@@ -10,7 +10,7 @@ class QWidget;
 // Window hints in place of those on an X server, for tests that compile in what takes close buttons away: a number
 // stands for what a window's hints are.
 
-constexpr int FakeHintsAway = -1; // while the close button is
+constexpr int FakeHintsAway = -1; // hints of a window whose close button is away
 
 /// Of the windows that have some.
 QHash<const QWidget *, int> &fakeHints();

@@ -13,7 +13,7 @@ using namespace Vela::Private;
 
 namespace {
 
-constexpr int Hints = 7; // of a window at first
+constexpr int Hints = 7; // hints of a window at first
 
 class HintedWindow : public QWidget
 {

@@ -17,7 +17,7 @@ using Vela::Private::SheetStack;
 
 namespace {
 
-constexpr int Hints = 7; // of a window at first
+constexpr int Hints = 7; // hints of a window at first
 
 // A sheet with nothing in it and a run that is its own child, as those of the library are.
 class BareSheet : public VelaSheet

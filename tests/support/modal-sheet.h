@@ -21,7 +21,7 @@ class VelaSheet;
 
 constexpr int OkCode = 0x400;
 constexpr int CancelCode = 0x800000;
-constexpr int NoAnswer = -1; // of a sheet that nobody answered in time
+constexpr int NoAnswer = -1; // result of a sheet that nobody answered in time
 constexpr int Patience = 10000; // milliseconds
 
 /// Makes the start-up calls with what sheets ask for: images, captions "OK" and "Cancel", style sheets.
@@ -100,9 +100,9 @@ private:
     template<typename Use>
     auto use(const Use &use) const;
 
-    QPointer<VelaSheet> m_sheet; // which dies with its window, unless it waits
-    VelaMessageSheet *m_message = nullptr; // one of these is the sheet
-    VelaInputSheet *m_input = nullptr;
+    QPointer<VelaSheet> m_sheet; // null once it has died with its window
+    VelaMessageSheet *m_message = nullptr; // the sheet if it is a message
+    VelaInputSheet *m_input = nullptr; // the sheet if it is an input sheet
 };
 
 /// A sheet of the current kind over a window that is active. The window can be closed: each run that takes its close

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr char Property[] = "_MOTIF_WM_HINTS";
-const QVector<quint32> Away {1, 0, 6, 0, 0}; // while the close button is
+const QVector<quint32> Away {1, 0, 6, 0, 0}; // hints of a window whose close button is away
 
 } // namespace
 

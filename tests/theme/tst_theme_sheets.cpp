@@ -23,7 +23,7 @@ namespace {
 
 constexpr double ReadableContrast = 4.5;
 constexpr double DisabledContrast = 3.0;
-constexpr double VisibleContrast = 3.0; // of a focus ring
+constexpr double VisibleContrast = 3.0; // least contrast of a focus ring
 
 // What an unpainted widget may stand on.
 const QStringList Pages = {QStringLiteral("#FFFFFF"), QStringLiteral("#F5F7FA")};
