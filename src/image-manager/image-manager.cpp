@@ -109,8 +109,8 @@ void ImageManager::lazyLoad(const QString &name)
 
 void ImageManager::prepareImages()
 {
-    for (auto &entry : m_images) {
-        load(entry.second);
+    for (ImageFile &image : m_images) {
+        load(image);
     }
 }
 
@@ -158,22 +158,22 @@ QString ImageManager::getTempImageFullPath(const QString &name)
 
 QPixmap ImageManager::getImage(const QString &name, ImageType type)
 {
-    const auto entry = m_images.find(name);
-    if (entry == m_images.end()) {
+    auto entry = m_images.constFind(name);
+    if (entry == m_images.constEnd()) {
         qCWarning(debug_message) << "Cannot load pixmap" << name;
         return QPixmap();
     }
 
-    const ImageFile &image = entry->second;
-    if (m_type == INIT_LAZY && !image.loaded) {
+    if (m_type == INIT_LAZY && !entry->loaded) {
         lazyLoad(name);
+        entry = m_images.constFind(name);
     }
     const bool isVariant = type >= 0 && type < ImageFile::VariantCount;
-    if (!isVariant || image.names[type].isEmpty()) {
+    if (!isVariant || entry->names[type].isEmpty()) {
         qCWarning(debug_message) << "Cannot load pixmap" << name << "with type" << int(type) << "[use default icon]";
-        return image.pixmaps[IMAGE_NORMAL];
+        return entry->pixmaps[IMAGE_NORMAL];
     }
-    return image.pixmaps[type];
+    return entry->pixmaps[type];
 }
 
 const QString &ImageManager::getImageFolder()

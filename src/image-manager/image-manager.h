@@ -5,10 +5,9 @@
 
 #include "vela_export.h"
 
+#include <QHash>
 #include <QPixmap>
 #include <QString>
-
-#include <map>
 
 /// The application's images by name and state, sized for the screen.
 ///
@@ -84,7 +83,7 @@ private:
     InitializeType m_type = INIT_PRELOAD;
     QString m_imageFolder;
     QString m_tempImageFolder;
-    std::map<QString, ImageFile> m_images;
+    QHash<QString, ImageFile> m_images;
 };
 
 /// The same as ImageManager::getImage(); @p name is UTF-8.

@@ -186,6 +186,7 @@ private Q_SLOTS:
     void edgesAreScaledWithoutSmoothing();
     void theNormalVariantsAreUsed();
     void imagesAreFetchedAfreshAtEachPaint();
+    void edgesFollowTheSizeAndTheImagesOfEachPaint();
     void aSheetSmallerThanItsShadowHasNoEdges_data();
     void aSheetSmallerThanItsShadowHasNoEdges();
     void noFrameIsDrawn();
@@ -547,6 +548,30 @@ void VelaSheetTest::imagesAreFetchedAfreshAtEachPaint()
         const QImage painted = paintedImage(&sheet);
         for (int i = 0; i < PieceCount; ++i) {
             QCOMPARE(painted.pixelColor(placeOf(Pieces[i], sheet.size()).center()), plainColor(i, set));
+        }
+    }
+}
+
+void VelaSheetTest::edgesFollowTheSizeAndTheImagesOfEachPaint()
+{
+    Sheet sheet;
+    for (const int fileSize : {FileSize, 64, FileSize}) {
+        installImages([fileSize](int piece) {
+            QImage image(fileSize, fileSize, QImage::Format_RGB32);
+            for (int y = 0; y < fileSize; ++y) {
+                for (int x = 0; x < fileSize; ++x) {
+                    image.setPixel(x, y, qRgb(x * 20, y * 20, piece * 30)); // no pixel like the next one
+                }
+            }
+            return image;
+        });
+        for (const QSize &size : {QSize(200, 150), QSize(260, 150), QSize(260, 210), QSize(200, 150)}) {
+            sheet.resize(size);
+            Sheet fresh;
+            fresh.resize(size);
+            const QImage expected = fresh.grab().toImage();
+            QCOMPARE(sheet.grab().toImage(), expected);
+            QCOMPARE(sheet.grab().toImage(), expected);
         }
     }
 }
