@@ -62,6 +62,7 @@ public:
     QIcon hoverIcon;
     QIcon disableIcon;
     QSize iconSize; // logical pixels
+    bool isInitialized = false;
 };
 
 // Shows icon in the icons' own size, which is not applied before.
@@ -130,8 +131,9 @@ void VelaIconButton::initialize()
 {
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    Look::setFirstStyleSheet(this, Look::sheet(Style::IconButton));
+    setStyleSheet(Look::sheet(Style::IconButton));
     setPopupMode(QToolButton::InstantPopup);
+    d->isInitialized = true;
 }
 
 void VelaIconButton::enterEvent(QEvent *event)
@@ -172,8 +174,12 @@ void VelaIconButton::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
 }
 
+// The first sheet is only kept: what the toolkit wants to know of it, it asks again when the button gets its parent.
 void VelaIconButton::changeEvent(QEvent *event)
 {
+    if (!d->isInitialized) {
+        return;
+    }
     if (event->type() == QEvent::EnabledChange) {
         d->showIdle();
     }

@@ -24,17 +24,22 @@ constexpr QSize ButtonSize(34, 24);
 class VelaFilterBarPrivate
 {
 public:
-    void createSearchButton(VelaFilterBar *bar);
+    void createSearchButton();
+    void placeSearchButton(VelaFilterBar *bar);
 
     VelaIconButton *searchButton = nullptr;
 };
 
-void VelaFilterBarPrivate::createSearchButton(VelaFilterBar *bar)
+void VelaFilterBarPrivate::createSearchButton()
 {
     searchButton = new VelaIconButton(Look::nameOf(Image::SearchMenu));
     searchButton->setFocusPolicy(Qt::NoFocus);
-    searchButton->setParent(bar);
     searchButton->setStyleSheet(Look::sheet(Style::FilterSearchButton));
+}
+
+void VelaFilterBarPrivate::placeSearchButton(VelaFilterBar *bar)
+{
+    searchButton->setParent(bar);
     searchButton->move(scaled(ButtonPosition.x()), scaled(ButtonPosition.y()));
     searchButton->setCursor(Qt::ArrowCursor);
     searchButton->setFixedSize(scaled(ButtonSize.width()), scaled(ButtonSize.height()));
@@ -43,9 +48,10 @@ void VelaFilterBarPrivate::createSearchButton(VelaFilterBar *bar)
 VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_unique<VelaFilterBarPrivate>())
 {
     setAttribute(Qt::WA_MacShowFocusRect, false);
-    d->createSearchButton(this);
+    d->createSearchButton();
     const QString fieldSheet = Look::sheet(Style::LineEdit);
     setStyleSheet(fieldSheet + Look::sheet(Style::FilterBarPadding));
+    d->placeSearchButton(this); // not before, as it would be styled anew with each sheet
     setFixedHeight(scaled(Metric::FieldHeight));
     connect(this, &QLineEdit::returnPressed, this, &VelaFilterBar::slotKeywordChange);
 }
