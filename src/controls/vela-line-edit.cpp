@@ -5,6 +5,7 @@
 
 #include "look/look_p.h"
 #include "scale/scaled.h"
+#include "utils/accessible-event_p.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -53,6 +54,7 @@ VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_uniqu
     d->layout->addWidget(d->preLabel);
     d->layout->addWidget(d->lineEdit);
     d->layout->addWidget(d->postLabel);
+    setFocusProxy(d->lineEdit);
 }
 
 VelaLineEdit::~VelaLineEdit() = default;
@@ -94,6 +96,7 @@ void VelaLineEdit::setError(bool error)
     d->lineEdit->setProperty("error", error);
     d->lineEdit->style()->polish(d->lineEdit);
     d->lineEdit->update();
+    tellScreenReaders(d->lineEdit, QAccessible::DescriptionChanged);
 }
 
 bool VelaLineEdit::hasError() const

@@ -184,7 +184,9 @@ void VelaCalanderViewPrivate::handleNavigationBar()
     }
     handleArrow("qt_calendar_prevmonth", Text::CalendarPreviousMonth, Image::PagingFirst);
     handleArrow("qt_calendar_nextmonth", Text::CalendarNextMonth, Image::PagingLast);
-    child<QSpinBox>("qt_calendar_yearedit")->setAttribute(Qt::WA_MacShowFocusRect, false);
+    auto *yearEdit = child<QSpinBox>("qt_calendar_yearedit");
+    yearEdit->setAttribute(Qt::WA_MacShowFocusRect, false);
+    yearEdit->setAccessibleName(Look::spoken(SpokenText::Year));
 
     auto *bar = child<QWidget>("qt_calendar_navigationbar");
     bar->setAutoFillBackground(false);

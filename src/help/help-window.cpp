@@ -85,6 +85,7 @@ HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent) :
     d->browser = new Browser(this);
     d->browser->setSearchPaths({d->offlinePath});
     d->browser->setOpenExternalLinks(true);
+    d->browser->setAccessibleName(Look::spoken(SpokenText::Help));
 
     retrieveHelpContent();
 

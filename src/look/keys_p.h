@@ -333,7 +333,7 @@ constexpr SpokenTextEntry SpokenTextEntries[] = {
     {SpokenText::Filter, "accessible_filter", "Filter", "VelaFilterBar (name, unless the application gives one)"},
     {SpokenText::FilterMenu, "accessible_filter_menu", "Filter options", "VelaFilterBar (name of the menu's button)"},
     {SpokenText::Folders, "accessible_folders", "Folders", "VelaTreeWidget (name, unless the application gives one)"},
-    {SpokenText::Help, "accessible_help", "Help", "HelpWindow (name of the page, unless it has a title)"},
+    {SpokenText::Help, "accessible_help", "Help", "HelpWindow (name of the page)"},
     {SpokenText::InvalidEntry, "accessible_invalid", "Invalid entry",
      "VelaLineEdit (description of a field that looks wrong)"},
     {SpokenText::Level, "accessible_level", "Level %1", "VelaTreeWidget (description of a row)", "%1"},

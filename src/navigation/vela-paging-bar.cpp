@@ -6,6 +6,7 @@
 #include "controls/vela-button.h"
 #include "look/look_p.h"
 #include "scale/scaled.h"
+#include "utils/accessible-event_p.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -294,6 +295,7 @@ void VelaPagingBar::setPage(int page)
     d->navigationButtons[FirstPage]->setEnabled(page != 1);
     d->navigationButtons[BackFive]->setEnabled(page != 1);
     d->model->setNowPage(page);
+    tellScreenReaders(this, QAccessible::DescriptionChanged);
 }
 
 void VelaPagingBar::reset()

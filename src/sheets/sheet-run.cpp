@@ -5,6 +5,7 @@
 
 #include "sheets/sheet-stack_p.h"
 #include "sheets/vela-sheet.h"
+#include "utils/accessible-event_p.h"
 
 #include <QEvent>
 #include <QScopeGuard>
@@ -66,12 +67,20 @@ void SheetRun::comeUp()
     m_focus.remember();
     SheetStack::push(m_sheet);
     m_keys.keep();
+    announce(QAccessible::DialogStart);
 }
 
 void SheetRun::goDown()
 {
     SheetStack::remove(m_sheet);
     m_keys.release();
+}
+
+// To screen readers, for which the window holds nothing but its uppermost sheet.
+void SheetRun::announce(QAccessible::Event change)
+{
+    tellScreenReaders(m_sheet, change);
+    tellScreenReaders(m_window, QAccessible::ObjectReorder);
 }
 
 // Ends the wait without an answer, unless there is one already.
@@ -180,8 +189,12 @@ void SheetRun::end(int result)
         m_loop->exit(result);
     }
     m_window->removeEventFilter(m_sheet);
+    const bool wasUp = isUp();
     m_state = State::Answering;
     goDown();
+    if (wasUp) {
+        announce(QAccessible::DialogEnd);
+    }
     m_focus.giveBack();
     m_sheet->hide();
     m_focus.letGo();

@@ -7,6 +7,7 @@
 #include "sheets/sheet-focus_p.h"
 #include "sheets/sheet-keys_p.h"
 
+#include <QAccessible>
 #include <QEventLoop>
 #include <QObject>
 #include <QPointer>
@@ -60,6 +61,7 @@ private:
     bool isUp() const;
     void comeUp();
     void goDown();
+    void announce(QAccessible::Event change);
     void endWait();
     void watchAncestors();
     void followToWindow();

@@ -4,6 +4,7 @@
 #include "sheets/vela-countdown-msg-box.h"
 
 #include "look/look_p.h"
+#include "utils/accessible-event_p.h"
 
 #include <QEvent>
 #include <QPointer>
@@ -11,24 +12,39 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Vela;
 
 namespace {
 
 constexpr int Second = 1000; // milliseconds
 constexpr int VisibleClick = 100; // milliseconds that the automatic click is seen
+constexpr qint64 AnnouncedCounts[] = {10, 0}; // besides the first; to hear all of them would be too much
 
 } // namespace
 
 class VelaCountdownMessageBoxPrivate
 {
 public:
+    static void announceCount(VelaCountdownMessageBox *box);
+
     QTimer timer;
     qint64 remaining = 0; // seconds left, perhaps one less than the least int
     bool isAnswered = false; // whether it was answered since it was last shown
     QPointer<QPushButton> clicked; // button that clicks itself: seen pressed, its click still to come
     bool isClickVoid = false;
 };
+
+// A screen reader tells of a description that has changed where the focus is.
+void VelaCountdownMessageBoxPrivate::announceCount(VelaCountdownMessageBox *box)
+{
+    tellScreenReaders(box, QAccessible::DescriptionChanged);
+    if (QAbstractButton *ok = box->button(QMessageBox::Ok)) {
+        tellScreenReaders(ok, QAccessible::DescriptionChanged);
+    }
+}
 
 VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
     QMessageBox(parent), d(std::make_unique<VelaCountdownMessageBoxPrivate>())
@@ -65,6 +81,7 @@ void VelaCountdownMessageBox::showEvent(QShowEvent *event)
     QMessageBox::showEvent(event);
     d->isAnswered = false;
     slotTick();
+    d->announceCount(this);
     d->timer.start();
 }
 
@@ -73,6 +90,10 @@ void VelaCountdownMessageBox::slotTick()
     --d->remaining;
     if (d->remaining >= 0) {
         updateButtonText();
+        if (std::find(std::begin(AnnouncedCounts), std::end(AnnouncedCounts), d->remaining)
+            != std::end(AnnouncedCounts)) {
+            d->announceCount(this);
+        }
         return;
     }
     d->timer.stop();

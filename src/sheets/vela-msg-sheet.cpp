@@ -5,6 +5,7 @@
 
 #include "scale/scaled.h"
 #include "sheets/vela-msg-sheet_p.h"
+#include "utils/accessible-event_p.h"
 
 #include <QDialogButtonBox>
 #include <QKeyEvent>
@@ -201,6 +202,7 @@ void VelaMessageSheet::showEvent(QShowEvent *event)
     markFirstFocusWidget();
     markLastFocusWidget();
     VelaSheet::showEvent(event);
+    Vela::tellScreenReaders(this, QAccessible::Alert); // as of a message box
 }
 
 void VelaMessageSheet::markFirstFocusWidget()

@@ -7,6 +7,7 @@
 #include "style-manager/sheet-sections_p.h"
 #include "utils/debug-message.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <algorithm>
@@ -14,6 +15,12 @@
 #include <numeric>
 #include <string_view>
 #include <utility>
+
+// In the room above all others, which none of them knows. It is to be there before the first widget, also in a static
+// library, of which a program gets nothing that is not named.
+namespace Vela::Accessible {
+void install();
+}
 
 namespace {
 
@@ -89,6 +96,11 @@ void insertImageFolders(QByteArray &text)
 StyleManager *StyleManager::getInstance()
 {
     static StyleManager instance;
+    static bool isInstalled = false;
+    if (!isInstalled && QCoreApplication::instance()) {
+        Vela::Accessible::install();
+        isInstalled = true;
+    }
     return &instance;
 }
 

@@ -32,7 +32,6 @@ private Q_SLOTS:
     void aMenuTellsItsItems();
     void aFootbarHoldsItsControlsInTheirOrder();
     void theButtonOfAFilterBarTellsThatItHasAMenu();
-    void anIconButtonIsNamedByItsClientAndDescribedByItsToolTip();
     void aFieldIsNamedByItsClientAndTellsItsText();
     void aComboBoxTellsItsCurrentText();
     void aDisabledControlSaysSo();
@@ -181,18 +180,6 @@ void AccessibleControlsTest::theButtonOfAFilterBarTellsThatItHasAMenu()
     QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(button);
     QCOMPARE(int(interface->role()), int(QAccessible::ButtonMenu));
     QVERIFY(interface->state().hasPopup);
-}
-
-void AccessibleControlsTest::anIconButtonIsNamedByItsClientAndDescribedByItsToolTip()
-{
-    VelaIconButton button(QStringLiteral("icon"));
-    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&button);
-    QCOMPARE(interface->text(QAccessible::Name), QString());
-    button.setToolTip(QStringLiteral("Next page"));
-    QCOMPARE(interface->text(QAccessible::Description), QStringLiteral("Next page"));
-    QCOMPARE(interface->text(QAccessible::Name), QString());
-    button.setAccessibleName(QStringLiteral("Next"));
-    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Next"));
 }
 
 void AccessibleControlsTest::aFieldIsNamedByItsClientAndTellsItsText()
