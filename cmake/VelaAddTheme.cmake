@@ -28,8 +28,8 @@ set_property(GLOBAL PROPERTY VELA_DERIVED_ROLES
     "focused_surface   accent          89 surface"
     "selected          accent          84 surface"
     "selected_hovered  accent          75 surface"
-    "selected_pressed  accent          66 surface"
-    "item_pressed      accent          73 surface"
+    "selected_pressed  accent          70 surface"
+    "item_pressed      accent          70 surface"
     "danger_hovered    danger          14 text"
     "danger_pressed    danger          36 text"
     "error             danger           0 text"
@@ -45,6 +45,9 @@ function(vela_add_theme)
     set(sources "${reference}")
     if(theme_SOURCE)
         get_filename_component(theme_SOURCE "${theme_SOURCE}" ABSOLUTE)
+        if(NOT IS_DIRECTORY "${theme_SOURCE}")
+            message(FATAL_ERROR "vela_add_theme: there is no folder ${theme_SOURCE}")
+        endif()
         list(PREPEND sources "${theme_SOURCE}")
     endif()
     get_filename_component(theme_PALETTE "${theme_PALETTE}" ABSOLUTE)
@@ -58,10 +61,12 @@ function(vela_add_theme)
     set(frame_count 24)
     set(configured "")
     set(rendered "")
+    set_property(GLOBAL PROPERTY VELA_USED_ROLES "")
     _vela_fill_texts()
     _vela_join_catalogues()
     _vela_render_drawings()
     _vela_render_animations()
+    _vela_warn_of_unused_roles()
     _vela_remove_others("${theme_OUTPUT}" ${configured} ${rendered})
 
     add_custom_target(${theme_NAME}-theme ALL DEPENDS ${rendered})
@@ -163,6 +168,16 @@ function(_vela_mix result first second percent)
     set(${result} "${mixed}" PARENT_SCOPE)
 endfunction()
 
+# A role that nothing asks for is mostly a misspelt one.
+function(_vela_warn_of_unused_roles)
+    get_property(used GLOBAL PROPERTY VELA_USED_ROLES)
+    foreach(role IN LISTS own)
+        if(NOT role IN_LIST used)
+            message(WARNING "${theme_PALETTE}: nothing in the theme's sources uses the role \"${role}\"")
+        endif()
+    endforeach()
+endfunction()
+
 # ---- sources
 
 # The files of all sources that match, relative to them and each once.
@@ -201,6 +216,7 @@ function(_vela_fill fill_name fill_output)
             message(FATAL_ERROR "${fill_file}: no palette has the role \"${fill_role}\"")
         endif()
         set(${fill_role} "${role_${fill_role}}")
+        set_property(GLOBAL APPEND PROPERTY VELA_USED_ROLES "${fill_role}")
     endforeach()
     configure_file("${fill_file}" "${fill_output}" @ONLY)
 endfunction()
@@ -303,9 +319,12 @@ function(_vela_read_names result file attribute)
     set(${result} ${names} PARENT_SCOPE)
 endfunction()
 
-# _vela_render_drawing(<image> <drawing> <option> ...)
+# _vela_render_drawing(<image> <drawing> <option> ...): unless a source has the image as a PNG file.
 function(_vela_render_drawing image drawing)
     set(output "${theme_OUTPUT}/images/${image}.png")
+    if(output IN_LIST configured)
+        return()
+    endif()
     set(input "${work}/images/${drawing}.svg")
     set(inputs "${input}" ${ARGN})
     list(FILTER inputs INCLUDE REGEX "\\.(css|svg)$")
@@ -329,6 +348,9 @@ endmacro()
 
 function(_vela_render_animation name animation)
     set(output "${theme_OUTPUT}/animations/${animation}.gif")
+    if(output IN_LIST configured)
+        return()
+    endif()
     set(commands "")
     set(drawings "")
     set(pictures "")

@@ -15,6 +15,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -28,15 +31,25 @@ Q_DECLARE_METATYPE(Create)
 
 namespace {
 
-const QColor Surface(0xFF, 0xFF, 0xFF);
-const QColor Text(0x17, 0x20, 0x2B);
-const QColor Placeholder(0x66, 0x73, 0x82);
-const QColor DisabledText(0x66, 0x73, 0x82);
-const QColor DisabledPlaceholder(0x7F, 0x8B, 0x98);
-const QColor DisabledSurface(0xEE, 0xF1, 0xF5);
-const QColor Accent(0x21, 0x60, 0xC4);
-const QColor Selected(0xDC, 0xE8, 0xFA);
-const QColor Error(0xC4, 0x30, 0x3C);
+// A role of the palette that the theme is made from.
+QColor paletteColor(const char *role)
+{
+    QFile file(QStringLiteral(VELA_THEME_SOURCE_DIR "/palettes/light.json"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    }
+    return QColor(QJsonDocument::fromJson(file.readAll()).object().value(QLatin1String(role)).toString());
+}
+
+const QColor Surface = paletteColor("surface");
+const QColor Text = paletteColor("text");
+const QColor Placeholder = paletteColor("placeholder");
+const QColor DisabledText = paletteColor("disabled_text");
+const QColor DisabledPlaceholder = paletteColor("disabled_placeholder");
+const QColor DisabledSurface = paletteColor("disabled_surface");
+const QColor Accent = paletteColor("accent");
+const QColor Selected = paletteColor("selected");
+const QColor Error = paletteColor("error");
 
 const char Keyword[] = "HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH"; // more than fits
 
