@@ -3,6 +3,7 @@
 
 #include "check.h"
 
+#include "look-check.h"
 #include "sheet-check.h"
 #include "sheet-text.h"
 #include "text-check.h"
@@ -24,7 +25,7 @@ constexpr Screen Screens[] = {{1.0, 1.0}, {1.25, 1.0}, {1.5, 1.0}, {2.0, 1.0}, {
 
 } // namespace
 
-Findings checkTheme(const QString &folder)
+Findings checkTheme(const QString &folder, CheckedParts parts)
 {
     Findings findings;
     static const QRegularExpression digits(QStringLiteral("\\dpx"));
@@ -37,6 +38,9 @@ Findings checkTheme(const QString &folder)
     images.check(checkSheets(text, images, &findings));
     checkTexts(folder, &findings);
     checkThemeJson(folder, &findings);
+    if (parts == CheckedParts::FilesAndLooks) {
+        checkLooks(folder, text, &findings);
+    }
     applySilences(text, &findings);
     findings.sort();
     return findings;

@@ -7,8 +7,13 @@
 
 #include <QString>
 
+enum class CheckedParts {
+    Files, ///< what can be told without widgets
+    FilesAndLooks, ///< once a process: the theme is taken into use
+};
+
 /// Checks the theme in @p folder. Needs a QApplication.
-Findings checkTheme(const QString &folder);
+Findings checkTheme(const QString &folder, CheckedParts parts);
 
 /// A table of the bytes that a theme's images take in memory, at each scale and ratio.
 QString memoryForecast(const QString &folder);

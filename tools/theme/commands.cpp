@@ -7,12 +7,14 @@
 #include "contract.h"
 #include "findings.h"
 #include "platform.h"
+#include "render.h"
 #include "theme-diff.h"
 #include "theme-source.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <memory>
@@ -97,7 +99,7 @@ int runCheck(const Call &call)
         print(stdout, memoryForecast(theme.path()));
         return Clean;
     }
-    const Findings findings = checkTheme(theme.path());
+    const Findings findings = checkTheme(theme.path(), CheckedParts::FilesAndLooks);
     const QString shown = QDir::cleanPath(call.arguments.first());
     print(stdout,
           format == QLatin1String("json") ? QString::fromUtf8(asJson(findings, shown)) : asText(findings, shown));
@@ -145,6 +147,56 @@ int runDiff(const Call &call)
     return lines.isEmpty() ? Clean : Found;
 }
 
+int runRender(const Call &call)
+{
+    if (call.arguments.size() != 2) {
+        return fail(QStringLiteral("'render' takes a theme's folder and a folder for its pictures."));
+    }
+    const QDir folder(call.arguments.at(0));
+    if (!folder.exists()) {
+        return fail(QStringLiteral("There is no theme folder '%1'.").arg(call.arguments.at(0)));
+    }
+    if (call.parser.isSet(QStringLiteral("screen"))) {
+        const QString error = renderScreen(folder.absolutePath(), call.arguments.at(1),
+                                           call.parser.value(QStringLiteral("screen")).toInt());
+        return error.isEmpty() ? Clean : fail(error);
+    }
+    const BuiltTheme theme(folder.absolutePath());
+    const QString output = QDir(call.arguments.at(1)).absolutePath();
+    const QString error = theme.errorText().isEmpty() ? renderTheme(theme.path(), output) : theme.errorText();
+    if (!error.isEmpty()) {
+        return fail(error);
+    }
+    if (call.parser.isSet(QStringLiteral("compact"))) {
+        makeCompact(output);
+    }
+    return Clean;
+}
+
+int runCompare(const Call &call)
+{
+    if (call.arguments.size() != 2) {
+        return fail(QStringLiteral("'compare' takes a theme's folder and a folder of approved pictures."));
+    }
+    const QDir folder(call.arguments.at(0));
+    const QString approved = call.arguments.at(1);
+    if (!folder.exists() || renderedCells(approved).isEmpty()) {
+        return fail(QStringLiteral("There is no theme folder '%1', or no approved pictures in '%2'.")
+                        .arg(call.arguments.at(0), approved));
+    }
+    const BuiltTheme theme(folder.absolutePath());
+    const QTemporaryDir rendered;
+    const QString error = theme.errorText().isEmpty() ? renderTheme(theme.path(), rendered.path()) : theme.errorText();
+    if (!error.isEmpty()) {
+        return fail(error);
+    }
+    const QStringList lines = compareRendered(approved, rendered.path(), call.parser.value(QStringLiteral("output")));
+    for (const QString &line : lines) {
+        print(stdout, line + u'\n');
+    }
+    return lines.isEmpty() ? Clean : Found;
+}
+
 struct Command
 {
     const char *name;
@@ -180,6 +232,28 @@ const Command Commands[] = {
          };
      },
      runNew, false},
+    {"render", "DIR OUT", "Renders every widget in each state, at each scale and in both directions of reading.",
+     [] {
+         QCommandLineOption screen(QStringLiteral("screen"), QStringLiteral("Only the screen of that number."),
+                                   QStringLiteral("NUMBER"));
+         screen.setFlags(QCommandLineOption::HiddenFromHelp); // for the processes that the program starts itself
+         return QList<QCommandLineOption> {
+             {QStringLiteral("compact"),
+              QStringLiteral(
+                  "Keeps the pictures at scale 1, left to right, and of all others what \"compare\" needs.")},
+             screen,
+         };
+     },
+     runRender, true},
+    {"compare", "DIR APPROVED",
+     "Renders a theme and tells which pictures are not as in a folder that \"render\" has made.",
+     [] {
+         return QList<QCommandLineOption> {
+             {QStringLiteral("output"), QStringLiteral("Folder for pictures of the differences."),
+              QStringLiteral("OUT")},
+         };
+     },
+     runCompare, true},
     {"diff", "A B", "Tells what changes from one theme to another, or from one contract (a JSON file) to another.",
      [] { return QList<QCommandLineOption>(); }, runDiff, true},
 };
@@ -191,6 +265,8 @@ Examples:
   vela-theme check --explain color-invalid  what a rule is about
   vela-theme contract --format markdown     what a theme must hold
   vela-theme new my-theme --accent #0a7f5a  a theme to begin with
+  vela-theme render my-theme pictures       every widget as PNG files, all of them in pictures/index.html
+  vela-theme compare my-theme pictures      what looks otherwise by now
   vela-theme diff my-theme other-theme      what changes, by section, image and text
 
 A finding of a style sheet is silenced by a comment in front of it:
@@ -260,12 +336,20 @@ int runCommand(int &argc, char **argv)
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
     parser.addOption(help);
     for (const QString &argument : QString::fromLatin1(command->arguments).split(u' ', Qt::SkipEmptyParts)) {
-        parser.addPositionalArgument(argument, QStringLiteral("A theme's folder."));
+        parser.addPositionalArgument(
+            argument, argument == QLatin1String("DIR") ? QStringLiteral("A theme's folder.") : QString());
     }
     if (!parser.parse(arguments)) {
         return fail(parser.errorText());
     }
     preparePlatform();
+    if (command->run == runCheck) {
+        qputenv("QT_FONT_DPI", "96");
+        qputenv("QT_SCALE_FACTOR", "1");
+    }
+    if (parser.optionNames().contains(QStringLiteral("screen"))) {
+        prepareRenderScreen(qBound(0, parser.value(QStringLiteral("screen")).toInt(), renderScreenCount() - 1));
+    }
     int noArguments = 1; // the toolkit's own options are none of this program
     const std::unique_ptr<QCoreApplication> application(command->needsScreen ? new QApplication(noArguments, argv)
                                                                              : new QCoreApplication(noArguments, argv));

@@ -5,10 +5,21 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <QtGlobal>
 
+#include <cstdio>
+
 namespace {
+
+// The platform without a display says of every window that it has no frame.
+void passOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (message != QLatin1String("This plugin does not support propagateSizeHints()")) {
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+    }
+}
 
 constexpr int FontSize = 10; // points
 
@@ -35,7 +46,10 @@ void preparePlatform()
 
 void completePlatform()
 {
+    qInstallMessageHandler(passOn);
     if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
+        QApplication::setCursorFlashTime(0); // a cursor that blinks is there or not
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
         QApplication::setFont(QFont(QStringLiteral("Sans Serif"), FontSize));
     }
 }

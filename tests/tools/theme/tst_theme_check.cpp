@@ -412,7 +412,7 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther()
     QFETCH(QByteArray, at);
     const ThemeCopy theme;
     seed(theme);
-    const Findings findings = checkTheme(theme.path());
+    const Findings findings = checkTheme(theme.path(), CheckedParts::Files);
     QVERIFY2(findings.all().size() == 1, qPrintable(inWords(findings)));
     const Finding finding = findings.all().first();
     QCOMPARE(QString::fromLatin1(finding.rule->name), rule);
@@ -472,14 +472,14 @@ void ThemeCheckTest::whatIsNoFaultGivesNoFinding()
     QFETCH(Seed, seed);
     const ThemeCopy theme;
     seed(theme);
-    QCOMPARE(inWords(checkTheme(theme.path())), QString());
+    QCOMPARE(inWords(checkTheme(theme.path(), CheckedParts::Files)), QString());
 }
 
 void ThemeCheckTest::aLongLengthIsShownAsItComesOut()
 {
     const ThemeCopy theme;
     declaring("width: 1000px;")(theme);
-    const QString text = checkTheme(theme.path()).all().constFirst().text;
+    const QString text = checkTheme(theme.path(), CheckedParts::Files).all().constFirst().text;
     for (const char *result : {"\"width: 1000px;0px\" at 1", "\"width: 1250px;0px\" at 1.25",
                                "\"width: 1500px;0px\" at 1.5", "\"width: 2000px;0px\" at 2"}) {
         QVERIFY2(text.contains(QString::fromLatin1(result)), qPrintable(text));
@@ -502,11 +502,12 @@ void ThemeCheckTest::aCommentSilencesARuleAtItsPlace()
     {
         const ThemeCopy theme;
         declaring(silence + "    padding: 1.5px;")(theme);
-        QCOMPARE(inWords(checkTheme(theme.path())), QString());
+        QCOMPARE(inWords(checkTheme(theme.path(), CheckedParts::Files)), QString());
     }
     const ThemeCopy theme;
     declaring(silence + "    padding: 2px;\n    margin: 1.5px;")(theme);
-    QCOMPARE(checkTheme(theme.path()).all().size(), 2); // the silence is of no use, and the fraction is told
+    QCOMPARE(checkTheme(theme.path(), CheckedParts::Files).all().size(),
+             2); // the silence is of no use, and the fraction is told
 }
 
 void ThemeCheckTest::aFindingAsJsonTellsTheSame()
@@ -587,7 +588,7 @@ void ThemeCheckTest::arbitraryBytesAreFoundFaultWith()
             bytes[random.bounded(bytes.size())] = static_cast<char>(random.bounded(256));
         }
         theme.write(file, bytes);
-        QVERIFY(!checkTheme(theme.path()).all().isEmpty());
+        QVERIFY(!checkTheme(theme.path(), CheckedParts::Files).all().isEmpty());
     }
 }
 
