@@ -4,9 +4,13 @@
 #include "controls/vela-button.h"
 
 #include "image-manager/image-manager.h"
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 
 #include <QEvent>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Vela;
 
@@ -23,58 +27,98 @@ constexpr Style KindStyles[] = {
 constexpr int KindCount = sizeof(KindStyles) / sizeof(KindStyles[0]);
 
 // An icon that is painted as pixmap is on a disabled button too, where the toolkit would grey it.
-QIcon iconOf(const QPixmap &pixmap)
+struct StateIcon
 {
-    QIcon icon(pixmap);
-    icon.addPixmap(pixmap, QIcon::Disabled);
-    return icon;
-}
+    StateIcon() = default;
+    explicit StateIcon(const QPixmap &pixmap) : icon(pixmap), pixmapKey(pixmap.cacheKey())
+    {
+        icon.addPixmap(pixmap, QIcon::Disabled);
+    }
+
+    QIcon icon;
+    qint64 pixmapKey = 0;
+};
 
 } // namespace
 
 class VelaButtonPrivate
 {
+public:
+    bool isKnown() const { return kind >= 0 && kind < KindCount; }
+    Style style() const { return KindStyles[kind]; }
+
+    const int kind;
 };
 
-VelaButton::VelaButton(const QString &text, int kind)
+VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate {kind})
 {
     setText(text);
     setFlat(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (kind >= 0 && kind < KindCount) {
-        Look::setFirstStyleSheet(this, Look::sheet(KindStyles[kind]));
+    if (d->isKnown()) {
+        Look::setFirstStyleSheet(this, Look::sheet(d->style()));
     }
 }
 
 VelaButton::~VelaButton() = default;
+
+void VelaButton::customEvent(QEvent *event)
+{
+    const auto *change = LookChange::of(event);
+    if (change && d->isKnown()) {
+        change->restyle(this, d->style());
+    }
+    QPushButton::customEvent(event);
+}
 
 class VelaIconButtonPrivate
 {
 public:
     explicit VelaIconButtonPrivate(VelaIconButton *button) : q(button) { }
 
-    void show(const QIcon &icon);
+    void show(ImageManager::ImageType state);
     void showIdle();
+    void renew(const LookChange &change);
 
     VelaIconButton *const q;
-    QIcon defaultIcon;
-    QIcon pressIcon;
-    QIcon hoverIcon;
-    QIcon disableIcon;
+    QString imageName; // where the icons are from, but those that were given as pixmaps
+    StateIcon icons[ImageManager::ImageFile::VariantCount];
     QSize iconSize; // logical pixels
     bool isInitialized = false;
 };
 
-// Shows icon in the icons' own size, which is not applied before.
-void VelaIconButtonPrivate::show(const QIcon &icon)
+// Shows the icon in the icons' own size, which is not applied before.
+void VelaIconButtonPrivate::show(ImageManager::ImageType state)
 {
-    q->setIcon(icon);
+    q->setIcon(icons[state].icon);
     q->setIconSize(iconSize);
 }
 
 void VelaIconButtonPrivate::showIdle()
 {
-    show(q->isEnabled() ? defaultIcon : disableIcon);
+    show(q->isEnabled() ? ImageManager::IMAGE_NORMAL : ImageManager::IMAGE_DISABLE);
+}
+
+// Icons that came from the catalogue, by name or as its pixmaps, come from it anew.
+void VelaIconButtonPrivate::renew(const LookChange &change)
+{
+    const qint64 shown = q->icon().cacheKey();
+    for (int i = 0; i < ImageManager::ImageFile::VariantCount; ++i) {
+        const auto state = static_cast<ImageManager::ImageType>(i);
+        const std::optional<QPixmap> pixmap = change.successor(icons[i].pixmapKey, imageName, state);
+        if (!pixmap) {
+            continue;
+        }
+        const bool isShown = icons[i].icon.cacheKey() == shown;
+        icons[i] = StateIcon(*pixmap);
+        if (isShown) {
+            q->setIcon(icons[i].icon);
+        }
+        if (state == ImageManager::IMAGE_NORMAL) {
+            const QSize formerSize = std::exchange(iconSize, Look::logicalSize(*pixmap));
+            q->setIconSize(q->iconSize() == formerSize ? iconSize : q->iconSize());
+        }
+    }
 }
 
 VelaIconButton::VelaIconButton(const QString &imageName) : d(std::make_unique<VelaIconButtonPrivate>(this))
@@ -94,37 +138,45 @@ VelaIconButton::~VelaIconButton() = default;
 void VelaIconButton::setAllIcon(const QString &imageName)
 {
     const QPixmap normal = getGlobalImage(imageName, ImageManager::IMAGE_NORMAL);
-    d->defaultIcon = iconOf(normal);
-    d->hoverIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_HOVER));
-    d->pressIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_CLICK));
-    d->disableIcon = iconOf(getGlobalImage(imageName, ImageManager::IMAGE_DISABLE));
+    d->imageName = imageName;
+    d->icons[ImageManager::IMAGE_NORMAL] = StateIcon(normal);
+    for (auto state : {ImageManager::IMAGE_HOVER, ImageManager::IMAGE_CLICK, ImageManager::IMAGE_DISABLE}) {
+        d->icons[state] = StateIcon(getGlobalImage(imageName, state));
+    }
     d->iconSize = Look::logicalSize(normal);
-    setIcon(d->defaultIcon);
+    setIcon(d->icons[ImageManager::IMAGE_NORMAL].icon);
 }
 
 void VelaIconButton::setDefaultIcon(const QPixmap &pixmap)
 {
-    d->defaultIcon = iconOf(pixmap);
-    d->pressIcon = d->defaultIcon;
-    d->hoverIcon = d->defaultIcon;
-    d->disableIcon = d->defaultIcon;
+    d->imageName.clear();
+    std::fill(std::begin(d->icons), std::end(d->icons), StateIcon(pixmap));
     d->iconSize = Look::logicalSize(pixmap);
-    setIcon(d->defaultIcon);
+    setIcon(d->icons[ImageManager::IMAGE_NORMAL].icon);
 }
 
 void VelaIconButton::setPressIcon(const QPixmap &pixmap)
 {
-    d->pressIcon = iconOf(pixmap);
+    d->icons[ImageManager::IMAGE_CLICK] = StateIcon(pixmap);
 }
 
 void VelaIconButton::setHoverIcon(const QPixmap &pixmap)
 {
-    d->hoverIcon = iconOf(pixmap);
+    d->icons[ImageManager::IMAGE_HOVER] = StateIcon(pixmap);
 }
 
 void VelaIconButton::setDisableIcon(const QPixmap &pixmap)
 {
-    d->disableIcon = iconOf(pixmap);
+    d->icons[ImageManager::IMAGE_DISABLE] = StateIcon(pixmap);
+}
+
+void VelaIconButton::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::IconButton);
+        d->renew(*change);
+    }
+    QToolButton::customEvent(event);
 }
 
 void VelaIconButton::initialize()
@@ -139,7 +191,7 @@ void VelaIconButton::initialize()
 void VelaIconButton::enterEvent(QEvent *event)
 {
     if (isEnabled()) {
-        d->show(d->hoverIcon);
+        d->show(ImageManager::IMAGE_HOVER);
     }
     QToolButton::enterEvent(event);
 }
@@ -147,7 +199,7 @@ void VelaIconButton::enterEvent(QEvent *event)
 void VelaIconButton::leaveEvent(QEvent *event)
 {
     if (isEnabled() && !hasFocus()) {
-        d->show(d->defaultIcon);
+        d->show(ImageManager::IMAGE_NORMAL);
     }
     QToolButton::leaveEvent(event);
 }
@@ -155,7 +207,7 @@ void VelaIconButton::leaveEvent(QEvent *event)
 void VelaIconButton::mousePressEvent(QMouseEvent *event)
 {
     if (isEnabled()) {
-        d->show(d->pressIcon);
+        d->show(ImageManager::IMAGE_CLICK);
     }
     QToolButton::mousePressEvent(event);
 }
@@ -163,7 +215,7 @@ void VelaIconButton::mousePressEvent(QMouseEvent *event)
 void VelaIconButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (isEnabled()) {
-        d->show(d->defaultIcon);
+        d->show(ImageManager::IMAGE_NORMAL);
     }
     QToolButton::mouseReleaseEvent(event);
 }

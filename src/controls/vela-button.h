@@ -35,6 +35,9 @@ public:
     explicit VelaButton(const QString &text, int kind = DefaultButton);
     ~VelaButton() override;
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaButtonPrivate> d;
 };
@@ -79,6 +82,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaIconButtonPrivate> d;

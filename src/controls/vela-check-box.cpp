@@ -3,6 +3,7 @@
 
 #include "controls/vela-check-box.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 
 using namespace Vela;
@@ -18,6 +19,14 @@ VelaCheckBox::VelaCheckBox(const QString &text, QWidget *parent) : QCheckBox(tex
 
 VelaCheckBox::~VelaCheckBox() = default;
 
+void VelaCheckBox::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::CheckBox);
+    }
+    QCheckBox::customEvent(event);
+}
+
 class VelaRadioButtonPrivate
 {
 };
@@ -28,3 +37,11 @@ VelaRadioButton::VelaRadioButton(const QString &text, QWidget *parent) : QRadioB
 }
 
 VelaRadioButton::~VelaRadioButton() = default;
+
+void VelaRadioButton::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::RadioButton);
+    }
+    QRadioButton::customEvent(event);
+}

@@ -22,6 +22,9 @@ public:
     explicit VelaCheckBox(const QString &text, QWidget *parent = nullptr);
     ~VelaCheckBox() override;
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaCheckBoxPrivate> d;
 };
@@ -34,6 +37,9 @@ class VELA_EXPORT VelaRadioButton : public QRadioButton
 public:
     explicit VelaRadioButton(const QString &text, QWidget *parent = nullptr);
     ~VelaRadioButton() override;
+
+protected:
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaRadioButtonPrivate> d;

@@ -3,6 +3,7 @@
 
 #include "controls/vela-combo-box.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "scale/dpi-info.h"
 
@@ -16,14 +17,13 @@ namespace {
 
 constexpr double Padding = 6.0; // logical pixels
 
-QString comboBoxSheet()
+QString comboBoxSheet(const QString &boxSheet, const QColor &borderColor, const QString &scrollBarSheet)
 {
     const QString pad = QString::number(DPIinfo::getInstance()->getDPI() * Padding, 'g', 6);
     const QString padding =
         QLatin1String("padding-left: ") + pad + QLatin1String("px; \npadding-right: ") + pad + QLatin1String("px;");
-    const QString border = QStringLiteral("border: 1px solid #C8D2DC;");
-    const QString boxSheet = Look::sheet(Style::ComboBox).arg(padding).arg(border); // clazy:exclude=qstring-arg
-    return boxSheet + Look::sheet(Style::ScrollBar);
+    const QString border = QStringLiteral("border: 1px solid %1;").arg(borderColor.name().toUpper());
+    return boxSheet.arg(padding).arg(border) + scrollBarSheet; // clazy:exclude=qstring-arg
 }
 
 } // namespace
@@ -41,9 +41,22 @@ public:
 
 VelaComboBox::VelaComboBox(QWidget *parent) : QComboBox(parent), d(std::make_unique<VelaComboBoxPrivate>())
 {
-    setStyleSheet(comboBoxSheet());
+    const QString boxSheet = Look::sheet(Style::ComboBox);
+    setStyleSheet(comboBoxSheet(boxSheet, Look::color(Color::ComboBoxBorder), Look::sheet(Style::ScrollBar)));
     // The delegate that the view has by itself does not follow the sheet's rules for items.
     view()->setItemDelegate(d->delegate);
 }
 
 VelaComboBox::~VelaComboBox() = default;
+
+void VelaComboBox::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        const QString former = comboBoxSheet(change->former(Style::ComboBox), change->former(Color::ComboBoxBorder),
+                                             change->former(Style::ScrollBar));
+        change->restyle(this, former,
+                        comboBoxSheet(change->now(Style::ComboBox), Look::color(Color::ComboBoxBorder),
+                                      change->now(Style::ScrollBar)));
+    }
+    QComboBox::customEvent(event);
+}

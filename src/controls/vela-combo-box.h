@@ -23,6 +23,9 @@ public:
     explicit VelaComboBox(QWidget *parent = nullptr);
     ~VelaComboBox() override;
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaComboBoxPrivate> d;
 };

@@ -3,6 +3,7 @@
 
 #include "controls/vela-label.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 
 using namespace Vela;
@@ -22,6 +23,14 @@ VelaLabel::VelaLabel(const QString &text, QWidget *parent, Qt::WindowFlags f) : 
 }
 
 VelaLabel::~VelaLabel() = default;
+
+void VelaLabel::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::Label);
+    }
+    QLabel::customEvent(event);
+}
 
 void VelaLabel::resizeEvent(QResizeEvent *event)
 {

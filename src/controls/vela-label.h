@@ -28,6 +28,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaLabelPrivate> d;

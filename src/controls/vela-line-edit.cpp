@@ -3,6 +3,7 @@
 
 #include "controls/vela-line-edit.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "scale/scaled.h"
 #include "utils/accessible-event_p.h"
@@ -58,6 +59,16 @@ VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_uniqu
 }
 
 VelaLineEdit::~VelaLineEdit() = default;
+
+void VelaLineEdit::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(d->preLabel, Style::LineEditLabel);
+        change->restyle(d->lineEdit, Style::LineEdit);
+        change->restyle(d->postLabel, Style::LineEditLabel);
+    }
+    QWidget::customEvent(event);
+}
 
 void VelaLineEdit::setMargins(int left, int top, int right, int bottom)
 {

@@ -49,6 +49,9 @@ public:
     QLineEdit *getLineEdit();
     QString getEditText() const;
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaLineEditPrivate> d;
 };

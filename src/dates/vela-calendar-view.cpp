@@ -5,6 +5,7 @@
 
 #include "controls/mouse-filters.h"
 #include "controls/vela-button.h"
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "scale/scaled.h"
 
@@ -19,6 +20,8 @@
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Vela;
 
@@ -35,8 +38,30 @@ constexpr int SectionSize = 30; // pixels, at any scale
 constexpr Text Months[] = {Text::January,   Text::February, Text::March,    Text::April,
                            Text::May,       Text::June,     Text::July,     Text::August,
                            Text::September, Text::October,  Text::November, Text::December};
+struct Arrow
+{
+    const char *objectName;
+    Text accessibleName;
+    Image image;
+};
+
+constexpr Arrow Arrows[] = {
+    {"qt_calendar_prevmonth", Text::CalendarPreviousMonth, Image::PagingFirst},
+    {"qt_calendar_nextmonth", Text::CalendarNextMonth, Image::PagingLast},
+};
+
 constexpr Text Weekdays[DaysPerWeek] = {Text::Sunday,   Text::Monday, Text::Tuesday, Text::Wednesday,
                                         Text::Thursday, Text::Friday, Text::Saturday};
+
+QString initialOf(const QString &weekday)
+{
+    return weekday.left(1); // clazy:exclude=qstring-left
+}
+
+QString abbreviated(const QString &month)
+{
+    return month.left(AbbreviatedMonth);
+}
 
 // Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
 // the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
@@ -126,13 +151,18 @@ public:
 
     void createChildren();
     void setUpCalendar();
+    void colorWeekend();
     void handleNavigationBar();
-    void handleArrow(const char *objectName, Text accessibleName, Image image);
+    void handleArrow(const Arrow &arrow);
     void handleMonthMenu();
     void handleWeekdayHeader();
     void handleTabOrder();
     void watchKeys();
     void connectSignals();
+    void renew(const LookChange &change);
+    void renewArrow(const LookChange &change, const Arrow &arrow);
+    void renewMonths(const LookChange &change);
+    void renewWeekdays(const LookChange &change);
 
     // A child of Qt's calendar by its fixed name.
     template<typename Widget>
@@ -168,12 +198,17 @@ void VelaCalanderViewPrivate::setUpCalendar()
     calendar->setHorizontalHeaderFormat(QCalendarWidget::NoHorizontalHeader);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
 
-    QTextCharFormat format = calendar->weekdayTextFormat(Qt::Saturday);
-    format.setForeground(QBrush(Qt::black, Qt::SolidPattern));
-    calendar->setWeekdayTextFormat(Qt::Saturday, format);
-    calendar->setWeekdayTextFormat(Qt::Sunday, format);
+    colorWeekend();
 
     q->setAccessibleName(Look::text(Text::Calendar));
+}
+
+void VelaCalanderViewPrivate::colorWeekend()
+{
+    QTextCharFormat format = calendar->weekdayTextFormat(Qt::Saturday);
+    format.setForeground(QBrush(Look::color(Color::CalendarWeekend), Qt::SolidPattern));
+    calendar->setWeekdayTextFormat(Qt::Saturday, format);
+    calendar->setWeekdayTextFormat(Qt::Sunday, format);
 }
 
 void VelaCalanderViewPrivate::handleNavigationBar()
@@ -182,8 +217,9 @@ void VelaCalanderViewPrivate::handleNavigationBar()
          {"qt_calendar_prevmonth", "qt_calendar_nextmonth", "qt_calendar_monthbutton", "qt_calendar_yearbutton"}) {
         child<QToolButton>(name)->setFocusPolicy(Qt::StrongFocus);
     }
-    handleArrow("qt_calendar_prevmonth", Text::CalendarPreviousMonth, Image::PagingFirst);
-    handleArrow("qt_calendar_nextmonth", Text::CalendarNextMonth, Image::PagingLast);
+    for (const Arrow &arrow : Arrows) {
+        handleArrow(arrow);
+    }
     auto *yearEdit = child<QSpinBox>("qt_calendar_yearedit");
     yearEdit->setAttribute(Qt::WA_MacShowFocusRect, false);
     yearEdit->setAccessibleName(Look::spoken(SpokenText::Year));
@@ -196,13 +232,13 @@ void VelaCalanderViewPrivate::handleNavigationBar()
     handleMonthMenu();
 }
 
-void VelaCalanderViewPrivate::handleArrow(const char *objectName, Text accessibleName, Image image)
+void VelaCalanderViewPrivate::handleArrow(const Arrow &arrow)
 {
-    const QPixmap pixmap = Look::image(image);
-    auto *arrow = child<QToolButton>(objectName);
-    arrow->setAccessibleName(Look::text(accessibleName));
-    arrow->setIcon(pixmap);
-    arrow->setIconSize(Look::logicalSize(pixmap));
+    const QPixmap pixmap = Look::image(arrow.image);
+    auto *button = child<QToolButton>(arrow.objectName);
+    button->setAccessibleName(Look::text(arrow.accessibleName));
+    button->setIcon(pixmap);
+    button->setIconSize(Look::logicalSize(pixmap));
 }
 
 void VelaCalanderViewPrivate::handleMonthMenu()
@@ -212,7 +248,7 @@ void VelaCalanderViewPrivate::handleMonthMenu()
     }
     const QList<QAction *> actions = monthButton()->menu()->actions();
     for (QAction *action : actions) {
-        action->setText(monthNames.value(action->data().toInt() - 1).left(AbbreviatedMonth));
+        action->setText(abbreviated(monthNames.value(action->data().toInt() - 1)));
     }
     monthButton()->setText(monthNames.at(QDate::currentDate().month() - 1));
 }
@@ -228,7 +264,7 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
 
     weekdayView->insertRow(0);
     for (int i = 0; i < DaysPerWeek; ++i) {
-        auto *item = new QTableWidgetItem(Look::text(Weekdays[i]).left(1)); // clazy:exclude=qstring-left
+        auto *item = new QTableWidgetItem(initialOf(Look::text(Weekdays[i])));
         item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
         weekdayView->setItem(0, i, item);
     }
@@ -287,6 +323,62 @@ void VelaCalanderViewPrivate::connectSignals()
     QObject::connect(calendar, &QCalendarWidget::currentPageChanged, q, &VelaCalanderView::pageChanged);
 }
 
+void VelaCalanderViewPrivate::renew(const LookChange &change)
+{
+    change.renewAccessibleName(q, Text::Calendar);
+    change.renewText(todayButton, Text::Today);
+    for (const Arrow &arrow : Arrows) {
+        renewArrow(change, arrow);
+    }
+    renewMonths(change);
+    renewWeekdays(change);
+    if (calendar->weekdayTextFormat(Qt::Saturday).foreground().color() == change.former(Color::CalendarWeekend)) {
+        colorWeekend();
+    }
+}
+
+void VelaCalanderViewPrivate::renewArrow(const LookChange &change, const Arrow &arrow)
+{
+    auto *button = child<QToolButton>(arrow.objectName);
+    change.renewAccessibleName(button, arrow.accessibleName);
+    if (change.isOfEverything()) {
+        const QPixmap pixmap = change.now(arrow.image);
+        button->setIcon(pixmap);
+        button->setIconSize(Look::logicalSize(pixmap));
+    }
+}
+
+void VelaCalanderViewPrivate::renewMonths(const LookChange &change)
+{
+    const QStringList former = std::exchange(monthNames, {});
+    for (Text month : Months) {
+        monthNames.append(change.now(month));
+    }
+    const QList<QAction *> actions = monthButton()->menu()->actions();
+    for (QAction *action : actions) {
+        const int month = action->data().toInt() - 1;
+        if (action->text() == abbreviated(former.value(month))) {
+            action->setText(abbreviated(monthNames.value(month)));
+        }
+    }
+    const int shown = former.indexOf(monthButton()->text());
+    if (shown >= 0) {
+        monthButton()->setText(monthNames.at(shown));
+    }
+}
+
+void VelaCalanderViewPrivate::renewWeekdays(const LookChange &change)
+{
+    for (int i = 0; i < DaysPerWeek; ++i) {
+        QTableWidgetItem *item = weekdayView->item(0, i);
+        if (item->text() == initialOf(change.former(Weekdays[i]))) {
+            item->setText(initialOf(change.now(Weekdays[i])));
+        }
+    }
+    change.restyle(weekdayView, Style::Table);
+    change.restyle(weekdayView->horizontalHeader(), Style::TableHeader);
+}
+
 VelaCalanderView::VelaCalanderView(QWidget *parent) :
     QAbstractItemView(parent), d(std::make_unique<VelaCalanderViewPrivate>(this))
 {
@@ -303,6 +395,14 @@ VelaCalanderView::~VelaCalanderView()
 {
     // A window that is closed ends the editing of its year, which turns the page.
     d->calendar->disconnect(this);
+}
+
+void VelaCalanderView::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    QAbstractItemView::customEvent(event);
 }
 
 void VelaCalanderView::setCurrentPage(int year, int month)

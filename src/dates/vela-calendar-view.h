@@ -67,6 +67,7 @@ protected:
     bool isIndexHidden(const QModelIndex &index) const override;
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaCalanderViewPrivate> d;

@@ -4,6 +4,7 @@
 #include "dates/vela-date-selector.h"
 
 #include "controls/mouse-filters.h"
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -59,6 +60,14 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
 }
 
 VelaDateSelector::~VelaDateSelector() = default;
+
+void VelaDateSelector::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::DateSelector, Style::Menu);
+    }
+    QComboBox::customEvent(event);
+}
 
 void VelaDateSelector::dateSelect(const QDate &date)
 {

@@ -40,6 +40,9 @@ public Q_SLOTS:
     /// Puts @p date into the field and closes the popup; an invalid date empties the field and leaves the popup alone.
     void dateSelect(const QDate &date);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaDateSelectorPrivate> d;
 };

@@ -3,6 +3,7 @@
 
 #include "help/help-window.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 
 #include <QFile>
@@ -96,6 +97,14 @@ HelpWindow::HelpWindow(const HelpContext &context, QWidget *parent) :
 }
 
 HelpWindow::~HelpWindow() = default;
+
+void HelpWindow::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::ScrollBar);
+    }
+    QDialog::customEvent(event);
+}
 
 void HelpWindow::retrieveHelpContent()
 {

@@ -49,6 +49,9 @@ public Q_SLOTS:
     /// Emits sigAbortRequest(), which ends the request if it is still pending: the installed page is shown.
     void slotQueryTimeout();
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     void retrieveHelpContent();
     void query();

@@ -9,6 +9,10 @@
 #include <QPixmap>
 #include <QString>
 
+namespace Vela {
+struct LookTables;
+}
+
 /// The application's images by name and state, sized for the screen.
 ///
 /// An image is drawn at four times its logical size. It and its state variants are the PNG files `<name>.png`,
@@ -66,6 +70,8 @@ public:
     const QString &getTempImageFolder();
 
 private:
+    friend struct Vela::LookTables; // keeps and replaces all of it
+
     ImageManager() = default;
     ~ImageManager() = default;
     Q_DISABLE_COPY_MOVE(ImageManager)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QColor>
+
 // Everything that the library asks a theme and a table of texts for, and who does. What an application's theme has to
 // hold is read from here, so nothing may be asked for by a name of its own elsewhere.
 
@@ -354,6 +356,36 @@ constexpr SpokenTextEntry SpokenTextEntries[] = {
      "VelaCalanderView (name of the year's field, description of the year button)"},
 };
 
+/// A colour that no sheet reaches. A theme may set it in its theme.json.
+enum class Color {
+    CalendarWeekend,
+    ComboBoxBorder,
+    Mask,
+    SheetBody,
+    TreeHovered,
+    TreeOutline,
+    TreeSelected,
+    Count
+};
+
+struct ColorEntry
+{
+    Color color;
+    const char *key;
+    QColor standard; // without a theme's own; what is invalid is painted black
+    const char *usedBy; // classes, with the state or part in brackets
+};
+
+constexpr ColorEntry ColorEntries[] = {
+    {Color::CalendarWeekend, "calendar_weekend", {0, 0, 0}, "VelaCalanderView (days of a weekend)"},
+    {Color::ComboBoxBorder, "combo_box_border", {0xC8, 0xD2, 0xDC}, "VelaComboBox (%2 of its section)"},
+    {Color::Mask, "mask", {0, 0, 0, 20}, "message shortcuts (over the window)"},
+    {Color::SheetBody, "sheet_body", {255, 255, 255}, "VelaSheet (body)"},
+    {Color::TreeHovered, "tree_hovered", {}, "VelaTreeWidget (row under the pointer, unless it was given a colour)"},
+    {Color::TreeOutline, "tree_outline", {255, 255, 255}, "VelaTreeWidget (line around a highlighted row)"},
+    {Color::TreeSelected, "tree_selected", {}, "VelaTreeWidget (selected rows, unless it was given a colour)"},
+};
+
 namespace Detail {
 
 /// Whether a table has an entry for each value of its enumeration, in the enumeration's order.
@@ -371,6 +403,7 @@ static_assert(isComplete(StyleEntries, &StyleEntry::style));
 static_assert(isComplete(ImageEntries, &ImageEntry::image));
 static_assert(isComplete(TextEntries, &TextEntry::text));
 static_assert(isComplete(SpokenTextEntries, &SpokenTextEntry::text));
+static_assert(isComplete(ColorEntries, &ColorEntry::color));
 
 } // namespace Detail
 

@@ -12,6 +12,12 @@
 
 namespace Vela::Look {
 
+namespace {
+
+Colors themeColors; // invalid where the standard one holds
+
+} // namespace
+
 QString sheet(Style style)
 {
     return getStyleSheet(StyleEntries[static_cast<int>(style)].key, false);
@@ -49,6 +55,22 @@ QString spoken(SpokenText text, const QString &first, const QString &second)
     const QString key = QString::fromLatin1(entry.key);
     QString spoken = strings->contains(key) ? strings->getString(key) : QString::fromLatin1(entry.fallback);
     return spoken.replace(QLatin1String("%1"), first).replace(QLatin1String("%2"), second);
+}
+
+QColor color(Color color)
+{
+    const auto index = static_cast<std::size_t>(color);
+    return themeColors[index].isValid() ? themeColors[index] : ColorEntries[index].standard;
+}
+
+Colors colors()
+{
+    return themeColors;
+}
+
+void setColors(const Colors &colors)
+{
+    themeColors = colors;
 }
 
 void setFirstStyleSheet(QWidget *button, const QString &sheet)

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QString>
 
+#include <array>
+
 class QWidget;
 
 /// The widgets' door to what an application has installed: sheets, images and texts.
@@ -30,6 +32,13 @@ QString text(Text text);
 QString textOr(const QString &custom, Text text);
 /// The text, or its fallback, with @p first and @p second in the places of %1 and %2. Nothing is logged.
 QString spoken(SpokenText text, const QString &first = QString(), const QString &second = QString());
+
+/// The theme's colour, or the standard one where it sets none.
+QColor color(Color color);
+using Colors = std::array<QColor, static_cast<std::size_t>(Color::Count)>;
+Colors colors();
+/// Sets the theme's colours; the standard ones take the place of invalid ones.
+void setColors(const Colors &colors);
 
 /// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
 /// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are

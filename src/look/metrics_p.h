@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <QColor>
-
 // What several widgets have in common, so that they stay alike.
 
 namespace Vela {
@@ -21,12 +19,5 @@ constexpr int SheetMargin = 10; // margin around a sheet's content
 constexpr int SheetWindowMargin = 40; // part of its window's width that a sheet leaves free
 
 } // namespace Metric
-
-namespace Color {
-
-constexpr QColor Mask {0, 0, 0, 20}; // mask over a window, below its sheet
-constexpr QColor Surface {255, 255, 255}; // body of a sheet
-
-} // namespace Color
 
 } // namespace Vela

@@ -3,6 +3,7 @@
 
 #include "navigation/vela-button-path.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -40,6 +41,11 @@ bool isArrow(int column)
 QString withoutMnemonic(QString name)
 {
     return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString nameOn(const QPushButton *button)
+{
+    return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
 }
 
 // Name that the keyboard finds in full view. Under a press of the mouse nothing may move.
@@ -81,6 +87,12 @@ QPushButton *createArrow(QWidget *parent)
     return arrow;
 }
 
+// The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
+int widthOf(const QString &name, const QPushButton *button)
+{
+    return scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding);
+}
+
 QPushButton *createNameButton(const QString &name, QWidget *parent, std::function<void()> showInFull)
 {
     auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
@@ -89,8 +101,7 @@ QPushButton *createNameButton(const QString &name, QWidget *parent, std::functio
     button->setFixedHeight(scaled(NameButtonHeight));
     // The sheet may set the font.
     button->ensurePolished();
-    // The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
-    button->setFixedWidth(scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding));
+    button->setFixedWidth(widthOf(name, button));
     return button;
 }
 
@@ -107,11 +118,13 @@ public:
     void setUpTable();
     void setUpMenuButton();
     void clear();
+    void clearMenu();
     void discard(QAction *action);
     void discard(QPushButton *button);
     void setButton(int column, QPushButton *button);
     void setTabOrder();
     void showInFull(int column);
+    void renew(const LookChange &change);
 
     VelaButtonPath *const q;
     QList<QPushButton *> buttons; // names at even indices, arrows at odd ones
@@ -153,12 +166,17 @@ void VelaButtonPathPrivate::setUpMenuButton()
     menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset));
 }
 
-void VelaButtonPathPrivate::clear()
+void VelaButtonPathPrivate::clearMenu()
 {
     const QList<QAction *> actions = menu->actions();
     for (QAction *action : actions) {
         discard(action);
     }
+}
+
+void VelaButtonPathPrivate::clear()
+{
+    clearMenu();
     for (QPushButton *button : qAsConst(buttons)) {
         discard(button);
     }
@@ -231,6 +249,40 @@ void VelaButtonPathPrivate::showInFull(int column)
     }
 }
 
+void VelaButtonPathPrivate::renew(const LookChange &change)
+{
+    if (!change.isOfEverything()) {
+        return;
+    }
+    change.restyle(q, Style::ButtonPath);
+    change.restyle(menu.get(), Style::Menu);
+    change.restyle(menuButton, Style::ButtonPathMenuButton);
+    menuButton->setIcon(change.now(Image::Folder));
+
+    bool isOtherWidth = false;
+    for (int column = 0; column < buttons.size(); ++column) {
+        QPushButton *button = buttons.at(column);
+        if (isArrow(column)) {
+            change.restyle(button, Style::ButtonPathArrow);
+            button->setIcon(change.now(Image::PathArrow));
+            continue;
+        }
+        change.restyle(button, Style::ButtonPathName);
+        button->ensurePolished();
+        const int width = widthOf(nameOn(button), button);
+        if (width != button->width()) {
+            button->setFixedWidth(width);
+            q->setColumnWidth(column, width);
+            isOtherWidth = true;
+        }
+    }
+    if (isOtherWidth) {
+        clearMenu();
+        menuButton->hide();
+        q->updateColumnSize();
+    }
+}
+
 VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::make_unique<VelaButtonPathPrivate>(this))
 {
     d->setUpTable();
@@ -241,6 +293,14 @@ VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::m
 }
 
 VelaButtonPath::~VelaButtonPath() = default;
+
+void VelaButtonPath::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    QTableWidget::customEvent(event);
+}
 
 void VelaButtonPath::refresh(QString path)
 {
@@ -269,8 +329,7 @@ QString VelaButtonPath::getPath(int index)
     QString path;
     const int last = qMin(index, d->buttons.size() - 1);
     for (int i = 0; i <= last; ++i) {
-        path += isArrow(i) ? QStringLiteral("/")
-                           : d->buttons.at(i)->text().replace(QLatin1String("&&"), QLatin1String("&"));
+        path += isArrow(i) ? QStringLiteral("/") : nameOn(d->buttons.at(i));
     }
     return path;
 }

@@ -45,6 +45,9 @@ public Q_SLOTS:
     void slotUpdatePath(QString path);
     void slotPathBarClicked(int btn_id);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaButtonPathPrivate> d;
 };

@@ -4,6 +4,7 @@
 #include "navigation/vela-filter-bar.h"
 
 #include "controls/vela-button.h"
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -57,6 +58,15 @@ VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_u
 }
 
 VelaFilterBar::~VelaFilterBar() = default;
+
+void VelaFilterBar::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::LineEdit, Style::FilterBarPadding);
+        change->restyle(d->searchButton, Style::FilterSearchButton);
+    }
+    QLineEdit::customEvent(event);
+}
 
 // A sheet can give the text other room right to left, but its rules are chosen anew only when the field is polished.
 void VelaFilterBar::changeEvent(QEvent *event)

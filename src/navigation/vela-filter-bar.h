@@ -41,6 +41,7 @@ public Q_SLOTS:
 protected:
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaFilterBarPrivate> d;

@@ -4,6 +4,7 @@
 #include "navigation/vela-paging-bar.h"
 
 #include "controls/vela-button.h"
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "scale/scaled.h"
 #include "utils/accessible-event_p.h"
@@ -111,6 +112,12 @@ int VelaPagingModel::startItem() const
 class VelaPagingBarPrivate
 {
 public:
+    struct FooterLabel
+    {
+        QLabel *label;
+        Style style;
+    };
+
     explicit VelaPagingBarPrivate(VelaPagingBar *bar, VelaPagingModel *pagingModel) : q(bar), model(pagingModel) { }
 
     void resetModel();
@@ -122,6 +129,7 @@ public:
     void turnTo(qint64 page);
     void addFooterLabel(const PagingFooterInfo &info);
     void removeFooterLabel();
+    void renew(const LookChange &change);
 
     VelaPagingBar *const q;
     const QPointer<VelaPagingModel> model; // model of the client's, null once that has deleted it
@@ -129,9 +137,10 @@ public:
     QHBoxLayout *footerLayout = nullptr;
     VelaIconButton *navigationButtons[NavigationCount] = {};
     VelaButton *pageButtons[PageButtonCount] = {};
-    std::vector<QLabel *> footerLabels; // labels of the footer, from the refresh button on
+    std::vector<FooterLabel> footerLabels; // from the refresh button on
     VelaIconButton *refreshButton = nullptr;
     QSignalMapper *mapper = nullptr;
+    QWidget *border = nullptr;
 };
 
 void VelaPagingBarPrivate::resetModel()
@@ -199,7 +208,7 @@ void VelaPagingBarPrivate::layOut()
     pageLayout->addSpacing(scaled(OuterSpacing));
     pageLayout->addLayout(footerLayout);
 
-    auto *border = new QWidget(q);
+    border = new QWidget(q);
     border->setObjectName(QStringLiteral("PAGINGBARBORDER"));
     border->setStyleSheet(Look::sheet(Style::PagingBarBorder)); // before it has children to style again
     border->setLayout(pageLayout);
@@ -231,24 +240,37 @@ void VelaPagingBarPrivate::turnTo(qint64 page)
 void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
 {
     const bool isRightmost = footerLabels.empty() && refreshButton->isHidden();
+    const Style style = isRightmost ? Style::PagingBarRightmostLabel : Style::PagingBarLabel;
     auto *label = new QLabel(info.text, footerLayout->parentWidget());
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setFixedHeight(scaled(FooterLabelHeight));
     if (info.width != 0) {
         label->setFixedWidth(scaled(info.width));
     }
-    label->setStyleSheet(Look::sheet(isRightmost ? Style::PagingBarRightmostLabel : Style::PagingBarLabel));
-    footerLabels.push_back(label);
+    label->setStyleSheet(Look::sheet(style));
+    footerLabels.push_back({label, style});
     footerLayout->addWidget(label);
 }
 
 // The label stays behind, hidden: it is neither deleted nor used again.
 void VelaPagingBarPrivate::removeFooterLabel()
 {
-    QLabel *label = footerLabels.back();
+    QLabel *label = footerLabels.back().label;
     label->hide();
     footerLayout->removeWidget(label);
     footerLabels.pop_back();
+}
+
+void VelaPagingBarPrivate::renew(const LookChange &change)
+{
+    change.restyle(border, Style::PagingBarBorder);
+    for (const FooterLabel &footer : footerLabels) {
+        change.restyle(footer.label, footer.style);
+    }
+    for (int i = 0; i < NavigationCount; ++i) {
+        change.renewToolTip(navigationButtons[i], NavigationLooks[i].toolTip);
+    }
+    change.renewAccessibleName(refreshButton, Text::Refresh);
 }
 
 VelaPagingBar::VelaPagingBar(VelaPagingModel *model, QWidget *parent) :
@@ -263,6 +285,14 @@ VelaPagingBar::VelaPagingBar(VelaPagingModel *model, QWidget *parent) :
 }
 
 VelaPagingBar::~VelaPagingBar() = default;
+
+void VelaPagingBar::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    QWidget::customEvent(event);
+}
 
 VelaPagingModel *VelaPagingBar::model() const
 {
@@ -320,9 +350,9 @@ void VelaPagingBar::setFooterInfos(const std::vector<PagingFooterInfo> &infos)
             d->addFooterLabel(infos[i]);
             continue;
         }
-        d->footerLabels[i]->setText(infos[i].text);
+        d->footerLabels[i].label->setText(infos[i].text);
         if (infos[i].width != 0) {
-            d->footerLabels[i]->setFixedWidth(scaled(infos[i].width));
+            d->footerLabels[i].label->setFixedWidth(scaled(infos[i].width));
         }
     }
     while (d->footerLabels.size() > infos.size()) {

@@ -101,6 +101,9 @@ public Q_SLOTS:
     /// Turns to the last page.
     void last_page();
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaPagingBarPrivate> d;
 };

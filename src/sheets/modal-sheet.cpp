@@ -3,6 +3,7 @@
 
 #include "sheets/modal-sheet_p.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
@@ -42,6 +43,26 @@ void ModalSheet::setUpButton(QMessageBox::StandardButton which, Style style, con
         known->setDefault(true);
     }
     known->setStyleSheet(Look::sheet(style));
+}
+
+void ModalSheet::renew(const LookChange &change, Style style, Text okCaption)
+{
+    const QMargins shadow = m_sheet->contentsMargins(); // which a frame loses when it is styled
+    const QFontMetrics formerMetrics = textLabel->fontMetrics();
+    change.restyle(m_sheet, style);
+    m_sheet->setContentsMargins(shadow);
+    renewContent(change);
+    if (QPushButton *ok = button(QMessageBox::Ok)) {
+        change.restyle(ok, Style::ApplyButton);
+        change.renewText(ok, okCaption);
+    }
+    if (QPushButton *cancel = button(QMessageBox::Discard)) {
+        change.restyle(cancel, Style::CancelButton);
+        change.renewText(cancel, Text::Cancel);
+    }
+    if (textLabel->fontMetrics() != formerMetrics) {
+        setupLayout();
+    }
 }
 
 QPushButton *ModalSheet::button(QMessageBox::StandardButton which) const

@@ -16,6 +16,10 @@ class QPushButton;
 class QVBoxLayout;
 class VelaSheet;
 
+namespace Vela {
+class LookChange;
+}
+
 namespace Vela::Private {
 
 /// What the sheets that wait for an answer have in common: a text at the top, a box of buttons at the bottom, a width
@@ -50,11 +54,15 @@ protected:
     void setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption);
     /// Sets @p text, which may be rich, in lines as high as that, in logical pixels.
     static void setParagraph(QLabel *label, const QString &text, int lineHeight);
+    /// Renews the looks of the sheet and of its buttons; of the latter the captions too.
+    void renew(const LookChange &change, Style style, Text okCaption);
     /// Lets @p label break its lines. Its height does not depend on its width then, for a layout, until it is given
     /// another text or alignment: sheets are as high as they are by this, so it is part of the order of the calls.
     static void wrapText(QLabel *label);
 
 private:
+    /// Renews the looks of what stands above the buttons.
+    virtual void renewContent(const LookChange &change) = 0;
     /// Puts what stands above the buttons into @p column.
     virtual void fill(QVBoxLayout *column) = 0;
     /// The sheet has its width, but not yet its height.

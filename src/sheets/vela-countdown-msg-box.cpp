@@ -3,6 +3,7 @@
 
 #include "sheets/vela-countdown-msg-box.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "utils/accessible-event_p.h"
 
@@ -29,6 +30,10 @@ class VelaCountdownMessageBoxPrivate
 {
 public:
     static void announceCount(VelaCountdownMessageBox *box);
+    QString caption(const QString &text) const
+    {
+        return text + QLatin1Char('(') + QString::number(remaining) + QLatin1Char(')');
+    }
 
     QTimer timer;
     qint64 remaining = 0; // seconds left, perhaps one less than the least int
@@ -67,11 +72,29 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
 
 VelaCountdownMessageBox::~VelaCountdownMessageBox() = default;
 
+void VelaCountdownMessageBox::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(this, Style::InfoBox);
+        if (QAbstractButton *ok = button(QMessageBox::Ok)) {
+            change->restyle(ok, Style::ApplyButton);
+            if (ok->text() == d->caption(change->former(Text::Ok))) {
+                ok->setText(d->caption(change->now(Text::Ok)));
+            }
+        }
+        if (QAbstractButton *cancel = button(QMessageBox::Discard)) {
+            change->restyle(cancel, Style::CancelButton);
+            change->renewText(cancel, Text::Cancel);
+        }
+    }
+    QMessageBox::customEvent(event);
+}
+
 void VelaCountdownMessageBox::updateButtonText()
 {
     // A client may have set other buttons.
     if (QAbstractButton *ok = button(QMessageBox::Ok)) {
-        ok->setText(Look::text(Text::Ok) + QLatin1Char('(') + QString::number(d->remaining) + QLatin1Char(')'));
+        ok->setText(d->caption(Look::text(Text::Ok)));
     }
 }
 

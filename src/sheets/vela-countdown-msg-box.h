@@ -41,6 +41,7 @@ public Q_SLOTS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaCountdownMessageBoxPrivate> d;

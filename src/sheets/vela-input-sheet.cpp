@@ -3,6 +3,7 @@
 
 #include "sheets/vela-input-sheet.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -39,11 +40,13 @@ public:
 
     void initialize();
     void setPrompt(const QString &text);
+    void renew(const LookChange &change) { ModalSheet::renew(change, Style::SheetOther, Text::Ok); }
 
     QString prompt;
     QLineEdit *const lineEdit;
 
 private:
+    void renewContent(const LookChange &change) override;
     void fill(QVBoxLayout *column) override;
     void fitToWidth() override;
     void started() override;
@@ -81,6 +84,11 @@ void VelaInputSheetPrivate::setPrompt(const QString &text)
     setupLayout();
 }
 
+void VelaInputSheetPrivate::renewContent(const LookChange &change)
+{
+    change.restyle(lineEdit, Style::LineEdit);
+}
+
 void VelaInputSheetPrivate::fill(QVBoxLayout *column)
 {
     lineEdit->setFixedHeight(scaled(Metric::FieldHeight));
@@ -116,6 +124,14 @@ VelaInputSheet::VelaInputSheet(const QString &text, QWidget *parent) : VelaInput
 }
 
 VelaInputSheet::~VelaInputSheet() = default;
+
+void VelaInputSheet::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    VelaSheet::customEvent(event);
+}
 
 void VelaInputSheet::setText(const QString &text)
 {

@@ -66,6 +66,7 @@ public Q_SLOTS:
 
 protected:
     bool focusNextPrevChild(bool next) override;
+    void customEvent(QEvent *event) override;
 
 private:
     VelaInputSheetPrivate *const d;

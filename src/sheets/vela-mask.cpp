@@ -3,12 +3,15 @@
 
 #include "sheets/vela-mask.h"
 
+#include "look/look-change_p.h"
 #include "scale/scaled.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMargins>
 #include <QPointer>
+
+using namespace Vela;
 
 class VelaMaskPrivate : public QObject
 {
@@ -94,14 +97,18 @@ QWidget *VelaMask::createMaskWithCustomizedMargin(QWidget *widget, QWidget *pare
     return widget;
 }
 
-void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
+void VelaMask::fill(const QColor &color)
 {
     d->color = color;
-    auto *row = new QHBoxLayout(this);
-
     QPalette filled = palette();
-    filled.setColor(QPalette::Window, d->color);
+    filled.setColor(QPalette::Window, color);
     setPalette(filled);
+}
+
+void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
+{
+    auto *row = new QHBoxLayout(this);
+    fill(color);
     setAutoFillBackground(true);
 
     d->content = widget;
@@ -121,6 +128,16 @@ void VelaMask::initialize(QWidget *widget, QWidget *parent, const QColor &color)
         mask->rest();
         mask->content = nullptr;
     });
+}
+
+void VelaMask::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        if (change->isOfEverything() && d->color == change->former(Color::Mask)) {
+            fill(Look::color(Color::Mask));
+        }
+    }
+    QFrame::customEvent(event);
 }
 
 void VelaMask::resize()

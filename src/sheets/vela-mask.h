@@ -42,8 +42,12 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     void initialize(QWidget *widget, QWidget *parent, const QColor &color);
+    void fill(const QColor &color);
 
     VelaMaskPrivate *const d;
 };

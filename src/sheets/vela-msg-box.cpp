@@ -3,6 +3,7 @@
 
 #include "sheets/vela-msg-box.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -29,10 +30,42 @@ const BoxLook UpgradingBox {QMessageBox::Warning, QMessageBox::Ok, Style::Upgrad
 
 int runSheet(VelaMessageSheet &sheet, QWidget *parent)
 {
-    VelaMask::createMask(&sheet, parent->window(), Color::Mask);
+    VelaMask::createMask(&sheet, parent->window(), Look::color(Color::Mask));
     sheet.button(QMessageBox::Ok)->setFixedHeight(scaled(Metric::ButtonHeight));
     return sheet.exec();
 }
+
+// A box that follows a change of the look while it is up.
+class MessageBox : public QMessageBox
+{
+public:
+    explicit MessageBox(Style style) : m_style(style)
+    {
+        setStyleSheet(Look::sheet(style)); // before its buttons, which would be polished again
+    }
+
+protected:
+    void customEvent(QEvent *event) override
+    {
+        if (const auto *change = LookChange::of(event)) {
+            change->restyle(this, m_style);
+            renew(*change, button(QMessageBox::Ok), Style::ApplyButton, Text::Ok);
+            renew(*change, button(QMessageBox::Cancel), Style::CancelButton, Text::Cancel);
+        }
+        QMessageBox::customEvent(event);
+    }
+
+private:
+    static void renew(const LookChange &change, QAbstractButton *button, Style style, Text caption)
+    {
+        if (button) {
+            change.restyle(button, style);
+            change.renewText(button, caption);
+        }
+    }
+
+    const Style m_style;
+};
 
 void setUpButton(QAbstractButton *button, const QString &customCaption, Text caption, Style style)
 {
@@ -45,8 +78,7 @@ void setUpButton(QAbstractButton *button, const QString &customCaption, Text cap
 int runBox(const BoxLook &look, const QString &title, const QString &text, const QString &informativeText = QString(),
            const MsgBoxCustomBtnText &captions = {QString(), QString()})
 {
-    QMessageBox box;
-    box.setStyleSheet(Look::sheet(look.style)); // before its buttons, which would be polished again
+    MessageBox box(look.style);
     box.setIcon(look.icon);
     box.setWindowTitle(title);
     box.setText(text);

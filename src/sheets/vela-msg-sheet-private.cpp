@@ -3,6 +3,7 @@
 
 #include "sheets/vela-msg-sheet_p.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -72,20 +73,46 @@ VelaMessageSheetPrivate::VelaMessageSheetPrivate(VelaMessageSheet *sheet) :
 void VelaMessageSheetPrivate::initialize(const MsgBoxCustomBtnText &captions)
 {
     // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
-    const bool isProcessing = type == VelaMessageSheet::AppMessage || type == VelaMessageSheet::ProcessingMessage;
-    q->setStyleSheet(Look::sheet(isProcessing ? Style::SheetProcessing : Style::SheetOther));
+    q->setStyleSheet(Look::sheet(style()));
 
     const TypeLook look = lookOf(type);
     setUpIcon(look.icon);
     setUpButtonBox(look.buttons);
-    setUpButton(QMessageBox::Ok, Style::ApplyButton, captions.okText,
-                type == VelaMessageSheet::UpgradeMessage ? Text::UpgradeNow : Text::Ok);
+    setUpButton(QMessageBox::Ok, Style::ApplyButton, captions.okText, okCaption());
     setUpButton(QMessageBox::Discard, Style::CancelButton, captions.cancelText, Text::Cancel);
     sizeButton(QMessageBox::Ok, OkMinimumWidth);
     sizeButton(QMessageBox::Discard, CancelMinimumWidth);
     connect(buttonBox, &QDialogButtonBox::clicked, q, &VelaMessageSheet::buttonClick, Qt::UniqueConnection);
     setupLayout();
     setUpTexts();
+}
+
+Style VelaMessageSheetPrivate::style() const
+{
+    const bool isProcessing = type == VelaMessageSheet::AppMessage || type == VelaMessageSheet::ProcessingMessage;
+    return isProcessing ? Style::SheetProcessing : Style::SheetOther;
+}
+
+Text VelaMessageSheetPrivate::okCaption() const
+{
+    return type == VelaMessageSheet::UpgradeMessage ? Text::UpgradeNow : Text::Ok;
+}
+
+void VelaMessageSheetPrivate::renew(const LookChange &change)
+{
+    ModalSheet::renew(change, style(), okCaption());
+}
+
+void VelaMessageSheetPrivate::renewContent(const LookChange &change)
+{
+    const QPixmap icon = iconLabel->pixmap(Qt::ReturnByValue);
+    if (const std::optional<QPixmap> successor = change.successor(icon.cacheKey())) {
+        iconLabel->setPixmap(*successor);
+    }
+    change.restyle(textLabel, Style::SheetText);
+    if (informativeLabel) {
+        change.restyle(informativeLabel, Style::SheetInformativeText);
+    }
 }
 
 void VelaMessageSheetPrivate::setUpIcon(Image icon)

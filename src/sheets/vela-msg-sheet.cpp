@@ -3,6 +3,7 @@
 
 #include "sheets/vela-msg-sheet.h"
 
+#include "look/look-change_p.h"
 #include "scale/scaled.h"
 #include "sheets/vela-msg-sheet_p.h"
 #include "utils/accessible-event_p.h"
@@ -13,6 +14,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+
+using namespace Vela;
 
 namespace {
 
@@ -101,6 +104,14 @@ VelaMessageSheet::VelaMessageSheet(const QString &text, const QString &movieFile
 }
 
 VelaMessageSheet::~VelaMessageSheet() = default;
+
+void VelaMessageSheet::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    VelaSheet::customEvent(event);
+}
 
 void VelaMessageSheet::setText(const QString &text)
 {

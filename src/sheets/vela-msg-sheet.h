@@ -148,6 +148,7 @@ public Q_SLOTS:
 protected:
     void showEvent(QShowEvent *event) override;
     bool focusNextPrevChild(bool next) override;
+    void customEvent(QEvent *event) override;
 
 private:
     VelaMessageSheetPrivate *const d;

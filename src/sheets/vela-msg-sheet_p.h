@@ -21,6 +21,7 @@ public:
     void setText(const QString &newText);
     void setInformativeText(const QString &newText);
     void rememberFocusWidgets();
+    void renew(const Vela::LookChange &change);
 
     MessageLabel *informativeLabel = nullptr; // label of the informative text, null without one
     QLabel *const iconLabel;
@@ -37,6 +38,9 @@ private:
     void setUpButtonBox(QDialogButtonBox::StandardButtons buttons);
     void sizeButton(QMessageBox::StandardButton which, int minimumWidth);
     void setUpTexts();
+    Vela::Style style() const;
+    Vela::Text okCaption() const;
+    void renewContent(const Vela::LookChange &change) override;
     void fill(QVBoxLayout *column) override;
     void fitToWidth() override;
     void started() override;

@@ -3,6 +3,7 @@
 
 #include "sheets/vela-sheet.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
@@ -123,6 +124,16 @@ VelaSheet::VelaSheet(QWidget *parent) : QFrame(parent), d(std::make_unique<VelaS
 
 VelaSheet::~VelaSheet() = default;
 
+void VelaSheet::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        if (change->isOfEverything()) {
+            update();
+        }
+    }
+    QFrame::customEvent(event);
+}
+
 void VelaSheet::reserveShadow()
 {
     setContentsMargins(d->shadowWidth, d->shadowWidth, d->shadowWidth, d->shadowWidth);
@@ -142,7 +153,7 @@ void VelaSheet::paintEvent(QPaintEvent *)
     QPainter painter(this);
     drawShadow(painter);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Color::Surface);
+    painter.setBrush(Look::color(Color::SheetBody));
     painter.drawRect(d->shadowWidth, d->shadowWidth, width() - 2 * d->shadowWidth, height() - 2 * d->shadowWidth);
 }
 

@@ -40,6 +40,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     void reserveShadow();

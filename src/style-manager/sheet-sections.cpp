@@ -3,8 +3,13 @@
 
 #include "style-manager/sheet-sections_p.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cstring>
+#include <numeric>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -149,7 +154,55 @@ QString linesOf(const QByteArray &text, int begin, int end)
     return QString::fromUtf8(lines.constData(), lines.size());
 }
 
+bool isAscii(const QByteArray &text)
+{
+    const auto unite = [](char all, char character) { return static_cast<char>(all | character); };
+    return static_cast<unsigned char>(std::accumulate(text.cbegin(), text.cend(), '\0', unite)) < 0x80;
+}
+
+// Replaces each name by value, which is no shorter. Unlike QByteArray::replace() it moves a byte only
+// once, however many matches there are.
+void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value)
+{
+    const std::string_view view(text.constData(), static_cast<std::size_t>(text.size()));
+    std::vector<std::size_t> matches;
+    for (auto i = view.find(name); i != view.npos; i = view.find(name, i + name.size())) {
+        matches.push_back(i);
+    }
+    if (matches.empty()) {
+        return;
+    }
+
+    std::size_t end = view.size();
+    text.resize(text.size() + static_cast<int>(matches.size()) * (value.size() - static_cast<int>(name.size())));
+    const char *begin = text.constData();
+    char *out = text.data() + text.size();
+    for (auto match = matches.crbegin(); match != matches.crend(); ++match) {
+        out = std::copy_backward(begin + *match + name.size(), begin + end, out);
+        out = std::copy_backward(value.cbegin(), value.cend(), out);
+        end = *match;
+    }
+}
+
 } // namespace
+
+QByteArray readSheets(QFile &file)
+{
+    QByteArray text = file.readAll();
+    // As a device in text mode does, which looks for carriage returns a byte at a time.
+    if (std::memchr(text.constData(), '\r', static_cast<std::size_t>(text.size()))) {
+        text.replace("\r", "");
+    }
+    // Given the whole array, QString::fromUtf8() would stop at a null byte.
+    return isAscii(text) ? text : QString::fromUtf8(text.constData(), text.size()).toUtf8();
+}
+
+void insertImageFolders(QByteArray &text, const QByteArray &images, const QByteArray &tempImages)
+{
+    // The second name is part of the first, so the first must be gone by then.
+    replaceAll(text, "TMPIMG_LOC", tempImages);
+    replaceAll(text, "IMG_LOC", images);
+}
 
 QByteArray removeComments(QByteArray text, RemovedComments *removed)
 {

@@ -9,6 +9,8 @@
 #include <map>
 #include <vector>
 
+class QFile;
+
 // Whatever has a meaning here is ASCII, so the text, valid UTF-8, is cut before it is decoded: that spares a copy of it
 // twice its size.
 
@@ -26,6 +28,12 @@ struct RemovedComments
     std::vector<TextRange> blocks;
     std::vector<TextRange> lines;
 };
+
+/// What is in @p file, which is open, as valid UTF-8 without carriage returns.
+QByteArray readSheets(QFile &file);
+
+/// Puts the folders, as UTF-8, in the places of "IMG_LOC" and "TMPIMG_LOC".
+void insertImageFolders(QByteArray &text, const QByteArray &images, const QByteArray &tempImages);
 
 /// @p text without its comments: first without every "/* ... */", across lines too, then without every "// ..."
 /// together with the line break that ends it, which joins the rest of its line to the next line. A comment that is

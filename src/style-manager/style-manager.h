@@ -11,6 +11,10 @@
 #include <map>
 #include <vector>
 
+namespace Vela {
+struct LookTables;
+}
+
 /// The style sheets of all widgets by key ("component.apply_button"), read from the application's files.
 ///
 /// A file is UTF-8 text, cut into sections by header lines such as `== component.label ==`: lines that begin and end
@@ -35,6 +39,8 @@ public:
     QString getStyleSheet(const QString &key, bool raw);
 
 private:
+    friend struct Vela::LookTables; // keeps and replaces all of it
+
     StyleManager() = default;
     ~StyleManager() = default;
     Q_DISABLE_COPY_MOVE(StyleManager)

@@ -8,6 +8,10 @@
 #include <QMap>
 #include <QString>
 
+namespace Vela {
+struct LookTables;
+}
+
 /// The texts of the user interface by key, in the application's current language.
 ///
 /// The library ships no texts: every caption, tool tip, accessible name, month and weekday name of its widgets is
@@ -30,6 +34,8 @@ public:
     bool contains(const QString &key) const;
 
 private:
+    friend struct Vela::LookTables; // keeps and replaces all of it
+
     ComponentStrings() = default;
     ~ComponentStrings() = default;
     Q_DISABLE_COPY_MOVE(ComponentStrings)

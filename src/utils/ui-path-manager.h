@@ -9,6 +9,10 @@
 
 #include <map>
 
+namespace Vela {
+struct LookTables;
+}
+
 /// The application's folders by key.
 ///
 /// The library reads two keys: "resource_path", the read-only folder that holds `images.json`, `images/` and usually
@@ -30,6 +34,8 @@ public:
     QString getPath(const QString &key);
 
 private:
+    friend struct Vela::LookTables; // keeps and replaces all of it
+
     UIPathManager() = default;
     ~UIPathManager() = default;
     Q_DISABLE_COPY_MOVE(UIPathManager)

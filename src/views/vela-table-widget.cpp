@@ -3,6 +3,7 @@
 
 #include "views/vela-table-widget.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
@@ -233,6 +234,15 @@ VelaTableWidget::~VelaTableWidget()
 {
     // The header shows the model of a table that goes with the private object, before the children do.
     d->header->setModel(nullptr);
+}
+
+void VelaTableWidget::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        change->restyle(d->header, Style::TableHeader);
+        change->restyle(d->body, Style::Table, Style::ScrollBar);
+    }
+    QWidget::customEvent(event);
 }
 
 void VelaTableWidget::initailze()

@@ -96,6 +96,9 @@ public Q_SLOTS:
     /// Stretches the columns to a room of @p size for the rows. Those that do not stretch keep their widths.
     void slotTableResized(QSize size);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     const std::unique_ptr<VelaTableWidgetPrivate> d;
 };

@@ -3,6 +3,7 @@
 
 #include "views/vela-tree-widget.h"
 
+#include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
@@ -49,7 +50,7 @@ void paintHighlight(QPainter *painter, const QRect &rect, const QColor &color)
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(QBrush(color, Qt::SolidPattern));
-    painter->setPen(QColor(0xff, 0xff, 0xff));
+    painter->setPen(Look::color(Color::TreeOutline));
     painter->drawRoundedRect(rect, scaled(HighlightRadius), scaled(HighlightRadius));
     painter->restore();
 }
@@ -86,6 +87,8 @@ public:
     QModelIndex rowUnderPointer() const;
     QRegion regionOfRowsToPaint(const QRegion &region) const;
     void updateHoveredRow();
+    QColor highlightColor(bool isSelected) const;
+    void renew(const LookChange &change);
 
     VelaTreeWidget *const q;
     QColor selectedColor;
@@ -103,6 +106,14 @@ VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent), d(std::ma
 }
 
 VelaTreeWidget::~VelaTreeWidget() = default;
+
+void VelaTreeWidget::customEvent(QEvent *event)
+{
+    if (const auto *change = LookChange::of(event)) {
+        d->renew(*change);
+    }
+    QTreeWidget::customEvent(event);
+}
 
 void VelaTreeWidget::setBackgroundColor(QColor selected, QColor hover)
 {
@@ -239,6 +250,24 @@ void VelaTreeWidgetPrivate::updateHoveredRow()
     hoveredRow = row;
 }
 
+QColor VelaTreeWidgetPrivate::highlightColor(bool isSelected) const
+{
+    const QColor &color = isSelected ? selectedColor : hoverColor;
+    return color.isValid() ? color : Look::color(isSelected ? Color::TreeSelected : Color::TreeHovered);
+}
+
+// The tree's own sheet is the application's, who mostly gives it these sections.
+void VelaTreeWidgetPrivate::renew(const LookChange &change)
+{
+    change.restyle(q, Style::TreeItem);
+    change.restyle(q, Style::TreeItem, Style::ScrollBar);
+    const QList<QLineEdit *> editors = q->viewport()->findChildren<QLineEdit *>();
+    for (QLineEdit *editor : editors) {
+        change.restyle(editor, Style::TreeItem);
+    }
+    q->viewport()->update(); // for what it paints in colours of its own
+}
+
 void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const QTreeWidgetItem *item = itemFromIndex(index);
@@ -247,7 +276,7 @@ void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &opti
         const double dpi = DPIinfo::getInstance()->getDPI();
         QRect highlight = option.rect;
         highlight.setWidth(truncated(highlight.width() - HighlightRightMargin * dpi));
-        drawHighlight(painter, highlight, isSelected ? d->selectedColor : d->hoverColor);
+        drawHighlight(painter, highlight, d->highlightColor(isSelected));
     }
 
     // Whether a row can be checked is what marks it as active in this tree.

@@ -59,6 +59,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void customEvent(QEvent *event) override;
 
 private:
     const std::unique_ptr<VelaTreeWidgetPrivate> d;
