@@ -52,11 +52,13 @@ VelaComboBox::~VelaComboBox() = default;
 void VelaComboBox::customEvent(QEvent *event)
 {
     if (const auto *change = LookChange::of(event)) {
-        const QString former = comboBoxSheet(change->former(Style::ComboBox), change->former(Color::ComboBoxBorder),
-                                             change->former(Style::ScrollBar));
-        change->restyle(this, former,
-                        comboBoxSheet(change->now(Style::ComboBox), Look::color(Color::ComboBoxBorder),
-                                      change->now(Style::ScrollBar)));
+        if (change->isOfEverything()) {
+            const QString former = comboBoxSheet(change->former(Style::ComboBox), change->former(Color::ComboBoxBorder),
+                                                 change->former(Style::ScrollBar));
+            change->restyle(this, former,
+                            comboBoxSheet(change->now(Style::ComboBox), Look::color(Color::ComboBoxBorder),
+                                          change->now(Style::ScrollBar)));
+        }
     }
     QComboBox::customEvent(event);
 }

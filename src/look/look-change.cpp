@@ -39,10 +39,10 @@ QString textOf(Text text, const LookTables &tables)
 LookChange::LookChange(Extent extent, LookTables former, LookTables now) :
     m_extent(extent), m_former(std::move(former)), m_now(std::move(now))
 {
-    for (const auto &[name, image] : m_former.images) {
+    for (auto image = m_former.images.cbegin(); image != m_former.images.cend(); ++image) {
         for (int type = 0; type < ImageManager::ImageFile::VariantCount; ++type) {
-            if (!image.pixmaps[type].isNull()) {
-                m_formerImages.insert(image.pixmaps[type].cacheKey(), {name, ImageManager::ImageType(type)});
+            if (const QPixmap &pixmap = image->pixmaps[type]; !pixmap.isNull()) {
+                m_formerImages.insert(pixmap.cacheKey(), {image.key(), ImageManager::ImageType(type)});
             }
         }
     }
@@ -79,9 +79,8 @@ QString LookChange::sheet(Style style, const LookTables &tables, Sheets &scaled)
     const auto index = static_cast<std::size_t>(style);
     if (!scaled[index]) {
         const auto section = tables.sections.find(QString::fromLatin1(StyleEntries[index].key));
-        scaled[index] = section == tables.sections.end()
-            ? QString()
-            : DPIinfo::getInstance()->getScaledStyleSheet(section->second);
+        scaled[index] =
+            section == tables.sections.end() ? QString() : DPIinfo::getInstance()->getScaledStyleSheet(section->second);
     }
     return *scaled[index];
 }
@@ -137,17 +136,14 @@ void LookChange::renewAccessibleName(QWidget *widget, Text text) const
 // As ImageManager gives it, with the normal state in the place of one that is missing.
 qint64 LookChange::formerKey(const QString &name, ImageManager::ImageType type) const
 {
-    const auto image = m_former.images.find(name);
-    if (image == m_former.images.end()) {
-        return QPixmap().cacheKey();
-    }
-    const QPixmap &pixmap = image->second.pixmaps[type];
-    return (pixmap.isNull() ? image->second.pixmaps[ImageManager::IMAGE_NORMAL] : pixmap).cacheKey();
+    const ImageManager::ImageFile image = m_former.images.value(name);
+    const QPixmap &pixmap = image.pixmaps[type];
+    return (pixmap.isNull() ? image.pixmaps[ImageManager::IMAGE_NORMAL] : pixmap).cacheKey();
 }
 
 QPixmap LookChange::imageNow(const QString &name, ImageManager::ImageType type) const
 {
-    return m_now.images.count(name) > 0 ? getGlobalImage(name, type) : QPixmap();
+    return m_now.images.contains(name) ? getGlobalImage(name, type) : QPixmap();
 }
 
 std::optional<QPixmap> LookChange::successor(qint64 pixmapKey, const QString &name, ImageManager::ImageType type) const

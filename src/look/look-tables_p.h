@@ -6,6 +6,7 @@
 #include "image-manager/image-manager.h"
 #include "look/look_p.h"
 
+#include <QHash>
 #include <QMap>
 
 #include <map>
@@ -24,7 +25,7 @@ struct LookTables
     ImageManager::InitializeType imageLoading = ImageManager::INIT_PRELOAD;
     QString imageFolder;
     QString tempImageFolder;
-    std::map<QString, ImageManager::ImageFile> images;
+    QHash<QString, ImageManager::ImageFile> images;
     Look::Colors colors;
 };
 

@@ -1,29 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "component/paging/vela-paging-bar.h"
-#include "component/vela-button-path.h"
-#include "component/vela-button.h"
-#include "component/vela-check-box.h"
-#include "component/vela-combo-box.h"
-#include "component/vela-countdown-msg-box.h"
-#include "component/vela-date-selector.h"
-#include "component/vela-filter-bar.h"
-#include "component/vela-footbar.h"
-#include "component/vela-input-sheet.h"
-#include "component/vela-label.h"
-#include "component/vela-line-edit.h"
-#include "component/vela-menu.h"
 #include "component/vela-msg-box.h"
-#include "component/vela-msg-sheet.h"
-#include "component/vela-table-widget.h"
-#include "component/vela-tree-widget.h"
 #include "image-manager/image-manager.h"
 #include "look/keys_p.h"
+#include "support/all-widgets.h"
 #include "support/controls.h"
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
-#include "utils/help-window.h"
 #include "utils/ui-path-manager.h"
 
 #include <QDialogButtonBox>
@@ -85,78 +69,6 @@ private:
     Names m_styles;
     Names m_images;
     Names m_texts;
-};
-
-// Every widget of the library, in every state that asks for something of its own, below one window.
-class AllWidgets : public QWidget
-{
-public:
-    AllWidgets()
-    {
-        addControls();
-        addSheets();
-        addViews();
-        addNavigation();
-        new VelaDateSelector(QStringLiteral("none"), this);
-        new HelpWindow(HelpContext(), this);
-    }
-
-private:
-    void addControls()
-    {
-        for (int kind = VelaButton::ApplyButton; kind <= VelaButton::RedButton; ++kind) {
-            auto *button = new VelaButton(QStringLiteral("text"), kind);
-            button->setParent(this);
-        }
-        auto *iconButton = new VelaIconButton(QPixmap());
-        iconButton->setParent(this);
-        new VelaCheckBox(QString(), this);
-        new VelaRadioButton(QString(), this);
-        (new VelaComboBox(this))->setEditable(true);
-        new VelaFootbar(this);
-        new VelaLabel(this);
-        (new VelaLineEdit(this))->setError(true);
-        new VelaMenu(this);
-    }
-
-    void addSheets()
-    {
-        for (int type = VelaMessageSheet::AppMessage; type <= VelaMessageSheet::ProcessingMessage; ++type) {
-            const auto messageType = static_cast<VelaMessageSheet::MessageType>(type);
-            auto *sheet = new VelaMessageSheet(messageType, QStringLiteral("text"), QStringLiteral("more"), this);
-            sheet->setMessageType(messageType); // which styles the second text
-            sheet->grab(); // which paints the shadow
-        }
-        new VelaInputSheet(QStringLiteral("text"), this);
-        (new VelaCountdownMessageBox(1, this))->setInformativeText(QStringLiteral("more"));
-    }
-
-    void addViews()
-    {
-        VelaTableColumnsInfo columns;
-        columns.addColumn(QStringLiteral("title"), 10, true, 0.0);
-        new VelaTableWidget(columns, this);
-
-        auto *tree = new VelaTreeWidget(this);
-        tree->setItemDelegate(&m_delegate);
-        auto *item = new QTreeWidgetItem(tree, {QStringLiteral("item")});
-        item->setFlags(item->flags() | Qt::ItemIsEditable);
-        tree->openPersistentEditor(item);
-    }
-
-    void addNavigation()
-    {
-        auto *bar = new VelaPagingBar(&m_pages, this);
-        bar->setFooterText(QStringLiteral("text"));
-        auto *bareBar = new VelaPagingBar(&m_pages, this);
-        bareBar->setRefreshButtonHidden(true);
-        bareBar->setFooterText(QStringLiteral("text"));
-        (new VelaButtonPath(this))->refresh(QStringLiteral("a/b"));
-        new VelaFilterBar(this);
-    }
-
-    VelaPagingModel m_pages {10};
-    ItemDelegate m_delegate;
 };
 
 // Shows each message that has no window to be shown in, calls visit with its box and closes it.

@@ -1,0 +1,283 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "theme/theme-folder_p.h"
+
+#include "style-manager/sheet-sections_p.h"
+#include "theme/toolkit-parser_p.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <utility>
+
+namespace Vela {
+
+namespace {
+
+using Problem = VelaTheme::Problem;
+
+const QString StringsFolder = QStringLiteral("strings/");
+
+// Counted from 1.
+int lineAt(const QByteArray &text, int position)
+{
+    return position < 0 ? 0 : 1 + static_cast<int>(std::count(text.cbegin(), text.cbegin() + position, '\n'));
+}
+
+int lineOfName(const QByteArray &json, const QString &name)
+{
+    return lineAt(json, json.indexOf('"' + name.toUtf8() + '"'));
+}
+
+int lineOfHeader(const QByteArray &sheets, const QString &key)
+{
+    const QList<QByteArray> lines = sheets.split('\n');
+    for (int i = lines.size() - 1; i >= 0; --i) { // of several the last one counts
+        const QByteArray &line = lines.at(i);
+        if (line.startsWith("==") && line.endsWith("==")
+            && QString::fromUtf8(line).remove(QLatin1Char('=')).remove(QLatin1Char(' ')) == key) {
+            return i + 1;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+ThemeFolder::ThemeFolder(QString folder, QString tempImageFolder) :
+    m_folder(std::move(folder)), m_tempImageFolder(std::move(tempImageFolder))
+{
+}
+
+void ThemeFolder::read(const QString &language, const QString &fallbackLanguage)
+{
+    if (!QFileInfo(m_folder).isDir()) {
+        add(Problem::Error, m_folder, 0, QStringLiteral("There is no such folder"));
+        return;
+    }
+    static const QRegularExpression scaledLength(QStringLiteral("[0-9.]px"));
+    if (m_folder.contains(scaledLength)) {
+        add(Problem::Warning, m_folder, 0,
+            QStringLiteral(
+                "Digits before \"px\" in a folder's path are scaled as lengths, and its images are not found"));
+    }
+    readCatalogue();
+    readTexts(language, fallbackLanguage);
+    readSheets();
+    readLook();
+}
+
+QString ThemeFolder::imageFolder() const
+{
+    return path(QStringLiteral("images"));
+}
+
+void ThemeFolder::add(Severity severity, const QString &file, int line, const QString &text)
+{
+    m_problems.append({severity, QDir::cleanPath(QFileInfo(file).absoluteFilePath()), line, text});
+}
+
+QString ThemeFolder::path(const QString &name) const
+{
+    return m_folder + QLatin1Char('/') + name;
+}
+
+std::optional<QByteArray> ThemeFolder::readFile(const QString &file)
+{
+    QFile device(file);
+    if (!QFileInfo(file).isFile() || !device.open(QIODevice::ReadOnly)) {
+        add(Problem::Error, file, 0,
+            QStringLiteral("Cannot be read: %1")
+                .arg(QFileInfo::exists(file) ? device.errorString() : QStringLiteral("there is no such file")));
+        return {};
+    }
+    return device.readAll();
+}
+
+std::optional<ThemeFolder::JsonFile> ThemeFolder::readJson(const QString &file)
+{
+    const std::optional<QByteArray> bytes = readFile(file);
+    if (!bytes) {
+        return {};
+    }
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(*bytes, &error);
+    if (error.error != QJsonParseError::NoError) {
+        add(Problem::Error, file, lineAt(*bytes, qBound(0, error.offset, bytes->size())), error.errorString());
+        return {};
+    }
+    if (!document.isObject()) {
+        add(Problem::Error, file, 1, QStringLiteral("There is no object in it"));
+        return {};
+    }
+    return JsonFile {*bytes, document.object()};
+}
+
+// The library takes a catalogue that it cannot read for an empty one, without a word.
+void ThemeFolder::readCatalogue()
+{
+    const QString file = path(QStringLiteral("images.json"));
+    const std::optional<JsonFile> catalogue = readJson(file);
+    if (!catalogue) {
+        return;
+    }
+    const auto check = [this, &file, &catalogue](const QString &name) {
+        if (!QFileInfo(imageFolder() + QLatin1Char('/') + name + QLatin1String(".png")).isFile()) {
+            add(Problem::Warning, file, lineOfName(catalogue->bytes, name),
+                QStringLiteral("There is no image \"%1.png\"").arg(name));
+        }
+    };
+    m_copies.emplace();
+    QSet<QString> names;
+    const QJsonArray images = catalogue->object.value(QLatin1String("images")).toArray();
+    for (const QJsonValue &image : images) {
+        names.insert(image.toString());
+        check(image.toString());
+    }
+    const QJsonArray tempImages = catalogue->object.value(QLatin1String("tmp_images")).toArray();
+    for (const QJsonValue &image : tempImages) {
+        const QString name = image.toString().remove(QLatin1Char(' '));
+        check(name);
+        m_copies->append(QLatin1String("tmp_") + name + QLatin1String(".png"));
+    }
+    for (const ImageEntry &entry : ImageEntries) {
+        if (!names.contains(QLatin1String(entry.name))) {
+            add(Problem::Warning, file, 0,
+                QStringLiteral("There is no \"%1\" in \"images\"").arg(QLatin1String(entry.name)));
+        }
+    }
+}
+
+void ThemeFolder::readTexts(const QString &language, const QString &fallbackLanguage)
+{
+    const auto fileOf = [this](const QString &code) { return path(StringsFolder + code + QLatin1String(".json")); };
+    const bool hasFallback =
+        !fallbackLanguage.isEmpty() && fallbackLanguage != language && QFileInfo(fileOf(fallbackLanguage)).isFile();
+    if (hasFallback) {
+        addTexts(fallbackLanguage);
+    }
+    if (hasFallback && !QFileInfo::exists(fileOf(language))) {
+        add(Problem::Warning, fileOf(language), 0,
+            QStringLiteral("There are no such texts; those in \"%1\" are shown").arg(fallbackLanguage));
+    } else {
+        addTexts(language);
+    }
+    if (VelaTheme::hasErrors(m_problems)) {
+        return;
+    }
+    for (const TextEntry &entry : TextEntries) {
+        if (!m_texts.contains(QLatin1String(entry.key))) {
+            add(Problem::Warning, fileOf(language), 0,
+                QStringLiteral("There is no text \"%1\"").arg(QLatin1String(entry.key)));
+        }
+    }
+}
+
+void ThemeFolder::addTexts(const QString &language)
+{
+    const QString file = path(StringsFolder + language + QLatin1String(".json"));
+    const std::optional<JsonFile> table = readJson(file);
+    if (!table) {
+        return;
+    }
+    for (auto it = table->object.begin(); it != table->object.end(); ++it) {
+        if (it.value().isString()) {
+            m_texts.insert(it.key(), it.value().toString());
+        } else {
+            add(Problem::Error, file, lineOfName(table->bytes, it.key()),
+                QStringLiteral("The value of \"%1\" is no text").arg(it.key()));
+        }
+    }
+}
+
+void ThemeFolder::readSheets()
+{
+    const QDir folder(path(QStringLiteral("styles")));
+    const QStringList names =
+        folder.entryList({QStringLiteral("*.qss")}, QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+    if (names.isEmpty()) {
+        add(Problem::Error, folder.path(), 0, QStringLiteral("There are no style sheets (*.qss) in it"));
+        return;
+    }
+    QByteArray text; // of all, as a section may go on at the beginning of the next file
+    QVector<SheetFile> files;
+    for (const QString &name : names) {
+        const QString file = folder.filePath(name);
+        QFile device(file);
+        if (!QFileInfo(file).isFile() || !device.open(QIODevice::ReadOnly)) {
+            add(Problem::Error, file, 0, QStringLiteral("Cannot be read: %1").arg(device.errorString()));
+            return;
+        }
+        files.append({file, ::readSheets(device)});
+        text += files.constLast().text + '\n';
+    }
+    insertImageFolders(text, imageFolder().toUtf8(), m_tempImageFolder.toUtf8());
+    readSections(removeComments(std::move(text)), m_sections);
+
+    for (const SheetFile &file : qAsConst(files)) {
+        checkSections(file);
+    }
+    for (const StyleEntry &entry : StyleEntries) {
+        if (m_sections.count(QString::fromLatin1(entry.key)) == 0) {
+            add(Problem::Warning, folder.path(), 0,
+                QStringLiteral("There is no section \"%1\"").arg(QLatin1String(entry.key)));
+        }
+    }
+}
+
+void ThemeFolder::checkSections(const SheetFile &file)
+{
+    for (const auto &[key, section] : m_sections) {
+        const int line = lineOfHeader(file.text, key);
+        if (line == 0) {
+            continue;
+        }
+        QString filled = section;
+        filled.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // where a combo box puts in its own
+        if (!isUnderstood(filled)) {
+            add(Problem::Error, file.path, line,
+                QStringLiteral("The toolkit cannot parse the section \"%1\"").arg(key));
+        }
+        checkImages(section, file);
+    }
+}
+
+void ThemeFolder::checkImages(const QString &section, const SheetFile &file)
+{
+    static const QRegularExpression address(QStringLiteral("url\\(\\s*[\"']?([^\"')]*)"));
+    QRegularExpressionMatchIterator matches = address.globalMatch(section);
+    while (matches.hasNext()) {
+        const QString image = matches.next().captured(1).trimmed();
+        const QString name = QFileInfo(image).fileName();
+        const bool isCopy = image.startsWith(m_tempImageFolder + QLatin1Char('/'));
+        const bool isThere = isCopy ? !m_copies || m_copies->contains(name)
+                                    : QFileInfo(image).isFile() || image.startsWith(QLatin1Char(':'));
+        if (!isThere) {
+            add(Problem::Warning, file.path, lineAt(file.text, file.text.indexOf('/' + name.toUtf8())),
+                isCopy ? QStringLiteral("\"%1\" is no copy of an image in \"tmp_images\"").arg(name)
+                       : QStringLiteral("There is no image \"%1\"").arg(image));
+        }
+    }
+}
+
+void ThemeFolder::readLook()
+{
+    const QString file = path(QStringLiteral("theme.json"));
+    if (!QFileInfo(file).isSymLink() && !QFileInfo::exists(file)) {
+        return;
+    }
+    if (const std::optional<JsonFile> look = readJson(file)) {
+        m_look = ThemeLook(look->object, [this, &file, &look](const QString &key, const QString &text) {
+            add(Problem::Warning, file, lineOfName(look->bytes, key), text);
+        });
+    }
+}
+
+} // namespace Vela

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "theme/toolkit-parser_p.h"
+
+#include <QThread>
+#include <QWidget>
+
+namespace Vela {
+
+namespace {
+
+// The toolkit tells by a warning only that it refuses a sheet. All other messages are passed on.
+class RefusalListener
+{
+public:
+    RefusalListener()
+    {
+        thread = QThread::currentThread();
+        isRefused = false;
+        passOn = qInstallMessageHandler(listen);
+    }
+    ~RefusalListener() { qInstallMessageHandler(passOn); }
+    Q_DISABLE_COPY_MOVE(RefusalListener)
+
+    bool hasHeard() const { return isRefused; }
+
+private:
+    static void listen(QtMsgType type, const QMessageLogContext &context, const QString &message)
+    {
+        const bool isOurs = QThread::currentThread() == thread;
+        if (isOurs && message.startsWith(QLatin1String("Could not parse stylesheet"))) {
+            isRefused = true;
+        } else if (!isOurs || !message.startsWith(QLatin1String("Could not create pixmap from"))) {
+            passOn(type, context, message);
+        }
+    }
+
+    static inline QThread *thread = nullptr;
+    static inline bool isRefused = false;
+    static inline QtMessageHandler passOn = nullptr;
+};
+
+} // namespace
+
+// What the toolkit cannot parse as rules it reads once more as declarations, of which it skips those that it does not
+// know, without a word. Whether a rule in front of the sheet holds tells that.
+bool isUnderstood(const QString &sheet)
+{
+    constexpr int Width = 4321;
+    const RefusalListener listener;
+    const bool hasRules = sheet.contains(QLatin1Char('{'));
+    QWidget probe;
+    probe.setObjectName(QStringLiteral("vela_probe"));
+    probe.setStyleSheet(hasRules ? QStringLiteral("#vela_probe { min-width: %1px; }\n").arg(Width) + sheet : sheet);
+    probe.ensurePolished();
+    return !listener.hasHeard() && (!hasRules || probe.minimumWidth() == Width);
+}
+
+} // namespace Vela

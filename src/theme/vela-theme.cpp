@@ -1,0 +1,280 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "theme/vela-theme.h"
+
+#include "look/look-change_p.h"
+#include "sheets/vela-countdown-msg-box.h"
+#include "sheets/vela-sheet.h"
+#include "theme/theme-folder_p.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QPixmapCache>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QStandardPaths>
+#include <QToolTip>
+
+#include <algorithm>
+
+using namespace Vela;
+
+namespace {
+
+const QString ResourcePath = QStringLiteral("resource_path");
+const QString UserDataPath = QStringLiteral("user_data_path");
+
+// Says by the pointer that the application is busy.
+class BusyCursor
+{
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(BusyCursor)
+};
+
+// Keeps the toolkit's own captions from the buttons of the library's sheets and boxes, which have theirs.
+class CaptionKeeper : public QObject
+{
+public:
+    CaptionKeeper() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::LanguageChange || !qobject_cast<QDialogButtonBox *>(watched)) {
+            return false;
+        }
+        const QObject *owner = watched->parent();
+        return qobject_cast<const VelaSheet *>(owner) || qobject_cast<const QMessageBox *>(owner);
+    }
+};
+
+// All widgets, each behind its parent.
+QVector<QPointer<QWidget>> allWidgets()
+{
+    QVector<QPointer<QWidget>> widgets;
+    const auto add = [&widgets](QWidget *widget, const auto &addChild) -> void {
+        widgets.append(widget);
+        for (QObject *child : widget->children()) {
+            if (child->isWidgetType()) {
+                addChild(static_cast<QWidget *>(child), addChild);
+            }
+        }
+    };
+    const QWidgetList all = QApplication::allWidgets();
+    for (QWidget *widget : all) {
+        if (!widget->parentWidget()) {
+            add(widget, add);
+        }
+    }
+    return widgets;
+}
+
+QString userDataFolder()
+{
+    const std::map<QString, QString> paths = LookTables::inForce().paths;
+    const auto own = paths.find(UserDataPath);
+    return own == paths.end() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) : own->second;
+}
+
+void tellLanguage()
+{
+    const CaptionKeeper keeper;
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const QVector<QPointer<QWidget>> windows(all.cbegin(), all.cend());
+    for (const QPointer<QWidget> &window : windows) {
+        if (window && !window->parentWidget()) {
+            QEvent event(QEvent::LanguageChange);
+            QCoreApplication::sendEvent(window, &event);
+        }
+    }
+}
+
+} // namespace
+
+class VelaThemePrivate
+{
+public:
+    void apply(const ThemeLook &look);
+    static void follow(const LookChange &change, bool isOtherLanguage);
+    VelaTheme::Problems refuse(const QString &reason) const;
+
+    QString folder;
+    QString language;
+    QString fallbackLanguage;
+    ImageManager::InitializeType imageLoading = ImageManager::INIT_LAZY;
+    bool isChanging = false;
+
+    // What a theme that tells nothing of them leaves in force.
+    bool hasApplicationsOwn = false;
+    QPalette palette;
+    QFont font;
+    QPalette toolTipPalette;
+};
+
+void VelaThemePrivate::apply(const ThemeLook &look)
+{
+    if (!hasApplicationsOwn) {
+        hasApplicationsOwn = true;
+        palette = QApplication::palette();
+        font = QApplication::font();
+        toolTipPalette = QToolTip::palette();
+    }
+    // Each is a change for every widget, and no longer the desktop's, once it is set.
+    if (const QPalette wanted = look.palette(palette); wanted != QApplication::palette()) {
+        QApplication::setPalette(wanted);
+    }
+    if (const QFont wanted = look.font(font); wanted != QApplication::font()) {
+        QApplication::setFont(wanted);
+    }
+    if (const QPalette wanted = look.toolTipPalette(toolTipPalette); wanted != QToolTip::palette()) {
+        QToolTip::setPalette(wanted);
+    }
+}
+
+// The language comes first, as what the toolkit does about it is not to undo what the library's widgets do.
+void VelaThemePrivate::follow(const LookChange &change, bool isOtherLanguage)
+{
+    if (isOtherLanguage) {
+        tellLanguage();
+    }
+    const QVector<QPointer<QWidget>> widgets = allWidgets();
+    for (const QPointer<QWidget> &widget : widgets) {
+        if (widget) {
+            change.tell(widget);
+        }
+    }
+}
+
+VelaTheme::Problems VelaThemePrivate::refuse(const QString &reason) const
+{
+    return {{VelaTheme::Problem::Error, folder, 0, reason}};
+}
+
+QString VelaTheme::Problem::toString() const
+{
+    const QString place = line > 0 ? file + QLatin1Char(':') + QString::number(line) : file;
+    return place + (severity == Error ? QStringLiteral(": error: ") : QStringLiteral(": warning: ")) + text;
+}
+
+VelaTheme *VelaTheme::getInstance()
+{
+    static VelaTheme instance;
+    return &instance;
+}
+
+VelaTheme::VelaTheme() : d(std::make_unique<VelaThemePrivate>()) { }
+
+VelaTheme::~VelaTheme() = default;
+
+VelaTheme::Problems VelaTheme::load(const QString &folder, const QString &language, const QString &fallbackLanguage,
+                                    ImageManager::InitializeType imageLoading)
+{
+    if (d->isChanging) {
+        return d->refuse(QStringLiteral("The theme is being changed already"));
+    }
+    const QScopedValueRollback<bool> changing(d->isChanging, true);
+    const QString absoluteFolder = QDir(folder).absolutePath();
+    const QString userData = userDataFolder();
+    ThemeFolder theme(absoluteFolder, userData + QLatin1String("/tmp_images"));
+    theme.read(language, fallbackLanguage);
+    Problems problems = theme.problems();
+    if (hasErrors(problems)) {
+        return problems;
+    }
+
+    const BusyCursor busy;
+    const LookTables former = LookTables::inForce();
+    LookTables now = former;
+    now.paths[ResourcePath] = absoluteFolder;
+    now.paths[UserDataPath] = userData;
+    now.texts = theme.texts();
+    now.sections = theme.sections();
+    now.images.clear();
+    now.colors = theme.look().colors();
+    now.install();
+    ImageManager::getInstance()->initialize(imageLoading);
+    if (const QString folderOfCopies = userData + QLatin1String("/tmp_images");
+        !QFileInfo(folderOfCopies).isWritable()) {
+        problems.append({Problem::Warning, folderOfCopies, 0,
+                         QStringLiteral("Cannot be written to: scaled images of style sheets are missing")});
+    }
+    QPixmapCache::clear(); // of files that have the same names as former ones
+    d->apply(theme.look());
+
+    d->folder = absoluteFolder;
+    d->language = language;
+    d->fallbackLanguage = fallbackLanguage;
+    d->imageLoading = imageLoading;
+    d->follow(LookChange(LookChange::Everything, former, LookTables::inForce()), former.texts != theme.texts());
+    Q_EMIT changed();
+    return problems;
+}
+
+VelaTheme::Problems VelaTheme::reload()
+{
+    return setFolder(d->folder);
+}
+
+VelaTheme::Problems VelaTheme::setFolder(const QString &folder)
+{
+    return load(folder, d->language, d->fallbackLanguage, d->imageLoading);
+}
+
+VelaTheme::Problems VelaTheme::setLanguage(const QString &language)
+{
+    if (d->isChanging || d->folder.isEmpty()) {
+        return d->refuse(d->isChanging ? QStringLiteral("The theme is being changed already")
+                                       : QStringLiteral("No theme has been loaded"));
+    }
+    const QScopedValueRollback<bool> changing(d->isChanging, true);
+    ThemeFolder theme(d->folder, QString());
+    theme.readTexts(language, d->fallbackLanguage);
+    if (hasErrors(theme.problems())) {
+        return theme.problems();
+    }
+    const BusyCursor busy;
+    const LookTables former = LookTables::inForce();
+    LookTables now = former;
+    now.texts = theme.texts();
+    now.install();
+    d->language = language;
+    d->follow(LookChange(LookChange::Texts, former, now), true);
+    Q_EMIT changed();
+    return theme.problems();
+}
+
+QString VelaTheme::folder() const
+{
+    return d->folder;
+}
+
+QString VelaTheme::language() const
+{
+    return d->language;
+}
+
+QString VelaTheme::fallbackLanguage() const
+{
+    return d->fallbackLanguage;
+}
+
+QStringList VelaTheme::languages(const QString &folder)
+{
+    const QDir strings(folder + QLatin1String("/strings"));
+    QStringList codes = strings.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+    for (QString &code : codes) {
+        code.chop(5);
+    }
+    return codes;
+}
+
+bool VelaTheme::hasErrors(const Problems &problems)
+{
+    return std::any_of(problems.cbegin(), problems.cend(),
+                       [](const Problem &problem) { return problem.severity == Problem::Error; });
+}

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "image-manager/image-manager.h"
+#include "vela_export.h"
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <memory>
+
+class VelaThemePrivate;
+
+/// A whole look by one call: theme folder and language, at start-up and while the application runs.
+///
+/// load() takes the place of the start-up calls of the registries, which an application may go on to make itself. When
+/// it is called again, every living widget of the library takes sheets, images, colours and texts anew. It keeps what
+/// it holds and where it is: text, selection, focus, scroll position, an open popup or sheet, and its geometry where
+/// the new sheets have the same metrics. A style sheet, icon or text that the application has given a widget itself
+/// stays.
+///
+/// A theme folder holds:
+/// - `styles/*.qss`, read in the order of their names, see StyleManager
+/// - `images.json` and `images/`, see ImageManager
+/// - `strings/<language>.json`: one object with texts by key
+/// - `theme.json`, optional: the application's palette and font, and colours that no style sheet reaches
+///
+/// GUI thread only; needs a QApplication.
+class VELA_EXPORT VelaTheme : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What is wrong with a theme.
+    struct VELA_EXPORT Problem
+    {
+        enum Severity {
+            Warning, ///< something is missing, or has no effect
+            Error, ///< the theme is not taken
+        };
+
+        /// As compilers write it: `file:line: error: text`.
+        QString toString() const;
+
+        Severity severity = Warning;
+        QString file; ///< absolute path
+        int line = 0; ///< counted from 1; 0 where the file as a whole is meant
+        QString text; ///< English, for developers
+    };
+    using Problems = QVector<Problem>;
+
+    /// The one instance, created on first use.
+    static VelaTheme *getInstance();
+
+    /// Puts the theme in @p folder into force, with the texts in @p language, the name of a file in `strings` without
+    /// ".json". Texts, or a whole language, that are missing are taken from @p fallbackLanguage, which may be empty.
+    /// "resource_path" becomes @p folder; "user_data_path", unless it is set already, becomes the standard folder for
+    /// the application's data.
+    ///
+    /// Returns what is wrong, in the order of the files, and logs none of it. With an error among it nothing has
+    /// changed: the former look, if there is one, is still in force. See hasErrors().
+    Problems load(const QString &folder, const QString &language,
+                  const QString &fallbackLanguage = QStringLiteral("enu"),
+                  ImageManager::InitializeType imageLoading = ImageManager::INIT_LAZY);
+    /// The same for the folder in force, whose files may have changed.
+    Problems reload();
+    /// The same for another folder, with the languages in force.
+    Problems setFolder(const QString &folder);
+    /// Changes the texts only. The rest of the theme is not read again. An error before load().
+    Problems setLanguage(const QString &language);
+
+    /// What load() was given; empty before.
+    QString folder() const;
+    QString language() const;
+    QString fallbackLanguage() const;
+
+    /// The languages that @p folder has texts in, sorted.
+    static QStringList languages(const QString &folder);
+    static bool hasErrors(const Problems &problems);
+
+Q_SIGNALS:
+    /// The look has changed, and the library's widgets have followed; what the application has styled with
+    /// getStyleSheet(), getGlobalImage() or ComponentStrings itself is its own to renew now. Before this, where the
+    /// language has changed, all widgets have received QEvent::LanguageChange.
+    void changed();
+
+private:
+    VelaTheme();
+    ~VelaTheme() override;
+
+    const std::unique_ptr<VelaThemePrivate> d;
+};

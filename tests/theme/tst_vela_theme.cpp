@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "component/vela-button.h"
+#include "component/vela-check-box.h"
+#include "image-manager/image-manager.h"
+#include "look/keys_p.h"
+#include "style-manager/style-manager.h"
+#include "support/log-capture.h"
+#include "support/resource-folder.h"
+#include "support/theme-copy.h"
+#include "theme/vela-theme.h"
+#include "utils/component-strings.h"
+#include "utils/ui-path-manager.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+#include <QToolTip>
+#include <QtTest>
+
+namespace {
+
+using Problems = VelaTheme::Problems;
+
+const QString English = QStringLiteral("enu");
+const QString German = QStringLiteral("deu");
+
+QStringList textsOf(const Problems &problems)
+{
+    QStringList texts;
+    for (const VelaTheme::Problem &problem : problems) {
+        texts.append(problem.toString());
+    }
+    return texts;
+}
+
+QString textOf(const char *key)
+{
+    return ComponentStrings::getInstance()->getString(QString::fromLatin1(key));
+}
+
+} // namespace
+
+class VelaThemeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    // While nothing has been loaded.
+    void beforeLoadingItHasNoFolderAndNoLanguage()
+    {
+        QCOMPARE(theme()->folder(), QString());
+        QCOMPARE(theme()->language(), QString());
+        QCOMPARE(theme()->fallbackLanguage(), QString());
+    }
+
+    void aLanguageAloneIsRefusedBeforeLoading()
+    {
+        LogCapture log;
+        QSignalSpy changed(theme(), &VelaTheme::changed);
+        QVERIFY(VelaTheme::hasErrors(theme()->setLanguage(German)));
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(log.takeTexts(), QStringList());
+    }
+
+    void aFailedFirstLoadLeavesEverythingAsItWas()
+    {
+        LogCapture log;
+        QVERIFY(VelaTheme::hasErrors(theme()->load(QStringLiteral("/nowhere"), English)));
+        QCOMPARE(theme()->folder(), QString());
+        QCOMPARE(log.takeTexts(), QStringList());
+        QCOMPARE(UIPathManager::getInstance()->getPath(QStringLiteral("resource_path")), QString());
+        QCOMPARE(log.takeTexts(), QStringList(QStringLiteral("Cannot find path by key \"resource_path\"")));
+    }
+
+    void theFoldersBecomePaths()
+    {
+        LogCapture log;
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        UIPathManager *paths = UIPathManager::getInstance();
+        QCOMPARE(paths->getPath(QStringLiteral("resource_path")), light());
+        QCOMPARE(paths->getPath(QStringLiteral("user_data_path")),
+                 QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+        QCOMPARE(log.takeTexts(), QStringList());
+    }
+
+    void aFolderForUserDataThatIsSetAlreadyStays()
+    {
+        const ResourceFolder folder;
+        folder.setAsPaths();
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        UIPathManager *paths = UIPathManager::getInstance();
+        QCOMPARE(paths->getPath(QStringLiteral("user_data_path")), folder.userDataPath());
+        QCOMPARE(paths->getPath(QStringLiteral("resource_path")), light());
+        QVERIFY(QFile::exists(folder.tempImagePath(QStringLiteral("field_error"))));
+        LogCapture log;
+        paths->setPath(QStringLiteral("user_data_path"),
+                       QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    }
+
+    // What the start-up calls install and what VelaTheme does, side by side.
+    void itInstallsWhatTheStartUpCallsInstall()
+    {
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        QStringList sheets;
+        QVector<QImage> images;
+        QStringList texts;
+        const auto take = [&] {
+            for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
+                sheets.append(getStyleSheet(entry.key, false));
+            }
+            for (const Vela::ImageEntry &entry : Vela::ImageEntries) {
+                images.append(getGlobalImage(entry.name, ImageManager::IMAGE_NORMAL).toImage());
+            }
+            for (const Vela::TextEntry &entry : Vela::TextEntries) {
+                texts.append(textOf(entry.key));
+            }
+        };
+        take();
+        QVERIFY(!sheets.contains(QString()));
+        const QStringList loadedSheets = std::exchange(sheets, {});
+        const QVector<QImage> loadedImages = std::exchange(images, {});
+        const QStringList loadedTexts = std::exchange(texts, {});
+
+        UIPathManager *paths = UIPathManager::getInstance();
+        {
+            const LogCapture log;
+            paths->setPath(QStringLiteral("resource_path"), light());
+        }
+        installReferenceTheme(); // in a folder for user data of its own
+        {
+            const LogCapture log;
+            paths->setPath(QStringLiteral("user_data_path"),
+                           QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+        }
+        ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+        std::vector<QString> files;
+        const QDir styles(light() + QStringLiteral("/styles"));
+        const QStringList names = styles.entryList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
+        for (const QString &name : names) {
+            files.push_back(styles.filePath(name));
+        }
+        StyleManager::getInstance()->initialize(files);
+        take();
+        QCOMPARE(loadedSheets, sheets);
+        QCOMPARE(loadedImages, images);
+        QCOMPARE(loadedTexts, texts);
+    }
+
+    void imagesAreLoadedAsAskedFor_data()
+    {
+        QTest::addColumn<int>("loading");
+        QTest::addColumn<bool>("isFound");
+        QTest::newRow("at first request") << int(ImageManager::INIT_LAZY) << false;
+        QTest::newRow("at once") << int(ImageManager::INIT_PRELOAD) << true;
+    }
+
+    void imagesAreLoadedAsAskedFor()
+    {
+        QFETCH(int, loading);
+        QFETCH(bool, isFound);
+        const ThemeCopy copy;
+        QVERIFY(
+            theme()->load(copy.path(), English, English, static_cast<ImageManager::InitializeType>(loading)).isEmpty());
+        copy.remove(QStringLiteral("images/folder.png"));
+        const LogCapture log;
+        QCOMPARE(!getGlobalImage("folder", ImageManager::IMAGE_NORMAL).isNull(), isFound);
+    }
+
+    void sectionsThatTheNewThemeLacksAreGone()
+    {
+        const ThemeCopy copy;
+        copy.write(QStringLiteral("styles/own.qss"), "== application.own ==\nQLabel { color: red; }\n");
+        QVERIFY(theme()->load(copy.path(), English).isEmpty());
+        QVERIFY(getStyleSheet("application.own", true).contains(QStringLiteral("red")));
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        LogCapture log;
+        QCOMPARE(getStyleSheet("application.own", true), QString());
+        QCOMPARE(log.takeTexts().size(), 1);
+    }
+
+    void textsComeFromTheLanguage()
+    {
+        QVERIFY(theme()->load(light(), German).isEmpty());
+        QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
+        QCOMPARE(theme()->language(), German);
+        QCOMPARE(theme()->fallbackLanguage(), English);
+    }
+
+    void textsThatItLacksComeFromTheFallback()
+    {
+        const ThemeCopy copy;
+        copy.write(QStringLiteral("strings/xyz.json"), json("{'cancel': 'Xyz', 'own': 'mine'}"));
+        QVERIFY(theme()->load(copy.path(), QStringLiteral("xyz"), German).isEmpty());
+        QCOMPARE(textOf("cancel"), QStringLiteral("Xyz"));
+        QCOMPARE(textOf("own"), QStringLiteral("mine"));
+        QCOMPARE(textOf("today"), QStringLiteral("Heute"));
+    }
+
+    void aLanguageThatIsNotThereGivesWayToTheFallback()
+    {
+        const Problems problems = theme()->load(light(), QStringLiteral("xyz"), German);
+        QCOMPARE(textsOf(problems),
+                 QStringList(light()
+                             + QStringLiteral("/strings/xyz.json: warning: There are no such texts; those in \"deu\" "
+                                              "are shown")));
+        QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
+    }
+
+    void itKnowsTheLanguagesOfAFolder()
+    {
+        const QStringList languages = VelaTheme::languages(light());
+        QCOMPARE(languages.size(), 20);
+        QCOMPARE(languages.constFirst(), QStringLiteral("chs"));
+        QCOMPARE(VelaTheme::languages(QStringLiteral("/nowhere")), QStringList());
+    }
+
+    void paletteFontAndToolTipAreTheThemes()
+    {
+        const ThemeCopy copy;
+        copy.write(QStringLiteral("theme.json"),
+                   json("{ 'palette': { 'window': '#102030', 'text': 'red', 'disabled': { 'text': '#010203' } }, "
+                        "'font': { 'family': 'DejaVu Sans Mono', 'point_size': 13.5, 'weight': 700 }, 'tool_tip': { "
+                        "'base': '#040506', 'text': '#070809' } }"));
+        QVERIFY(theme()->load(copy.path(), English).isEmpty());
+        const QPalette palette = QApplication::palette();
+        QCOMPARE(palette.color(QPalette::Active, QPalette::Window), QColor(0x10, 0x20, 0x30));
+        QCOMPARE(palette.color(QPalette::Active, QPalette::Text), QColor(Qt::red));
+        QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), QColor(1, 2, 3));
+        QCOMPARE(QApplication::font().family(), QStringLiteral("DejaVu Sans Mono"));
+        QCOMPARE(QApplication::font().pointSizeF(), 13.5);
+        QCOMPARE(QApplication::font().weight(), int(QFont::Bold));
+        QCOMPARE(QToolTip::palette().color(QPalette::ToolTipBase), QColor(4, 5, 6));
+        QCOMPARE(QToolTip::palette().color(QPalette::ToolTipText), QColor(7, 8, 9));
+    }
+
+    void whatAThemeDoesNotTellIsTheApplicationsOwn()
+    {
+        const ThemeCopy plain;
+        plain.remove(QStringLiteral("theme.json"));
+        QVERIFY(theme()->load(plain.path(), English).isEmpty());
+        const QPalette palette = QApplication::palette();
+        const QFont font = QApplication::font();
+        const QPalette toolTip = QToolTip::palette();
+
+        const ThemeCopy own;
+        own.write(QStringLiteral("theme.json"),
+                  json("{ 'palette': { 'window': '#102030' }, 'font': { 'point_size': 30 }, 'tool_tip': { 'base': "
+                       "'#040506' } }"));
+        QVERIFY(theme()->load(own.path(), English).isEmpty());
+        QVERIFY(QApplication::palette() != palette);
+        QVERIFY(QApplication::font() != font);
+        QVERIFY(QToolTip::palette() != toolTip);
+        QVERIFY(theme()->load(plain.path(), English).isEmpty());
+        QCOMPARE(QApplication::palette(), palette);
+        QCOMPARE(QApplication::font(), font);
+        QCOMPARE(QToolTip::palette(), toolTip);
+    }
+
+    void aChangeIsToldOnce()
+    {
+        QSignalSpy changed(theme(), &VelaTheme::changed);
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(theme()->setLanguage(German).isEmpty());
+        QCOMPARE(changed.count(), 2);
+        QVERIFY(theme()->setFolder(referenceTheme(QStringLiteral("dark"))).isEmpty());
+        QCOMPARE(changed.count(), 3);
+        QCOMPARE(theme()->language(), German);
+        QVERIFY(theme()->reload().isEmpty());
+        QCOMPARE(changed.count(), 4);
+        QCOMPARE(theme()->folder(), referenceTheme(QStringLiteral("dark")));
+    }
+
+    void aChangeWithinAChangeIsRefused()
+    {
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        int refused = 0;
+        const auto connection = connect(theme(), &VelaTheme::changed, this, [&refused] {
+            refused += VelaTheme::hasErrors(theme()->setLanguage(QStringLiteral("fra"))) ? 1 : 0;
+            refused += VelaTheme::hasErrors(theme()->reload()) ? 1 : 0;
+        });
+        QVERIFY(theme()->setLanguage(German).isEmpty());
+        disconnect(connection);
+        QCOMPARE(refused, 2);
+        QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
+    }
+
+    void nothingIsLogged()
+    {
+        LogCapture log;
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        QVERIFY(theme()->load(referenceTheme(QStringLiteral("dark")), German).isEmpty());
+        QVERIFY(theme()->setLanguage(English).isEmpty());
+        QCOMPARE(log.takeTexts(), QStringList());
+    }
+
+private:
+    static VelaTheme *theme() { return VelaTheme::getInstance(); }
+    static QString light() { return referenceTheme(QStringLiteral("light")); }
+};
+
+QTEST_MAIN(VelaThemeTest)
+
+#include "tst_vela_theme.moc"
