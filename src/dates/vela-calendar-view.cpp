@@ -326,6 +326,7 @@ void VelaCalanderViewPrivate::connectSignals()
 void VelaCalanderViewPrivate::renew(const LookChange &change)
 {
     change.renewAccessibleName(q, Text::Calendar);
+    change.renewAccessibleName(child<QSpinBox>("qt_calendar_yearedit"), SpokenText::Year);
     change.renewText(todayButton, Text::Today);
     for (const Arrow &arrow : Arrows) {
         renewArrow(change, arrow);

@@ -102,6 +102,7 @@ void HelpWindow::customEvent(QEvent *event)
 {
     if (const auto *change = LookChange::of(event)) {
         change->restyle(this, Style::ScrollBar);
+        change->renewAccessibleName(d->browser, SpokenText::Help);
     }
     QDialog::customEvent(event);
 }

@@ -34,6 +34,12 @@ QString textOf(Text text, const LookTables &tables)
     return tables.texts.value(key, key);
 }
 
+QString textOf(SpokenText text, const LookTables &tables)
+{
+    const SpokenTextEntry &entry = SpokenTextEntries[static_cast<int>(text)];
+    return tables.texts.value(QString::fromLatin1(entry.key), QString::fromLatin1(entry.fallback));
+}
+
 } // namespace
 
 LookChange::LookChange(Extent extent, LookTables former, LookTables now) :
@@ -130,6 +136,13 @@ void LookChange::renewAccessibleName(QWidget *widget, Text text) const
 {
     if (widget->accessibleName() == former(text)) {
         widget->setAccessibleName(now(text));
+    }
+}
+
+void LookChange::renewAccessibleName(QWidget *widget, SpokenText text) const
+{
+    if (widget->accessibleName() == textOf(text, m_former)) {
+        widget->setAccessibleName(textOf(text, m_now));
     }
 }
 

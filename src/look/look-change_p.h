@@ -54,6 +54,7 @@ public:
     void renewText(QAbstractButton *button, Text text) const;
     void renewToolTip(QWidget *widget, Text text) const;
     void renewAccessibleName(QWidget *widget, Text text) const;
+    void renewAccessibleName(QWidget *widget, SpokenText text) const;
 
     /// What is now in the place of a pixmap that the former catalogue gave for @p name and @p type, or for any image
     /// and state; nothing where @p pixmapKey is of none such.
