@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "pixel-contrast.h"
+
+#include <QHash>
+#include <QPainter>
+#include <QPair>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+} // namespace
+
+double contrast(const QColor &one, const QColor &other)
+{
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+QImage enlargedPicture(QWidget *widget, const QRect &rect)
+{
+    QImage picture(rect.size() * Enlargement, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(Enlargement);
+    picture.fill(Qt::magenta);
+    widget->render(&picture, QPoint(), rect);
+    picture.setDevicePixelRatio(1);
+    return picture;
+}
+
+QVector<ColorPair> differences(const QImage &with, const QImage &without)
+{
+    QHash<QPair<QRgb, QRgb>, int> counts;
+    for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x) {
+            if (with.pixel(x, y) != without.pixel(x, y)) {
+                ++counts[{with.pixel(x, y), without.pixel(x, y)}];
+            }
+        }
+    }
+    QVector<ColorPair> pairs;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        pairs.append({QColor(it.key().first), QColor(it.key().second), it.value()});
+    }
+    std::sort(pairs.begin(), pairs.end(),
+              [](const ColorPair &one, const ColorPair &other) { return one.count > other.count; });
+    return pairs;
+}
+
+QVector<QColor> frequentColors(const QImage &picture, int leastCount)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            ++counts[picture.pixel(x, y)];
+        }
+    }
+    QVector<QColor> colors;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        if (it.value() >= leastCount) {
+            colors.append(QColor(it.key()));
+        }
+    }
+    std::sort(colors.begin(), colors.end(), [&counts](const QColor &one, const QColor &other) {
+        return counts.value(one.rgb()) > counts.value(other.rgb());
+    });
+    return colors;
+}

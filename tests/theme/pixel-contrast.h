@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QVector>
+
+#include <optional>
+
+class QWidget;
+
+/// How many pixels a picture has for each one on the screen: strokes are so thick in it that their middle has the
+/// very colour that they are painted in.
+constexpr int Enlargement = 4;
+
+/// Contrast of two opaque colours, from 1 to 21.
+double contrast(const QColor &one, const QColor &other);
+
+/// rect of @p widget, in its logical pixels, as it is painted with its children.
+QImage enlargedPicture(QWidget *widget, const QRect &rect);
+
+/// What is painted, and what is painted in its place where it is missing.
+struct ColorPair
+{
+    QColor ink;
+    QColor ground;
+    int count = 0; ///< of pixels of an enlarged picture
+};
+
+/// The pairs at the pixels in which the pictures differ, the most frequent one first. Smoothed pixels come last.
+QVector<ColorPair> differences(const QImage &with, const QImage &without);
+
+/// The colours of a picture, the most frequent one first.
+QVector<QColor> frequentColors(const QImage &picture, int leastCount);
