@@ -18,6 +18,7 @@ function(vela_public_header path)
     endif()
     set(published "${header_PUBLISHED_IN}/${name}")
 
+    set_property(GLOBAL APPEND PROPERTY VELA_PUBLIC_HEADERS "${CMAKE_CURRENT_SOURCE_DIR}/${path}")
     install(FILES "${CMAKE_CURRENT_SOURCE_DIR}/${path}" DESTINATION "${VELA_INCLUDE_DIR}/${header_PUBLISHED_IN}")
     if(NOT published STREQUAL path)
         file(CONFIGURE OUTPUT "${VELA_GENERATED_INCLUDE_DIR}/${published}" CONTENT "#include \"${path}\"\n")

@@ -19,6 +19,7 @@ class VELA_EXPORT VelaCheckBox : public QCheckBox
     Q_OBJECT
 
 public:
+    /// An unchecked box with @p text behind it; "&" marks the access key.
     explicit VelaCheckBox(const QString &text, QWidget *parent = nullptr);
     ~VelaCheckBox() override;
 
@@ -35,6 +36,7 @@ class VELA_EXPORT VelaRadioButton : public QRadioButton
     Q_OBJECT
 
 public:
+    /// An unchecked button with @p text behind it; "&" marks the access key.
     explicit VelaRadioButton(const QString &text, QWidget *parent = nullptr);
     ~VelaRadioButton() override;
 

@@ -20,6 +20,7 @@ class VELA_EXPORT VelaComboBox : public QComboBox
     Q_OBJECT
 
 public:
+    /// An empty combo box.
     explicit VelaComboBox(QWidget *parent = nullptr);
     ~VelaComboBox() override;
 

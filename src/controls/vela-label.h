@@ -22,7 +22,9 @@ class VELA_EXPORT VelaLabel : public QLabel
     Q_OBJECT
 
 public:
+    /// An empty label.
     explicit VelaLabel(QWidget *parent = nullptr, Qt::WindowFlags f = {});
+    /// A label with @p text, which may be rich.
     explicit VelaLabel(const QString &text, QWidget *parent = nullptr, Qt::WindowFlags f = {});
     ~VelaLabel() override;
 

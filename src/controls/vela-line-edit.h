@@ -21,14 +21,17 @@ class VELA_EXPORT VelaLineEdit : public QWidget
     Q_OBJECT
 
 public:
+    /// An empty field between two empty texts.
     explicit VelaLineEdit(QWidget *parent = nullptr);
     ~VelaLineEdit() override;
 
     /// Margins around the row in logical pixels; 0 at first.
     void setMargins(int left, int top, int right, int bottom);
+    /// Those margins.
     QMargins margins() const;
     /// Space between the texts and the field in logical pixels; 0 at first.
     void setSpacing(int spacing);
+    /// That space.
     int spacing() const;
 
     /// Sets what validate() asks, without asking it; null for nothing.
@@ -47,6 +50,7 @@ public:
     QLabel *getPostLabel();
     /// The field, which belongs to this widget.
     QLineEdit *getLineEdit();
+    /// The text in the field.
     QString getEditText() const;
 
 protected:

@@ -22,6 +22,7 @@ class VELA_EXPORT VelaMenu : public QMenu
     Q_OBJECT
 
 public:
+    /// An empty menu.
     explicit VelaMenu(QWidget *parent = nullptr);
     ~VelaMenu() override;
 

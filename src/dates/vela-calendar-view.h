@@ -23,6 +23,7 @@ class VELA_EXPORT VelaCalanderView : public QAbstractItemView
     Q_OBJECT
 
 public:
+    /// A calendar of today's month.
     explicit VelaCalanderView(QWidget *parent = nullptr);
     ~VelaCalanderView() override;
 
@@ -33,9 +34,14 @@ public:
     /// the window's colour, or look as in a disabled grid where a style sheet gives all days one surface and that
     /// another.
     /// @{
+
+    /// The first day.
     void setMinimumDate(const QDate &date);
+    /// That day.
     QDate minimumDate() const;
+    /// The last day.
     void setMaximumDate(const QDate &date);
+    /// That day.
     QDate maximumDate() const;
     /// @}
 

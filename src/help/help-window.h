@@ -36,6 +36,7 @@ class VELA_EXPORT HelpWindow : public QDialog
     Q_OBJECT
 
 public:
+    /// A window with the page of @p context, which is asked for at once.
     explicit HelpWindow(const HelpContext &context, QWidget *parent = nullptr);
     ~HelpWindow() override;
 

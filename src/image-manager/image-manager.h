@@ -40,6 +40,7 @@ public:
     /// A listed image; the arrays are indexed by ImageType.
     struct ImageFile
     {
+        /// How many states an image has.
         static constexpr int VariantCount = 4;
 
         QString names[VariantCount]; ///< of the files, without ".png"; empty when the variant could not be loaded

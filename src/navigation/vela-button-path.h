@@ -22,6 +22,7 @@ class VELA_EXPORT VelaButtonPath : public QTableWidget
     Q_OBJECT
 
 public:
+    /// An empty bar.
     explicit VelaButtonPath(QWidget *parent = nullptr);
     ~VelaButtonPath() override;
 
@@ -42,7 +43,9 @@ Q_SIGNALS:
     void sigUpdatePath(QString path);
 
 public Q_SLOTS:
+    /// The same as refresh().
     void slotUpdatePath(QString path);
+    /// Emits sigUpdatePath() with getPath() of @p btn_id.
     void slotPathBarClicked(int btn_id);
 
 protected:

@@ -22,6 +22,7 @@ class VELA_EXPORT VelaFilterBar : public QLineEdit
     Q_OBJECT
 
 public:
+    /// An empty field without a menu.
     explicit VelaFilterBar(QWidget *parent = nullptr);
     ~VelaFilterBar() override;
 

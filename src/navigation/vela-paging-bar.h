@@ -19,17 +19,21 @@ class VELA_EXPORT VelaPagingModel : public QObject
     Q_OBJECT
 
 public:
+    /// A list without items, on its first page, of @p rowLimit items a page.
     explicit VelaPagingModel(int rowLimit, QObject *parent = nullptr);
     ~VelaPagingModel() override;
 
     /// Items on a page. A bar shows another limit once its setItemCount() or setPage() is called.
     int rowLimit() const;
+    /// Sets that number.
     void setRowLimit(int rowLimit);
     /// Items in all.
     int itemCount() const;
+    /// Sets that number.
     void setItemCount(int itemCount);
     /// Current page, counted from 1.
     int nowPage() const;
+    /// Sets that page.
     void setNowPage(int nowPage);
 
     /// Number of pages, at least 1; 1 when the row limit is 0 or less.
@@ -45,7 +49,7 @@ private:
 /// One label in the footer of a VelaPagingBar.
 struct PagingFooterInfo
 {
-    QString text;
+    QString text; ///< what the label shows
     qint32 width = 0; ///< logical pixels; 0 for the text's own
 };
 

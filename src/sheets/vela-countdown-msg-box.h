@@ -26,6 +26,7 @@ class VELA_EXPORT VelaCountdownMessageBox : public QMessageBox
     Q_OBJECT
 
 public:
+    /// A box that clicks Ok after @p seconds.
     explicit VelaCountdownMessageBox(int seconds, QWidget *parent = nullptr);
     ~VelaCountdownMessageBox() override;
 

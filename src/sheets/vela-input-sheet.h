@@ -21,12 +21,15 @@ class VELA_EXPORT VelaInputSheet : public VelaSheet
     Q_OBJECT
 
 public:
+    /// A sheet without a prompt.
     explicit VelaInputSheet(QWidget *parent = nullptr);
+    /// A sheet with @p text as its prompt.
     explicit VelaInputSheet(const QString &text, QWidget *parent = nullptr);
     ~VelaInputSheet() override;
 
     /// Sets the prompt, which may be rich text.
     void setText(const QString &text);
+    /// The prompt.
     QString text() const;
     /// The line edit, which stays the sheet's, to be given a validator, a placeholder or an echo mode.
     QLineEdit *getLineEdit();
@@ -41,6 +44,7 @@ public:
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
+    /// Whether it does so.
     bool blocksWindowButton() const;
 
     /// Shows the sheet with the focus in the line edit and returns at once; finished() brings the answer.

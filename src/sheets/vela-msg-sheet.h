@@ -22,10 +22,11 @@ class VelaMessageSheetPrivate;
 class VELA_EXPORT MsgBoxCustomBtnText
 {
 public:
+    /// The captions of Ok and of cancel.
     MsgBoxCustomBtnText(QString okText, QString cancelText);
 
-    QString okText;
-    QString cancelText;
+    QString okText; ///< caption of Ok
+    QString cancelText; ///< caption of the button that answers QMessageBox::Discard
 };
 
 /// Label that is always as high as its text needs at its width.
@@ -34,6 +35,7 @@ class VELA_EXPORT MessageLabel : public QLabel
     Q_OBJECT
 
 public:
+    /// An empty label.
     explicit MessageLabel(QWidget *parent = nullptr);
     ~MessageLabel() override;
 
@@ -86,9 +88,13 @@ public:
     };
     Q_ENUM(MessageType)
 
+    /// A sheet without a text.
     explicit VelaMessageSheet(MessageType type, QWidget *parent = nullptr);
+    /// A sheet with @p text, which may be rich.
     VelaMessageSheet(MessageType type, const QString &text, QWidget *parent = nullptr);
+    /// The same with a second text below the first one, see setInformativeText().
     VelaMessageSheet(MessageType type, const QString &text, const QString &informativeText, QWidget *parent = nullptr);
+    /// The same with captions of one's own for its buttons.
     VelaMessageSheet(MessageType type, const QString &text, const MsgBoxCustomBtnText &captions,
                      QWidget *parent = nullptr);
     /// A sheet of type ProcessingMessage with the animation in @p movieFile, which exec() starts.
@@ -97,19 +103,23 @@ public:
 
     /// Sets the text, which may be rich.
     void setText(const QString &text);
+    /// That text.
     QString text() const;
     /// Sets the text below it, which may be rich; an empty one removes it.
     void setInformativeText(const QString &text);
+    /// The second text; empty without one.
     QString informativeText() const;
     /// Shows @p pixmap in place of the type's icon, or of the animation, until the type is set again. It is as large as
     /// its pixels are by its device pixel ratio; a null one takes no place.
     void setIcon(const QPixmap &pixmap);
     /// Sets the sheet up anew for @p type, with default captions. The buttons are new ones.
     void setMessageType(MessageType type);
+    /// The type that was set last.
     MessageType messageType() const;
     /// Whether the window cannot be closed while the sheet is up; it cannot at first. exec() also takes the window's
     /// close button away then, and done() gives it back, so set it before the sheet is shown.
     void setBlockWindowButton(bool block);
+    /// Whether it does so.
     bool blocksWindowButton() const;
 
     /// The button of that code, null if there is none.
@@ -132,9 +142,10 @@ public:
 
     /// Moves the focus for a Tab or Backtab that has reached the window @p watched.
     void restrictedFocus(QObject *watched, QKeyEvent *event);
-    /// Notes the first and the last of the widgets that were visible when the sheet was shown, and that take the focus
-    /// now: where Tab and Backtab go. Called whenever the sheet is shown.
+    /// Notes the first of the widgets that were visible when the sheet was shown, and that take the focus now: where
+    /// Tab goes from the last one. Called whenever the sheet is shown.
     void markFirstFocusWidget();
+    /// Notes the last of them, where Backtab goes from the first one.
     void markLastFocusWidget();
 
 public Q_SLOTS:

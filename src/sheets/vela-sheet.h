@@ -20,6 +20,7 @@ class VELA_EXPORT VelaSheet : public QFrame
     Q_OBJECT
 
 public:
+    /// An empty sheet.
     explicit VelaSheet(QWidget *parent = nullptr);
     ~VelaSheet() override;
 

@@ -15,9 +15,16 @@
 class VELA_EXPORT QtLockedFile : public QFile
 {
 public:
-    enum LockMode { NoLock = 0, ReadLock, WriteLock };
+    /// What other processes are kept from.
+    enum LockMode {
+        NoLock = 0, ///< nothing
+        ReadLock, ///< write locks
+        WriteLock, ///< all locks
+    };
 
+    /// A file without a name, which setFileName() gives it.
     QtLockedFile();
+    /// A file of that name, not yet open.
     explicit QtLockedFile(const QString &name);
     /// Writes what is buffered, and releases the lock.
     ~QtLockedFile() override;
@@ -37,6 +44,7 @@ public:
 
     /// A file that is closed has no lock.
     bool isLocked() const;
+    /// The lock that is held.
     LockMode lockMode() const;
 
 private:

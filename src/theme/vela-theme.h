@@ -38,6 +38,7 @@ public:
     /// What is wrong with a theme.
     struct VELA_EXPORT Problem
     {
+        /// What it means for the theme.
         enum Severity {
             Warning, ///< something is missing, or has no effect
             Error, ///< the theme is not taken
@@ -46,11 +47,12 @@ public:
         /// As compilers write it: `file:line: error: text`.
         QString toString() const;
 
-        Severity severity = Warning;
+        Severity severity = Warning; ///< whether the theme is taken all the same
         QString file; ///< absolute path
         int line = 0; ///< counted from 1; 0 where the file as a whole is meant
         QString text; ///< English, for developers
     };
+    /// All that is wrong with a theme.
     using Problems = QVector<Problem>;
 
     /// The one instance, created on first use.
@@ -73,13 +75,16 @@ public:
     /// Changes the texts only. The rest of the theme is not read again. An error before load().
     Problems setLanguage(const QString &language);
 
-    /// What load() was given; empty before.
+    /// The folder in force; empty before load().
     QString folder() const;
+    /// The language in force; empty before load().
     QString language() const;
+    /// Where missing texts are taken from; empty before load().
     QString fallbackLanguage() const;
 
     /// The languages that @p folder has texts in, sorted.
     static QStringList languages(const QString &folder);
+    /// Whether an Error is among @p problems, so that the theme is not in force.
     static bool hasErrors(const Problems &problems);
 
 Q_SIGNALS:

@@ -21,14 +21,20 @@ public:
     /// Leaves out @p filterWidgets, but not their children, and every widget whose focus policy is, as a number, less
     /// than @p focusLevel.
     AccessibleFilter(const QList<QWidget *> &filterWidgets, Qt::FocusPolicy focusLevel);
+    /// A copy, which is independent.
     AccessibleFilter(const AccessibleFilter &other);
     ~AccessibleFilter();
+    /// Becomes such a copy.
     AccessibleFilter &operator=(const AccessibleFilter &other);
 
+    /// Sets the widgets that are left out.
     void setFilterWidgets(const QList<QWidget *> &filterWidgets);
+    /// Those widgets; none at first.
     QList<QWidget *> filterWidgets() const;
 
+    /// Sets the least focus policy, as a number, of a widget that passes.
     void setFocusLevel(Qt::FocusPolicy focusLevel);
+    /// That policy; Qt::NoFocus at first.
     Qt::FocusPolicy focusLevel() const;
 
 private:

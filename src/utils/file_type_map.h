@@ -12,6 +12,7 @@
 /// Orders strings without regard to case, so that "JPG" and "jpg" are one key.
 struct VELA_EXPORT CaseLessCompare
 {
+    /// Whether @p left stands before @p right.
     bool operator()(const QString &left, const QString &right) const;
 };
 

@@ -19,23 +19,28 @@ class VelaTableWidgetPrivate;
 class VELA_EXPORT VelaTableColumnsInfo
 {
 public:
+    /// One column.
     struct ColumnInfo
     {
-        QString title;
+        QString title; ///< in the header
         qint32 width = 0; ///< logical pixels; the minimum when the column stretches
         bool resizable = false; ///< by the user
         double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
     };
 
+    /// No columns.
     VelaTableColumnsInfo();
+    /// A copy, which is independent.
     VelaTableColumnsInfo(const VelaTableColumnsInfo &other);
     ~VelaTableColumnsInfo();
+    /// Becomes such a copy.
     VelaTableColumnsInfo &operator=(const VelaTableColumnsInfo &other);
 
     /// Appends a column and returns its index. Nothing is checked. Let the ratios of the columns that stretch sum to 1
     /// to fill the table.
     int addColumn(const QString &title, int width, bool resizable, double stretchRatio);
 
+    /// How many columns have been added.
     int columnCount() const;
     /// The column at @p index, which must be valid.
     const ColumnInfo &column(int index) const;
@@ -50,6 +55,7 @@ class VELA_EXPORT ResizeSignalTableWidget : public QTableWidget
     Q_OBJECT
 
 public:
+    /// A table of empty cells, without a parent.
     ResizeSignalTableWidget(int rows, int columns);
     ~ResizeSignalTableWidget() override;
 

@@ -34,13 +34,15 @@ class VELA_EXPORT VelaTreeWidget : public QTreeWidget
     Q_OBJECT
 
 public:
+    /// An empty tree.
     explicit VelaTreeWidget(QWidget *parent = nullptr);
     ~VelaTreeWidget() override;
 
     /// Sets the colours of the highlight; before that it is black.
     void setBackgroundColor(QColor selected, QColor hover);
-    /// Those colours; invalid ones before.
+    /// The colour of selected rows; invalid before it is set.
     QColor selectedColor() const;
+    /// The colour of the row under the pointer; invalid before it is set.
     QColor hoverColor() const;
     /// Scrolls sideways so that the beginning of @p item is in view.
     void updateScrollArea(QTreeWidgetItem *item);
@@ -71,6 +73,7 @@ class VELA_EXPORT ItemDelegate : public QItemDelegate
     Q_OBJECT
 
 public:
+    /// A delegate without a parent.
     ItemDelegate();
     ~ItemDelegate() override;
 
@@ -96,18 +99,21 @@ private:
 class VELA_EXPORT FileSystemTreeWidgetItem : public QTreeWidgetItem
 {
 public:
+    /// An item without a path, in no tree.
     FileSystemTreeWidgetItem();
     /// A copy without the children, in no tree.
     FileSystemTreeWidgetItem(const FileSystemTreeWidgetItem &other);
     ~FileSystemTreeWidgetItem() override;
+    /// Takes texts, data and path of @p other; children and tree stay.
     FileSystemTreeWidgetItem &operator=(const FileSystemTreeWidgetItem &other);
 
+    /// The path.
     const QString &getPath() const;
 
     /// @p other must be a FileSystemTreeWidgetItem too; std::bad_cast is thrown otherwise.
     bool operator<(const QTreeWidgetItem &other) const override;
 
-    QString path;
+    QString path; ///< the folder's, "home" for the one that is sorted first
     qint64 clientData; ///< the client's own, 0 at first; copied with the item
 
 private:
