@@ -357,16 +357,7 @@ constexpr SpokenTextEntry SpokenTextEntries[] = {
 };
 
 /// A colour that no sheet reaches. A theme may set it in its theme.json.
-enum class Color {
-    CalendarWeekend,
-    ComboBoxBorder,
-    Mask,
-    SheetBody,
-    TreeHovered,
-    TreeOutline,
-    TreeSelected,
-    Count
-};
+enum class Color { CalendarWeekend, ComboBoxBorder, Mask, SheetBody, TreeHovered, TreeOutline, TreeSelected, Count };
 
 struct ColorEntry
 {

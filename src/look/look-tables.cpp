@@ -9,7 +9,7 @@
 
 namespace Vela {
 
-LookTables LookTables::inForce()
+LookTables LookTables::installed()
 {
     const ImageManager *images = ImageManager::getInstance();
     return {UIPathManager::getInstance()->m_paths,

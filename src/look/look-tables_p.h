@@ -16,7 +16,7 @@ namespace Vela {
 /// All that an application has installed, as one value: to be kept, replaced as a whole, or put back.
 struct LookTables
 {
-    static LookTables inForce();
+    static LookTables installed();
     void install() const;
 
     std::map<QString, QString> paths;

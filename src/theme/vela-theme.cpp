@@ -76,7 +76,7 @@ QVector<QPointer<QWidget>> allWidgets()
 
 QString userDataFolder()
 {
-    const std::map<QString, QString> paths = LookTables::inForce().paths;
+    const std::map<QString, QString> paths = LookTables::installed().paths;
     const auto own = paths.find(UserDataPath);
     return own == paths.end() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) : own->second;
 }
@@ -188,7 +188,7 @@ VelaTheme::Problems VelaTheme::load(const QString &folder, const QString &langua
     }
 
     const BusyCursor busy;
-    const LookTables former = LookTables::inForce();
+    const LookTables former = LookTables::installed();
     LookTables now = former;
     now.paths[ResourcePath] = absoluteFolder;
     now.paths[UserDataPath] = userData;
@@ -210,7 +210,7 @@ VelaTheme::Problems VelaTheme::load(const QString &folder, const QString &langua
     d->language = language;
     d->fallbackLanguage = fallbackLanguage;
     d->imageLoading = imageLoading;
-    d->follow(LookChange(LookChange::Everything, former, LookTables::inForce()), former.texts != theme.texts());
+    d->follow(LookChange(LookChange::Everything, former, LookTables::installed()), former.texts != theme.texts());
     Q_EMIT changed();
     return problems;
 }
@@ -238,7 +238,7 @@ VelaTheme::Problems VelaTheme::setLanguage(const QString &language)
         return theme.problems();
     }
     const BusyCursor busy;
-    const LookTables former = LookTables::inForce();
+    const LookTables former = LookTables::installed();
     LookTables now = former;
     now.texts = theme.texts();
     now.install();

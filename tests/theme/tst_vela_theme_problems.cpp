@@ -191,7 +191,8 @@ private Q_SLOTS:
         const ThemeCopy copy;
         int taken = 0;
         int refused = 0;
-        const QStringList names = copy.files().filter(QRegularExpression(QStringLiteral("^([^/]*json|strings/enu.json|styles/.*|images/folder.png)$")));
+        const QStringList names = copy.files().filter(
+            QRegularExpression(QStringLiteral("^([^/]*json|strings/enu.json|styles/.*|images/folder.png)$")));
         for (const QString &name : names) {
             const QByteArray content = copy.read(name);
             for (int tenth = 0; tenth < 10; ++tenth) {
