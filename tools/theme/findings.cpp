@@ -68,6 +68,7 @@ constexpr Rule Rules[] = {
      "Text must have a contrast of at least 4.5 to 1 to what it stands on, disabled text 3 to 1. It was measured in "
      "the "
      "widget's picture."},
+    {"control-character", true, "A control character that has no business in a style sheet, such as a null byte."},
     {"declaration-form", true,
      "A declaration is \"property: value;\". The toolkit leaves out what it cannot read, up to the next \";\"."},
     {"disabled-invisible", true, "A disabled widget looks as if it were enabled."},
@@ -116,6 +117,7 @@ constexpr Rule Rules[] = {
      "The library asks for a section that no style sheet of the theme has. Its widgets look as the toolkit leaves "
      "them."},
     {"key-unknown", true, "The library never asks for a section of this key."},
+    {"keyword-unknown", true, "The toolkit does not know this word for the property, and ignores the declaration."},
     {"length-fraction", false, "Lengths are cut to whole numbers once they are scaled: 1.5px is 1px at scale 1."},
     {"length-long", true,
      "A length may have at most three characters before \"px\". The tail of a longer one is taken for a length of its "
@@ -125,6 +127,8 @@ constexpr Rule Rules[] = {
      "Only lengths in \"px\" are scaled, with the unit in lower case directly behind the number. A number without a "
      "unit, "
      "or with another one, stays as it is or counts as 0."},
+    {"line-breaks", true,
+     "Carriage returns are removed. Where they are all that ends a line, the file is one line, without a header."},
     {"marker-missing", true,
      "The widget puts something in the place of these markers, each of which has to stand in the section once."},
     {"marker-unknown", true, "The widget puts nothing in the place of this marker."},

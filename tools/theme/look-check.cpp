@@ -182,6 +182,14 @@ private:
     {
         for (const ThemeSection &section : m_text.sections()) {
             if (section.key == QLatin1String(widget.key)) {
+                const QVector<Finding> &all = m_findings->all();
+                const bool isTold = std::any_of(all.cbegin(), all.cend(), [&](const Finding &finding) {
+                    return finding.file == section.header.file && finding.line == section.header.line
+                        && qstrcmp(finding.rule->name, rule) == 0;
+                });
+                if (isTold) { // of another widget with the section
+                    return;
+                }
                 m_findings->add(rule, section.header.file, section.header.line,
                                 QStringLiteral("%1: %2").arg(section.key, text));
                 return;

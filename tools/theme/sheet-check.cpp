@@ -267,9 +267,13 @@ private:
                 QStringLiteral("unknown property \"%1\"").arg(property) + suggestion(property, Toolkit::properties()));
             return;
         }
-        checkLengths(declaration);
-        checkColors(declaration);
-        checkAddresses(declaration);
+        for (const auto check : {&SectionCheck::checkLengths, &SectionCheck::checkColors, &SectionCheck::checkKeywords,
+                                 &SectionCheck::checkAddresses}) {
+            (this->*check)(declaration);
+            if (hasFinding(declaration.begin)) {
+                return;
+            }
+        }
     }
 
     bool checkForm(const SheetDeclaration &declaration)
@@ -305,6 +309,12 @@ private:
             return;
         }
         const QString outer = outerText(declaration.value);
+        static const QRegularExpression foreignDigit(QStringLiteral("(?![0-9])\\p{Nd}[\\p{Nd}.]*px"));
+        if (const QRegularExpressionMatch match = foreignDigit.match(outer); match.hasMatch()) {
+            add("length-unit", declaration.begin,
+                QStringLiteral("\"%1\" is 0: write it in the digits 0 to 9").arg(match.captured()));
+            return;
+        }
         for (auto matches = number.globalMatch(outer); matches.hasNext();) {
             const QRegularExpressionMatch match = matches.next();
             const QString digits = match.captured(1);
@@ -380,7 +390,23 @@ private:
                 isValid = false;
             }
             if (!isValid) {
-                add("color-invalid", declaration.begin, QStringLiteral("no colour: %1").arg(match.captured()));
+                add("color-invalid", declaration.begin,
+                    QStringLiteral("no colour%1: %2")
+                            .arg(isColor ? QString() : QStringLiteral(" or keyword"), match.captured())
+                        + (isColor ? QString() : suggestion(word, Toolkit::keywords())));
+                return;
+            }
+        }
+    }
+
+    void checkKeywords(const SheetDeclaration &declaration)
+    {
+        const QStringList known = Toolkit::keywordsOf(declaration.name);
+        const QStringList words = declaration.value.toLower().split(QRegularExpression(QStringLiteral("\\s+")));
+        for (const QString &word : words) {
+            if (!known.isEmpty() && !known.contains(word)) {
+                add("keyword-unknown", declaration.begin,
+                    QStringLiteral("\"%1\" cannot be \"%2\"").arg(declaration.name, word) + suggestion(word, known));
                 return;
             }
         }
@@ -448,6 +474,11 @@ private:
     void checkScaledImage(const SheetDeclaration &declaration, const QString &file)
     {
         const QString name = nameWithoutEnding(file.startsWith(QLatin1String("tmp_")) ? file.mid(4) : file);
+        const QString near = nearest(name, m_images.scaledNames());
+        if (!near.isEmpty() && near != name && !m_images.files().contains(near + QLatin1String(".png"))
+            && m_images.files().contains(name + QLatin1String(".png"))) {
+            return; // it is listed by a misspelt name, which is told where it is listed
+        }
         if (!file.startsWith(QLatin1String("tmp_"))) {
             add("image-missing", declaration.begin,
                 QStringLiteral("the copy's name begins with \"tmp_\": TMPIMG_LOC/tmp_%1").arg(file));

@@ -29,9 +29,16 @@ bool isHeader(const QByteArray &line)
     return line.startsWith("==") && line.endsWith("==");
 }
 
-QByteArray keyOf(QByteArray line)
+// Of a line that may be no header: what stands between the first marks.
+QByteArray keyOf(const QByteArray &line)
 {
-    return line.replace('=', "").simplified().replace(' ', "");
+    for (const QByteArray &part : line.split('=')) {
+        const QByteArray key = part.simplified().replace(' ', "");
+        if (!key.isEmpty()) {
+            return key;
+        }
+    }
+    return QByteArray();
 }
 
 // Whether a line was meant as a header, as no line of a rule begins or ends like this.
@@ -174,11 +181,33 @@ QByteArray SheetText::mended(int file)
                         isUtf16 ? QStringLiteral("UTF-16, and not UTF-8") : QStringLiteral("not UTF-8"));
         text = isUtf16 ? QTextCodec::codecForName("UTF-16")->toUnicode(text).toUtf8() : text;
     }
+    if (text.contains('\r') && !text.contains('\n')) {
+        m_findings->add("line-breaks", m_names.at(file), 1, QStringLiteral("lines end with carriage returns"));
+        text.replace('\r', '\n');
+    }
     text = decodedAsLibraryDoes(text);
     QByteArray result = text;
+    mendControlCharacters(file, result);
     mendBlockComments(file, result);
     mendLineComments(file, result);
     return result;
+}
+
+void SheetText::mendControlCharacters(int file, QByteArray &text)
+{
+    bool isTold = false;
+    for (int i = 0; i < text.size(); ++i) {
+        const char character = text.at(i);
+        if (character >= 0 && character < ' ' && character != '\n' && character != '\t' && character != '\f') {
+            if (!isTold) {
+                m_findings->add("control-character", m_names.at(file), lineNumber(text, i),
+                                QStringLiteral("the control character %1").arg(int(character)));
+            }
+            isTold = true;
+            text.remove(i, 1);
+            --i;
+        }
+    }
 }
 
 void SheetText::mendBlockComments(int file, QByteArray &text)

@@ -57,6 +57,7 @@ public:
 private:
     void read(const QString &folder);
     QByteArray mended(int file);
+    void mendControlCharacters(int file, QByteArray &text);
     void mendBlockComments(int file, QByteArray &text);
     void mendLineComments(int file, QByteArray &text);
     void removeComments();

@@ -125,15 +125,22 @@ void ThemeImages::check(const UsedImages &used)
     if (m_catalogue.isValid()) {
         checkNames();
         checkListedFiles();
-        checkContract();
-        checkSmallness();
-        checkUse(used);
+        checkStateSizes();
+        if (m_catalogue.object().value(ImagesKey).isArray()) {
+            checkContract();
+            checkSmallness();
+            checkUse(used);
+        }
     }
 }
 
 void ThemeImages::checkNames()
 {
     const QStringList known = {ImagesKey, ScaledImagesKey};
+    const QStringList keys = m_catalogue.object().keys();
+    if (!keys.contains(ImagesKey) && nearest(ImagesKey, keys).isEmpty()) {
+        m_findings->add("catalogue-entry", CatalogueName, 1, QStringLiteral("there is no \"images\""));
+    }
     for (auto it = m_catalogue.object().begin(); it != m_catalogue.object().end(); ++it) {
         if (!known.contains(it.key())) {
             m_findings->add("catalogue-key", CatalogueName, m_catalogue.lineOf(it.key()),
@@ -202,6 +209,7 @@ void ThemeImages::checkListedFiles()
                 m_findings->add("image-case", CatalogueName, lineOf(key, name),
                                 QStringLiteral("the file's name is images/%1, and not images/%2.png").arg(other, name));
                 m_spoilt.insert(other.chopped(4));
+                m_spoilt.insert(other);
             }
         }
     }
@@ -233,16 +241,28 @@ void ThemeImages::checkStates(const QString &name)
                 "image-case", CatalogueName, lineOf(ImagesKey, name),
                 QStringLiteral("the file's name is images/%1, and not images/%2%3.png").arg(other, name, ending));
             m_spoilt.insert(other.chopped(4));
+            m_spoilt.insert(other);
         }
     }
-    for (const QString &ending : qAsConst(there)) {
-        const QSize size = sizeOf(name + ending);
-        if (size != sizeOf(name) && size.isValid() && sizeOf(name).isValid() && !isSpoilt(name)
-            && !isSpoilt(name + ending)) {
-            m_findings->add(
-                "image-state-size", QStringLiteral("images/%1%2.png").arg(name, ending), 0,
-                QStringLiteral("%1 pixels, where the normal state has %2").arg(inText(size), inText(sizeOf(name))));
-            m_spoilt.insert(name + ending);
+}
+
+// Of images that style sheets show, too.
+void ThemeImages::checkStateSizes()
+{
+    for (const QString &file : qAsConst(m_files)) {
+        const QString name = file.chopped(4);
+        for (const QString &ending : StateEndings + QStringList {QStringLiteral("_focus")}) {
+            const QString normal = name.chopped(ending.size());
+            if (!file.endsWith(QLatin1String(".png")) || !name.endsWith(ending) || isSpoilt(name) || isSpoilt(normal)) {
+                continue;
+            }
+            const QSize size = sizeOf(name);
+            if (size.isValid() && sizeOf(normal).isValid() && size != sizeOf(normal)) {
+                m_findings->add("image-state-size", QStringLiteral("images/") + file, 0,
+                                QStringLiteral("%1 pixels, where the normal state has %2")
+                                    .arg(inText(size), inText(sizeOf(normal))));
+                m_spoilt.insert(name);
+            }
         }
     }
 }

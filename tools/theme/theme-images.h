@@ -42,6 +42,7 @@ private:
     void checkNames();
     void checkListedFiles();
     void checkStates(const QString &name);
+    void checkStateSizes();
     void checkContract();
     void checkContent(const QString &file);
     void checkSmallness();

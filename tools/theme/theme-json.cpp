@@ -50,6 +50,20 @@ public:
         }
         checkColors({QStringLiteral("tool_tip")}, {QStringLiteral("text"), QStringLiteral("base")}, {});
         checkColors({QStringLiteral("colors")}, Colors, {});
+        const QStringList objects = {palette, QStringLiteral("font"), QStringLiteral("tool_tip"),
+                                     QStringLiteral("colors")};
+        for (const QString &key : objects) {
+            if (m_file.object().contains(key) && !m_file.object().value(key).isObject()) {
+                m_findings->add("theme-key", FileName, lineOf({}, key), QStringLiteral("\"%1\" is no object").arg(key));
+            }
+        }
+        for (const QString &key : {QStringLiteral("point_size"), QStringLiteral("weight")}) {
+            const QJsonValue value = objectAt({QStringLiteral("font")}).value(key);
+            if (!value.isUndefined() && !value.isDouble()) {
+                m_findings->add("theme-key", FileName, lineOf({QStringLiteral("font")}, key),
+                                QStringLiteral("\"%1\" is no number").arg(key));
+            }
+        }
         checkKeys({QStringLiteral("font")},
                   {QStringLiteral("family"), QStringLiteral("point_size"), QStringLiteral("weight")});
     }

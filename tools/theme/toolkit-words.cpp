@@ -217,6 +217,37 @@ bool Toolkit::holdsColor(const QString &property)
     return names.contains(property);
 }
 
+QStringList Toolkit::keywordsOf(const QString &property)
+{
+    static const char *const Styles =
+        "none solid dashed dotted dot-dash dot-dot-dash double groove ridge inset outset native hidden";
+    static const char *const Boxes = "margin border padding content";
+    static const std::pair<const char *, const char *> keywords[] = {
+        {"background-attachment", "scroll fixed"},
+        {"background-clip", Boxes},
+        {"background-origin", Boxes},
+        {"background-repeat", "repeat repeat-x repeat-y repeat-xy no-repeat"},
+        {"border-bottom-style", Styles},
+        {"border-left-style", Styles},
+        {"border-right-style", Styles},
+        {"border-style", Styles},
+        {"border-top-style", Styles},
+        {"font-style", "normal italic oblique"},
+        {"outline-style", Styles},
+        {"position", "relative absolute static fixed"},
+        {"subcontrol-origin", Boxes},
+        {"subcontrol-position", "top bottom left right center"},
+        {"text-align", "left right center top bottom justify"},
+        {"text-decoration", "none underline overline line-through blink"},
+    };
+    for (const auto &[name, known] : keywords) {
+        if (property == QLatin1String(name)) {
+            return words(known);
+        }
+    }
+    return QStringList();
+}
+
 const QStringList &Toolkit::keywords()
 {
     static const QStringList names = words(

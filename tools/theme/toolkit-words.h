@@ -19,6 +19,8 @@ bool isLength(const QString &property);
 bool isColor(const QString &property);
 /// Whether a property holds a colour among other words.
 bool holdsColor(const QString &property);
+/// The words that a property takes, empty if it takes others too or none.
+QStringList keywordsOf(const QString &property);
 /// Words that stand beside colours.
 const QStringList &keywords();
 /// Names of the roles in "palette(...)".
