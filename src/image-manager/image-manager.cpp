@@ -5,6 +5,7 @@
 
 #include "scale/dpi-info.h"
 #include "utils/debug-message.h"
+#include "utils/theme-message_p.h"
 #include "utils/ui-path-manager.h"
 
 #include <QDir>
@@ -30,7 +31,13 @@ QPixmap readPixmap(const QString &path)
     if (!file.open(QIODevice::ReadOnly)) {
         return QPixmap();
     }
-    return QPixmap::fromImage(QImageReader(&file).read());
+    QImageReader reader(&file);
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        qCWarning(vela_theme).noquote().nospace()
+            << path << ": the image cannot be read (" << reader.errorString() << "). Save it as PNG.";
+    }
+    return QPixmap::fromImage(image);
 }
 
 QPixmap scaledTo(const QPixmap &pixmap, const QSize &size)
@@ -77,7 +84,14 @@ void ImageManager::readJson()
         // Given the array itself, it would stop at a null byte.
         text = QString::fromUtf8(bytes.constData(), bytes.size());
     }
-    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
+    QJsonParseError error;
+    const QByteArray json = text.toUtf8();
+    const QJsonObject catalogue = QJsonDocument::fromJson(json, &error).object();
+    if (error.error != QJsonParseError::NoError) {
+        qCWarning(vela_theme).noquote().nospace()
+            << file.fileName() << ':' << json.left(error.offset).count('\n') + 1
+            << ": the list of images cannot be read, so that there are none: " << error.errorString() << '.';
+    }
 
     const QJsonArray images = catalogue.value(QLatin1String("images")).toArray();
     for (const QJsonValue &name : images) {
@@ -121,6 +135,11 @@ void ImageManager::load(ImageFile &image)
     for (int i = 0; i < ImageFile::VariantCount; ++i) {
         const QPixmap original = readPixmap(getImageFullPath(image.names[i]));
         if (original.isNull()) {
+            if (i == IMAGE_NORMAL && !QFile::exists(getImageFullPath(image.names[i]))) {
+                qCWarning(vela_theme).noquote().nospace()
+                    << getImageFullPath(image.names[i])
+                    << ": there is no such image, but \"images.json\" lists it. Add the file, or take it off the list.";
+            }
             image.names[i].clear();
             continue;
         }

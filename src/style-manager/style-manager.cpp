@@ -4,8 +4,10 @@
 #include "style-manager/style-manager.h"
 
 #include "image-manager/image-manager.h"
+#include "style-manager/sheet-messages_p.h"
 #include "style-manager/sheet-sections_p.h"
 #include "utils/debug-message.h"
+#include "utils/theme-message_p.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -58,6 +60,9 @@ void StyleManager::initialize(const std::vector<QString> &files)
     const QByteArray tempImageFolder = images->getTempImageFolder().toUtf8();
     insertImageFolders(text, images->getImageFolder().toUtf8(), tempImageFolder);
     readSections(removeComments(std::move(text)), m_sections);
+    if (vela_theme().isWarningEnabled()) {
+        Vela::tellRefusedSections(files);
+    }
 }
 
 QString StyleManager::getStyleSheet(const QString &key, bool raw)

@@ -4,7 +4,7 @@
 #include "theme/theme-folder_p.h"
 
 #include "style-manager/sheet-sections_p.h"
-#include "theme/toolkit-parser_p.h"
+#include "style-manager/toolkit-parser_p.h"
 
 #include <QDir>
 #include <QFile>

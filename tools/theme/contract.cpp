@@ -120,6 +120,25 @@ QJsonArray folders()
     return array;
 }
 
+// What a colour is unless a theme says otherwise. One that is not valid is painted black.
+QString standardOf(const Vela::ColorEntry &entry)
+{
+    return (entry.standard.isValid() ? entry.standard : QColor(Qt::black)).name(QColor::HexArgb).toUpper();
+}
+
+QJsonArray colors()
+{
+    QJsonArray array;
+    for (const Vela::ColorEntry &entry : Vela::ColorEntries) {
+        array.append(QJsonObject {
+            {QStringLiteral("key"), text(entry.key)},
+            {QStringLiteral("usedBy"), text(entry.usedBy)},
+            {QStringLiteral("standard"), standardOf(entry)},
+        });
+    }
+    return array;
+}
+
 // A row of a table in Markdown.
 QString row(const QStringList &cells)
 {
@@ -143,6 +162,7 @@ QByteArray contractAsJson()
                              {QStringLiteral("images"), images()},
                              {QStringLiteral("texts"), texts()},
                              {QStringLiteral("spokenTexts"), spokenTexts()},
+                             {QStringLiteral("colors"), colors()},
                              {QStringLiteral("folders"), folders()},
                          })
         .toJson();
@@ -190,6 +210,12 @@ QString contractAsMarkdown()
         + QStringLiteral("|---|---|---|---|\n");
     for (const Vela::SpokenTextEntry &entry : Vela::SpokenTextEntries) {
         page += row({code(text(entry.key)), text(entry.fallback), text(entry.usedBy), text(entry.markers)});
+    }
+    page += QStringLiteral("\n## Colours of theme.json\n\n")
+        + row({QStringLiteral("Key"), QStringLiteral("Standard, #AARRGGBB"), QStringLiteral("Used by")})
+        + QStringLiteral("|---|---|---|\n");
+    for (const Vela::ColorEntry &entry : Vela::ColorEntries) {
+        page += row({code(text(entry.key)), code(standardOf(entry)), text(entry.usedBy)});
     }
     page += QStringLiteral("\n## Folders\n\n") + row({QStringLiteral("Key"), QStringLiteral("Used by")})
         + QStringLiteral("|---|---|\n");

@@ -353,7 +353,7 @@ void checkLooks(const QString &folder, const SheetText &text, Findings *findings
     }
     // What is missing has been told.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
-    useTheme(folder, textsOf(folder, languagesOf(folder).value(0)));
+    useTheme(folder, languagesOf(folder).value(0));
     LookCheck(text, findings).run();
     if (!hasErrorIn(*findings, {"strings"})) {
         checkCaptions(folder, findings);

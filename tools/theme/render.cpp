@@ -136,7 +136,7 @@ QString renderScreen(const QString &folder, const QString &output, int screen)
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
     const QStringList languages = languagesOf(folder);
     const QString language = languages.contains(QStringLiteral("enu")) ? QStringLiteral("enu") : languages.value(0);
-    useTheme(folder, textsOf(folder, language));
+    useTheme(folder, language);
 
     QString list;
     for (const StageWidget &widget : stageWidgets()) {

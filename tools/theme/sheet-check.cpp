@@ -7,11 +7,11 @@
 #include "sheet-syntax.h"
 #include "sheet-text.h"
 #include "theme-images.h"
-#include "toolkit-parser.h"
 #include "toolkit-words.h"
 
 #include "look/keys_p.h"
 #include "scale/length-scaling_p.h"
+#include "style-manager/toolkit-parser_p.h"
 
 #include <QColor>
 #include <QHash>
@@ -225,7 +225,7 @@ private:
 
     void checkRefusal(const QByteArray &body, const SheetSyntax &syntax)
     {
-        if (!syntax.isSound() || !m_areDeclarationsSound || isUnderstood(QString::fromUtf8(body))) {
+        if (!syntax.isSound() || !m_areDeclarationsSound || Vela::isUnderstood(QString::fromUtf8(body))) {
             return;
         }
         // The first of the rules up to which the toolkit refuses all.
@@ -233,9 +233,10 @@ private:
         int bad = syntax.rules.size();
         while (bad - good > 1) {
             const int middle = (good + bad) / 2;
-            (isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(middle - 1).end))) ? good : bad) = middle;
+            (Vela::isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(middle - 1).end))) ? good : bad) = middle;
         }
-        const bool isInRule = bad > 0 && !isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(bad - 1).end)));
+        const bool isInRule =
+            bad > 0 && !Vela::isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(bad - 1).end)));
         int position = isInRule ? syntax.rules.at(bad - 1).begin : syntax.rules.isEmpty() ? 0 : syntax.rules.last().end;
         while (position < body.size() - 1 && isspace(static_cast<unsigned char>(body.at(position)))) {
             ++position;

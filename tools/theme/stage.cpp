@@ -3,6 +3,8 @@
 
 #include "stage.h"
 
+#include "text-check.h"
+
 #include <ComponentStrings>
 #include <ImageManager>
 #include <MessageLabel>
@@ -26,6 +28,7 @@
 #include <VelaSheet>
 #include <VelaTableColumnsInfo>
 #include <VelaTableWidget>
+#include <VelaTheme>
 #include <VelaTreeWidget>
 
 #include "scale/scaled.h"
@@ -52,11 +55,6 @@ const QVector<State> OfChoices = OfButtons + QVector<State> {State::Checked};
 const QVector<State> OfFields = {State::Normal, State::Hovered, State::Focused, State::Disabled};
 const QVector<State> OfViews = {State::Normal, State::Focused, State::Disabled};
 const QVector<State> OfTexts = {State::Normal, State::Disabled};
-
-QColor colorIn(const QJsonObject &object, const char *name)
-{
-    return QColor(object.value(QLatin1String(name)).toString());
-}
 
 QWidget *withWidth(QWidget *widget, int width)
 {
@@ -372,12 +370,17 @@ const QVector<StageWidget> &stageWidgets()
     return widgets;
 }
 
-void useTheme(const QString &folder, const QMap<QString, QString> &texts)
+void useTheme(const QString &folder, const QString &language)
 {
     static const QTemporaryDir userData;
-    UIPathManager::getInstance()->setPath(QStringLiteral("resource_path"), folder);
     UIPathManager::getInstance()->setPath(QStringLiteral("user_data_path"), userData.path());
-    ComponentStrings::getInstance()->installStrings(texts);
+    const bool isTaken = !VelaTheme::hasErrors(VelaTheme::getInstance()->load(folder, language));
+    ComponentStrings::getInstance()->installStrings(textsOf(folder, language));
+    if (isTaken) {
+        return;
+    }
+    // What can be shown of one with errors.
+    UIPathManager::getInstance()->setPath(QStringLiteral("resource_path"), folder);
     ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
     const QDir styles(folder + QStringLiteral("/styles"));
     std::vector<QString> sheets;
@@ -385,22 +388,6 @@ void useTheme(const QString &folder, const QMap<QString, QString> &texts)
         sheets.push_back(styles.filePath(name));
     }
     StyleManager::getInstance()->initialize(sheets);
-
-    QFile file(folder + QStringLiteral("/theme.json"));
-    const QJsonObject theme =
-        file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
-    const QJsonObject colors = theme.value(QLatin1String("palette")).toObject();
-    QPalette palette = QApplication::palette();
-    const std::pair<QPalette::ColorRole, const char *> roles[] = {
-        {QPalette::Window, "window"}, {QPalette::WindowText, "window_text"}, {QPalette::Base, "base"},
-        {QPalette::Text, "text"},     {QPalette::Button, "button"},          {QPalette::ButtonText, "button_text"},
-    };
-    for (const auto &[role, name] : roles) {
-        if (colorIn(colors, name).isValid()) {
-            palette.setColor(role, colorIn(colors, name));
-        }
-    }
-    QApplication::setPalette(palette);
 }
 
 Stage::Stage(const StageWidget &widget, StageState state, Qt::LayoutDirection direction) :

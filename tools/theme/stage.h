@@ -41,7 +41,7 @@ struct StageWidget
 const QVector<StageWidget> &stageWidgets();
 
 /// Makes the library's start-up calls with the theme in @p folder, in one of its languages.
-void useTheme(const QString &folder, const QMap<QString, QString> &texts);
+void useTheme(const QString &folder, const QString &language);
 
 /// A widget on the page of its theme, in a state.
 class Stage

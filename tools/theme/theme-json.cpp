@@ -6,6 +6,8 @@
 #include "findings.h"
 #include "json-file.h"
 
+#include "look/keys_p.h"
+
 #include <QColor>
 
 namespace {
@@ -25,15 +27,14 @@ const QStringList Roles = {
     QStringLiteral("tool_tip_base"), QStringLiteral("tool_tip_text"),
 };
 const QStringList Groups = {QStringLiteral("disabled"), QStringLiteral("inactive")};
-const QStringList Colors = {
-    QStringLiteral("mask"),
-    QStringLiteral("sheet_body"),
-    QStringLiteral("tree_selected"),
-    QStringLiteral("tree_hovered"),
-    QStringLiteral("tree_outline"),
-    QStringLiteral("calendar_weekend"),
-    QStringLiteral("combo_box_border"),
-};
+QStringList colorKeys()
+{
+    QStringList keys;
+    for (const Vela::ColorEntry &entry : Vela::ColorEntries) {
+        keys.append(QString::fromLatin1(entry.key));
+    }
+    return keys;
+}
 
 class ThemeJsonCheck
 {
@@ -49,7 +50,7 @@ public:
             checkColors({palette, group}, Roles, {});
         }
         checkColors({QStringLiteral("tool_tip")}, {QStringLiteral("text"), QStringLiteral("base")}, {});
-        checkColors({QStringLiteral("colors")}, Colors, {});
+        checkColors({QStringLiteral("colors")}, colorKeys(), {});
         const QStringList objects = {palette, QStringLiteral("font"), QStringLiteral("tool_tip"),
                                      QStringLiteral("colors")};
         for (const QString &key : objects) {

@@ -180,6 +180,14 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
         "section missing",
         [](const ThemeCopy &theme) { theme.write(QStringLiteral("styles/scrollbar.qss"), "/* none */\n"); },
         "key-missing", QStringLiteral("styles"), QByteArray());
+    row("text behind a header", replacing(Buttons, "component.red_button ==", "component.red_button == end"),
+        "header-form", Buttons, "component.red_button");
+    row("null byte", replacing(Buttons, "color: #FFFFFF", QByteArray("color: \0#FFFFFF", 15)), "control-character",
+        Buttons, QByteArray("\0", 1));
+    row(
+        "line breaks that are carriage returns",
+        [](const ThemeCopy &theme) { theme.write(Inputs, theme.read(Inputs).replace('\n', '\r')); }, "line-breaks",
+        Inputs, "component.lineedit");
     row("brace not closed", replacing(Buttons, "    outline: none;\n}\n", "    outline: none;\n"), "brace-unclosed",
         Buttons, "QPushButton {");
     row(
@@ -226,6 +234,10 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     declaration("colour out of range", "color: rgb(300, 0, 0);", "color-invalid");
     declaration("colour of two channels", "color: rgb(1, 2);", "color-invalid");
     declaration("no such role", "color: palette(windowtext);", "color-invalid");
+    declaration("word that a property does not take", "text-align: centre;", "keyword-unknown");
+    declaration("misspelt style of a border", "border: 1px sollid red;", "color-invalid");
+    declaration("digits of another script", "padding: \xef\xbc\x91px;", "length-unit");
+    declaration("blank before the unit of a border", "border: 1 px solid red;", "length-unit");
     declaration("no colon", "color red;", "declaration-form");
     declaration("no value", "color: ;", "declaration-form");
     declaration("no semicolon", "color: red\n    padding: 2px;", "declaration-form");
@@ -365,6 +377,23 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
             resizeImage(theme, QStringLiteral("images/bt_add_hover.png"), {96, 96});
         },
         "image-state-size", QStringLiteral("images/bt_add_hover.png"), "");
+
+    row("list that is no array", replacing(Catalogue, "\"images\": [", "\"images\": 7, \"tmp_images\": ["),
+        "catalogue-entry", Catalogue, "\"images\"");
+    row("misspelt copy", replacing(Catalogue, "\"field_error\"", "\"field_eror\""), "image-missing", Catalogue,
+        "field_eror");
+    row(
+        "ending in capitals",
+        [](const ThemeCopy &theme) {
+            theme.rename(QStringLiteral("images/app_img.png"), QStringLiteral("images/app_img.PNG"));
+        },
+        "image-case", Catalogue, "app_img");
+    row(
+        "state of another size, of a sheet's image",
+        [](const ThemeCopy &theme) {
+            resizeImage(theme, QStringLiteral("images/check_off_focus.png"), {80, 80});
+        },
+        "image-state-size", QStringLiteral("images/check_off_focus.png"), "");
 
     // Texts
     row("broken texts", replacing(English, "\"OK\",", "\"OK\""), "text-json", English, "\"cancel\"");

@@ -104,6 +104,7 @@ void ThemeContractTest::itHoldsAllThatTheLibraryAsksFor()
     QCOMPARE(namesIn(object, "images", "name"), namesOf(Vela::ImageEntries, &Vela::ImageEntry::name));
     QCOMPARE(namesIn(object, "texts", "key"), namesOf(Vela::TextEntries, &Vela::TextEntry::key));
     QCOMPARE(namesIn(object, "spokenTexts", "key"), namesOf(Vela::SpokenTextEntries, &Vela::SpokenTextEntry::key));
+    QCOMPARE(namesIn(object, "colors", "key"), namesOf(Vela::ColorEntries, &Vela::ColorEntry::key));
     QCOMPARE(namesIn(object, "folders", "key"), namesOf(Vela::FolderEntries, &Vela::FolderEntry::key));
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "theme/toolkit-parser_p.h"
+#include "style-manager/toolkit-parser_p.h"
 
 #include <QThread>
 #include <QWidget>
