@@ -14,6 +14,7 @@ namespace {
 
 constexpr int ButtonCount = 50;
 constexpr double Target = 1.2;
+constexpr double ShortestTarget = 1.05;
 
 QPixmap iconPixmap()
 {
@@ -40,6 +41,16 @@ QWidget *bareToolButton(QWidget *parent, const QIcon &icon, const QString &sheet
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     button->setStyleSheet(sheet);
     button->setPopupMode(QToolButton::InstantPopup);
+    return button;
+}
+
+// No more than a button with this look takes.
+QWidget *shortToolButton(QWidget *parent, const QIcon &icon, const QString &sheet)
+{
+    auto *button = new QToolButton(parent);
+    button->setIcon(icon);
+    button->setIconSize(QSize(20, 20));
+    button->setStyleSheet(sheet);
     return button;
 }
 
@@ -77,5 +88,18 @@ int main(int argc, char *argv[])
             showPanels(state, ButtonCount,
                        [&](QWidget *parent) { return bareToolButton(parent, QIcon(pixmap), iconSheet); });
         });
+    const auto showOurs = [pixmap](benchmark::State &state) {
+        showPanels(state, ButtonCount, [&pixmap](QWidget *) { return new VelaIconButton(pixmap); });
+    };
+    compare("VelaIconButton, first paint, shortest floor", ShortestTarget, showOurs,
+            [pixmap, iconSheet](benchmark::State &state) {
+                showPanels(state, ButtonCount,
+                           [&](QWidget *parent) { return shortToolButton(parent, QIcon(pixmap), iconSheet); });
+            });
+    compare("VelaIconButton, first paint, floor without a parent", ShortestTarget, showOurs,
+            [pixmap, iconSheet](benchmark::State &state) {
+                showPanels(state, ButtonCount,
+                           [&](QWidget *) { return shortToolButton(nullptr, QIcon(pixmap), iconSheet); });
+            });
     return runComparisons(argc, argv);
 }

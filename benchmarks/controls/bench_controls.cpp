@@ -104,6 +104,20 @@ QWidget *bareFilterBar(QWidget *parent)
     return field;
 }
 
+// The same with a stock button in it.
+QWidget *shortFilterBar(QWidget *parent)
+{
+    auto *field =
+        styled(new QLineEdit(parent), sheetOf("component.lineedit") + sheetOf("component.filter_bar_padding"));
+    field->setFixedHeight(28);
+    auto *button = styled(new QToolButton(field), sheetOf("component.filter_search_button"));
+    button->setIcon(getGlobalImage("bt_search_dropdown", ImageManager::IMAGE_NORMAL));
+    button->setIconSize(QSize(16, 16));
+    button->setCursor(Qt::ArrowCursor);
+    button->setGeometry(4, 2, 34, 24);
+    return field;
+}
+
 struct Control
 {
     const char *what;
@@ -127,6 +141,8 @@ const Control Controls[] = {
     {"VelaFootbar, first paint", footbar, bareFootbar},
     {"VelaFilterBar, first paint", [](QWidget *parent) -> QWidget * { return new VelaFilterBar(parent); },
      bareFilterBar},
+    {"VelaFilterBar, first paint, shortest floor",
+     [](QWidget *parent) -> QWidget * { return new VelaFilterBar(parent); }, shortFilterBar},
 };
 
 template<typename Menu>

@@ -110,6 +110,32 @@ protected:
     }
 };
 
+// The same with the stretched images kept from paint to paint.
+class KeptFloor : public QWidget
+{
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        const int s = ShadowWidth;
+        const int w = width();
+        const int h = height();
+        const QRect places[] = {{0, 0, s, s},         {w - s, 0, s, s},        {0, h - s, s, s},
+                                {w - s, h - s, s, s}, {0, s, s, h - 2 * s},    {w - s, s, s, h - 2 * s},
+                                {s, 0, w - 2 * s, s}, {s, h - s, w - 2 * s, s}};
+        QPainter painter(this);
+        for (int i = 0; i < 8; ++i) {
+            if (m_images[i].size() != places[i].size()) {
+                m_images[i] = getGlobalImage(ShadowImages[i], ImageManager::IMAGE_NORMAL).scaled(places[i].size());
+            }
+            painter.drawPixmap(places[i].topLeft(), m_images[i]);
+        }
+        painter.fillRect(s, s, w - 2 * s, h - 2 * s, Qt::white);
+    }
+
+private:
+    QPixmap m_images[8];
+};
+
 void repaint(benchmark::State &state, QWidget *widget, const QSize &size)
 {
     widget->resize(size);
@@ -121,6 +147,7 @@ void repaint(benchmark::State &state, QWidget *widget, const QSize &size)
     }
 }
 
+template<typename Floor>
 void compareRepaint(const char *what, const QSize &size)
 {
     compare(
@@ -130,7 +157,7 @@ void compareRepaint(const char *what, const QSize &size)
             repaint(state, &sheet, size);
         },
         [size](benchmark::State &state) {
-            PaintedFloor floor;
+            Floor floor;
             repaint(state, &floor, size);
         });
 }
@@ -162,7 +189,8 @@ int main(int argc, char *argv[])
     compare(
         "Message sheet in its mask", MessageTarget, [](benchmark::State &state) { showMessages(state, showSheet); },
         [](benchmark::State &state) { showMessages(state, showBox); });
-    compareRepaint("Sheet, repaint at 1280 by 800", QSize(1280, 800));
-    compareRepaint("Sheet, repaint at 3840 by 2160", QSize(3840, 2160));
+    compareRepaint<PaintedFloor>("Sheet, repaint at 1280 by 800", QSize(1280, 800));
+    compareRepaint<KeptFloor>("Sheet, repaint at 1280 by 800, floor keeps its images", QSize(1280, 800));
+    compareRepaint<PaintedFloor>("Sheet, repaint at 3840 by 2160", QSize(3840, 2160));
     return runComparisons(argc, argv);
 }

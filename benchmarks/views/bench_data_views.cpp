@@ -34,6 +34,7 @@ constexpr double MovingTarget = 1.05;
 constexpr double JumpTarget = 1.1;
 constexpr double PagingTarget = 1.2;
 constexpr double ShallowPathTarget = 1.3;
+constexpr double RowPathTarget = 1.25;
 constexpr double DeepPathTarget = 1.0;
 
 constexpr int Columns = 50;
@@ -392,6 +393,66 @@ void setUpBarePath(QTableWidget *table)
     table->setFixedHeight(BarHeight);
 }
 
+// The shortest code for such a path: a row of buttons in a scroll area.
+class ButtonRow : public QScrollArea
+{
+public:
+    explicit ButtonRow(QWidget *parent) : QScrollArea(parent), m_row(new QWidget)
+    {
+        setFixedHeight(BarHeight);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setStyleSheet(sheetOf("component.button_path"));
+        setWidgetResizable(true);
+        setWidget(m_row);
+        auto *layout = new QHBoxLayout(m_row);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        layout->setAlignment(Qt::AlignLeft);
+    }
+
+    QWidget *row() const { return m_row; }
+
+    void refresh(int depth)
+    {
+        qDeleteAll(m_row->findChildren<QPushButton *>());
+        for (int i = 0; i < depth; ++i) {
+            if (i > 0) {
+                auto *arrow = new QPushButton(m_row);
+                arrow->setIcon(getGlobalImage("bt_next", ImageManager::IMAGE_NORMAL));
+                add(arrow, "component.button_path_arrow");
+                arrow->setFixedSize(6, BarHeight);
+            }
+            auto *button = new QPushButton(QStringLiteral("folder %1").arg(i), m_row);
+            add(button, "component.button_path_name_button");
+            button->setFixedHeight(BarHeight - 2);
+        }
+        m_row->layout()->activate();
+        horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
+    }
+
+private:
+    void add(QPushButton *button, const char *styleKey)
+    {
+        button->setFlat(true);
+        button->setStyleSheet(sheetOf(styleKey));
+        m_row->layout()->addWidget(button);
+    }
+
+    QWidget *const m_row;
+};
+
+// What of a path is painted when it is.
+QWidget *paintedPart(QTableWidget *path)
+{
+    return path->viewport();
+}
+
+QWidget *paintedPart(ButtonRow *path)
+{
+    return path->row();
+}
+
 // From nothing to the first paint.
 template<typename Path, typename Fill>
 void constructPaths(benchmark::State &state, Fill fill)
@@ -404,7 +465,7 @@ void constructPaths(benchmark::State &state, Fill fill)
         Q_UNUSED(iteration)
         auto *path = new Path(&window);
         fill(path, true);
-        const PaintWatcher watcher(path->viewport());
+        const PaintWatcher watcher(paintedPart(path));
         path->show();
         watcher.waitForPaint();
 
@@ -452,6 +513,22 @@ void comparePaths(int depth, double target)
         [fillBare](benchmark::State &state) { refreshPaths<QTableWidget>(state, fillBare); });
 }
 
+void comparePathsToRows(int depth)
+{
+    const QString path = pathOf(depth);
+    const auto fill = [path](VelaButtonPath *bar, bool) { bar->refresh(path); };
+    const auto fillRow = [depth](ButtonRow *row, bool) { row->refresh(depth); };
+    const std::string name = "VelaButtonPath, depth " + std::to_string(depth);
+    compare(
+        name + ", first paint, floor a row", RowPathTarget,
+        [fill](benchmark::State &state) { constructPaths<VelaButtonPath>(state, fill); },
+        [fillRow](benchmark::State &state) { constructPaths<ButtonRow>(state, fillRow); });
+    compare(
+        name + ", refresh, floor a row", RowPathTarget,
+        [fill](benchmark::State &state) { refreshPaths<VelaButtonPath>(state, fill); },
+        [fillRow](benchmark::State &state) { refreshPaths<ButtonRow>(state, fillRow); });
+}
+
 // Whether the time grows with the depth and no faster: twice the path against the path twice.
 void compareGrowth(int depth)
 {
@@ -484,7 +561,7 @@ QByteArray sheets()
         + headed("component.icon_button", buttonSheet("QToolButton"))
         + headed("component.select_paging_button", buttonSheet("QPushButton"))
         + headed("component.nonselect_paging_button", buttonSheet("QPushButton"))
-        + headed("component.button_path", "QTableWidget { border: 1px solid #c8d2dc }")
+        + headed("component.button_path", "QTableWidget, QScrollArea { border: 1px solid #c8d2dc }")
         + headed("component.button_path_arrow", "QPushButton { border: none }")
         + headed("component.button_path_name_button", buttonSheet("QPushButton"))
         + headed("component.button_path_change_folder_btn", "QToolButton { border: none }")
@@ -534,6 +611,7 @@ int main(int argc, char *argv[])
         [](benchmark::State &state) { turnPages(state, 2000000000); },
         [](benchmark::State &state) { turnPages(state, 1000); });
     comparePaths(8, ShallowPathTarget);
+    comparePathsToRows(8);
     comparePaths(200, DeepPathTarget);
     compareGrowth(2000);
     return runComparisons(argc, argv);
