@@ -65,7 +65,9 @@ void addFootbars(GalleryPage *page)
                      QStringLiteral("The bottom of a dialog, and one with other margins and spacing."));
 
     auto *dialog = new VelaFootbar;
-    dialog->pushLeftWidget(new VelaIconButton(QStringLiteral("bt_help")));
+    auto *help = new VelaIconButton(QStringLiteral("bt_help"));
+    help->setToolTip(QStringLiteral("Help"));
+    dialog->pushLeftWidget(help);
     dialog->pushRightWidget(createButton(page, QStringLiteral("Apply"), VelaButton::ApplyButton));
     dialog->pushRightWidget(createButton(page, QStringLiteral("Cancel"), VelaButton::CancelButton));
     dialog->init();

@@ -6,6 +6,7 @@
 #include "chrome.h"
 #include "scale/scaled.h"
 
+#include <QAbstractButton>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -84,6 +85,18 @@ QHBoxLayout *createRow(const QList<QWidget *> &widgets)
     return layout;
 }
 
+// What shows no text of its own is named by the caption in front of it.
+void nameBy(const QString &caption, const QList<QWidget *> &widgets)
+{
+    for (QWidget *widget : widgets) {
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const bool hasText = !widget || (button && !button->text().isEmpty()) || qobject_cast<const QLabel *>(widget);
+        if (!hasText && widget->accessibleName().isEmpty()) {
+            widget->setAccessibleName(caption);
+        }
+    }
+}
+
 } // namespace
 
 GalleryPage::GalleryPage(const QString &title, const QString &introduction) : m_sections(createColumn(SectionSpacing))
@@ -133,6 +146,7 @@ void GalleryPage::addSection(const QString &title, const QString &description, c
 
 void GalleryPage::addExample(const QString &caption, const QString &detail, const QList<QWidget *> &widgets)
 {
+    nameBy(caption, widgets);
     const int row = m_examples->rowCount();
     m_examples->addLayout(createCaptions(caption, detail), row, 0);
     if (!m_hasColumns) {

@@ -149,6 +149,7 @@ void GalleryWindow::setCurrentPage(int index)
         GalleryPage *page = entry.create(entry.title);
         connect(page, &GalleryPage::logged, m_log, &LogView::addSignal);
         area->setWidget(page);
+        area->setAccessibleName(entry.title);
     }
     m_pages->setCurrentIndex(index);
     setWindowTitle(currentPage()->accessibleName() + QStringLiteral(" \u2013 Vela Gallery"));

@@ -3,7 +3,10 @@
 
 #include "accessible/button_p.h"
 
+#include "accessible/around_p.h"
+#include "accessible/navigation_p.h"
 #include "accessible/plain-text_p.h"
+#include "component/paging/vela-paging-bar.h"
 #include "component/vela-button-path.h"
 #include "component/vela-filter-bar.h"
 #include "look/look_p.h"
@@ -138,11 +141,15 @@ QString IconButton::name() const
     return qobject_cast<VelaButtonPath *>(button()->parentWidget()) ? Look::spoken(SpokenText::PathMenu) : QString();
 }
 
-// Not what is the name already.
+// Not what is the name already. Who turns the page has to hear where that leads.
 QString IconButton::description() const
 {
     const QString toolTip = button()->toolTip();
-    return toolTip == text(QAccessible::Name) ? QString() : toolTip;
+    if (!toolTip.isEmpty() && toolTip != text(QAccessible::Name)) {
+        return toolTip;
+    }
+    const auto *bar = around<VelaPagingBar>(button());
+    return bar ? placeIn(bar) : QString();
 }
 
 } // namespace Vela::Accessible

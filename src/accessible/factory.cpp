@@ -15,6 +15,7 @@
 #include "component/vela-button-path.h"
 #include "component/vela-button.h"
 #include "component/vela-calendar-view.h"
+#include "component/vela-combo-box.h"
 #include "component/vela-countdown-msg-box.h"
 #include "component/vela-filter-bar.h"
 #include "component/vela-input-sheet.h"
@@ -66,6 +67,9 @@ QAccessibleInterface *createField(QWidget *widget)
     auto *field = static_cast<QLineEdit *>(widget);
     if (qobject_cast<VelaLineEdit *>(widget->parentWidget())) {
         return new CompoundField(field);
+    }
+    if (qobject_cast<VelaComboBox *>(widget->parentWidget())) {
+        return new ComboField(field);
     }
     return qobject_cast<VelaInputSheet *>(widget->parentWidget()) ? new PromptedField(field) : nullptr;
 }

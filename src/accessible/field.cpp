@@ -233,6 +233,12 @@ QString PromptedField::name() const
     return plain(static_cast<const VelaInputSheet *>(widget()->parentWidget())->text());
 }
 
+QString ComboField::name() const
+{
+    const QWidget *combo = widget()->parentWidget();
+    return firstOf({combo->accessibleName(), buddyText(combo)});
+}
+
 // A placeholder says more.
 QString FilterField::name() const
 {

@@ -67,6 +67,16 @@ protected:
     QString name() const override;
 };
 
+/// Field of a VelaComboBox that can be edited: named as that is.
+class ComboField : public Field
+{
+public:
+    using Field::Field;
+
+protected:
+    QString name() const override;
+};
+
 /// A VelaFilterBar.
 class FilterField : public Field
 {

@@ -13,9 +13,7 @@
 
 namespace Vela::Accessible {
 
-namespace {
-
-// Which page is shown; page numbers are written as the bar writes them.
+// Page numbers are written as the bar writes them.
 QString placeIn(const VelaPagingBar *bar)
 {
     const VelaPagingModel *model = bar->model();
@@ -23,8 +21,6 @@ QString placeIn(const VelaPagingBar *bar)
         ? Look::spoken(SpokenText::PageOf, QString::number(model->nowPage()), QString::number(model->pageCount()))
         : QString();
 }
-
-} // namespace
 
 // ---- PagingBar
 
@@ -74,7 +70,10 @@ QString PageButton::name() const
 
 QString PageButton::description() const
 {
-    return isCurrent() ? Look::spoken(SpokenText::Current) : Button::description();
+    if (isCurrent()) {
+        return Look::spoken(SpokenText::Current);
+    }
+    return bar() && Button::description().isEmpty() ? placeIn(bar()) : Button::description();
 }
 
 QAccessible::State PageButton::state() const

@@ -11,6 +11,9 @@ class VelaPagingBar;
 
 namespace Vela::Accessible {
 
+/// Which page of how many @p bar shows.
+QString placeIn(const VelaPagingBar *bar);
+
 /// A VelaPagingBar: tells which page of how many is shown.
 class PagingBar : public QAccessibleWidget
 {

@@ -326,6 +326,9 @@ void VelaPagingBar::setPage(int page)
     d->navigationButtons[BackFive]->setEnabled(page != 1);
     d->model->setNowPage(page);
     tellScreenReaders(this, QAccessible::DescriptionChanged);
+    if (QWidget *focused = focusWidget(); focused && focused != this) {
+        tellScreenReaders(focused, QAccessible::DescriptionChanged);
+    }
 }
 
 void VelaPagingBar::reset()

@@ -19,11 +19,14 @@
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolButton>
 #include <QtTest>
 
 #include <private/qguiapplication_p.h>
 #include <qpa/qplatformaccessibility.h>
 #include <qpa/qplatformintegration.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -87,6 +90,7 @@ private Q_SLOTS:
     void aCountdownIsAnnouncedAtItsStartAtTenAndAtItsEnd();
     void anErrorIsTold();
     void anotherPageIsTold();
+    void anotherPageIsToldWhereTheFocusIs();
     void theCurrentRowOfATreeIsTold();
     void theCurrentCellOfATableIsTold();
     void theCurrentDayIsTold();
@@ -212,6 +216,26 @@ void AccessibleEventsTest::anotherPageIsTold()
     bar.setPage(7);
     QCOMPARE(listener.linesOf("DescriptionChanged"),
              QStringList {QStringLiteral("DescriptionChanged Pages, Page 7 of 100")});
+}
+
+void AccessibleEventsTest::anotherPageIsToldWhereTheFocusIs()
+{
+    VelaPagingModel model(10);
+    VelaPagingBar bar(&model);
+    bar.setItemCount(1000);
+    bar.show();
+    QVERIFY(QTest::qWaitForWindowActive(&bar));
+    const auto buttons = bar.findChildren<QToolButton *>();
+    const auto next = std::find_if(buttons.begin(), buttons.end(), [](const QToolButton *button) {
+        return button->toolTip() == QLatin1String("Next 5 pages");
+    });
+    (*next)->setFocus();
+    const Listener listener;
+    bar.next_5_page();
+    const QStringList lines = listener.linesOf("DescriptionChanged");
+    const QStringList expected {QStringLiteral("DescriptionChanged Pages, Page 6 of 100"),
+                                QStringLiteral("DescriptionChanged Next 5 pages, Page 6 of 100")};
+    QCOMPARE(lines, expected);
 }
 
 void AccessibleEventsTest::theCurrentRowOfATreeIsTold()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "accessible/accessible.h"
+#include "component/vela-combo-box.h"
 #include "component/vela-filter-bar.h"
 #include "component/vela-input-sheet.h"
 #include "component/vela-line-edit.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void aCompoundFieldHandsTheFocusOn();
     void aFieldThatLooksWrongSaysSo();
     void thePromptNamesTheFieldOfAnInputSheet();
+    void aComboBoxNamesItsField();
     void aFilterBarHasAName();
     void aPlaceholderIsTheNameOfAFilterBar();
 
@@ -90,6 +92,19 @@ void AccessibleFieldsTest::thePromptNamesTheFieldOfAnInputSheet()
     sheet.setText(QStringLiteral("Another name"));
     QCOMPARE(nameOf(sheet.getLineEdit()), QStringLiteral("Another name"));
     QCOMPARE(sheet.getLineEdit()->accessibleName(), QString());
+}
+
+void AccessibleFieldsTest::aComboBoxNamesItsField()
+{
+    QWidget window;
+    auto *combo = new VelaComboBox(&window);
+    combo->setEditable(true);
+    QCOMPARE(nameOf(combo->lineEdit()), QString());
+    auto *label = new QLabel(QStringLiteral("&Size"), &window);
+    label->setBuddy(combo);
+    QCOMPARE(nameOf(combo->lineEdit()), QStringLiteral("Size"));
+    combo->setAccessibleName(QStringLiteral("Width"));
+    QCOMPARE(nameOf(combo->lineEdit()), QStringLiteral("Width"));
 }
 
 void AccessibleFieldsTest::aFilterBarHasAName()

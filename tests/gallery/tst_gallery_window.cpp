@@ -8,6 +8,7 @@
 #include "pages.h"
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
+#include "utils/unnamed-controls.h"
 #include "warning-log.h"
 
 #include <QAbstractButton>
@@ -38,6 +39,8 @@ private Q_SLOTS:
 
     void everyPageOpens_data();
     void everyPageOpens();
+    void nothingOnAPageIsWithoutAName_data() { everyPageOpens_data(); }
+    void nothingOnAPageIsWithoutAName();
     void aPageIsMadeOnce();
     void aPageThatThereIsNotChangesNothing();
     void signalsAreListedWithTheirArguments();
@@ -111,6 +114,15 @@ void GalleryWindowTest::everyPageOpens()
     QVERIFY(m_window->currentPage()->isVisible());
     QCOMPARE(m_window->windowTitle(), QString(title + QStringLiteral(" \u2013 Vela Gallery")));
     QCOMPARE(log.takeTexts(), QStringList());
+}
+
+// For those who hear the page.
+void GalleryWindowTest::nothingOnAPageIsWithoutAName()
+{
+    QFETCH(QString, name);
+    m_window->showPage(name);
+    m_window->show();
+    QCOMPARE(unnamedControls(m_window.data()).join(QLatin1Char('\n')), QString());
 }
 
 void GalleryWindowTest::aPageIsMadeOnce()
