@@ -10,9 +10,6 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QPixmapCache>
-
-#include <map>
 
 using namespace Vela;
 
@@ -80,42 +77,8 @@ QRect rectangleOf(const ShadowPiece &piece, const QSize &size, int shadowWidth)
 class VelaSheetPrivate
 {
 public:
-    ~VelaSheetPrivate();
-
-    QPixmap stretched(Image name, const QPixmap &image, const QSize &size);
-
     const int shadowWidth = scaled(ShadowWidth); // pixels
-
-private:
-    struct Edge
-    {
-        qint64 imageKey = 0;
-        QPixmapCache::Key stretchedKey;
-    };
-
-    std::map<Image, Edge> edges;
 };
-
-VelaSheetPrivate::~VelaSheetPrivate()
-{
-    for (const auto &edge : edges) {
-        QPixmapCache::remove(edge.second.stretchedKey);
-    }
-}
-
-// Stretching an edge takes longer than drawing it, so that the toolkit's cache keeps it for the next paint.
-QPixmap VelaSheetPrivate::stretched(Image name, const QPixmap &image, const QSize &size)
-{
-    Edge &edge = edges[name];
-    QPixmap result;
-    const bool isKept = edge.imageKey == image.cacheKey() && QPixmapCache::find(edge.stretchedKey, &result);
-    if (!isKept || result.size() != size) {
-        result = image.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-        QPixmapCache::remove(edge.stretchedKey);
-        edge = {image.cacheKey(), QPixmapCache::insert(result)};
-    }
-    return result;
-}
 
 VelaSheet::VelaSheet(QWidget *parent) : QFrame(parent), d(std::make_unique<VelaSheetPrivate>())
 {
@@ -164,7 +127,7 @@ void VelaSheet::drawShadow(QPainter &painter)
         const QRect place = rectangleOf(piece, size(), d->shadowWidth);
         if (isEdge(piece) && !image.isNull()) {
             // On a sheet that is smaller than its shadow this gives a null pixmap, of which nothing is drawn.
-            image = d->stretched(piece.image, image, place.size());
+            image = image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
         }
         painter.drawPixmap(place, image);
     }
