@@ -47,7 +47,7 @@ public:
     bool isKnown() const { return kind >= 0 && kind < KindCount; }
     Style style() const { return KindStyles[kind]; }
 
-    const int kind;
+    int kind;
 };
 
 VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate {kind})
@@ -60,7 +60,23 @@ VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate 
     }
 }
 
+VelaButton::VelaButton(QWidget *parent) : VelaButton(QString())
+{
+    setParent(parent);
+}
+
 VelaButton::~VelaButton() = default;
+
+VelaButton::Kind VelaButton::kind() const
+{
+    return static_cast<Kind>(d->kind);
+}
+
+void VelaButton::setKind(Kind kind)
+{
+    d->kind = kind;
+    setStyleSheet(d->isKnown() ? Look::sheet(d->style()) : QString());
+}
 
 void VelaButton::customEvent(QEvent *event)
 {
@@ -133,7 +149,22 @@ VelaIconButton::VelaIconButton(const QPixmap &pixmap) : d(std::make_unique<VelaI
     initialize();
 }
 
+VelaIconButton::VelaIconButton(QWidget *parent) : QToolButton(parent), d(std::make_unique<VelaIconButtonPrivate>(this))
+{
+    initialize();
+}
+
 VelaIconButton::~VelaIconButton() = default;
+
+QString VelaIconButton::imageName() const
+{
+    return d->imageName;
+}
+
+void VelaIconButton::setImageName(const QString &imageName)
+{
+    setAllIcon(imageName);
+}
 
 void VelaIconButton::setAllIcon(const QString &imageName)
 {

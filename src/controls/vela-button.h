@@ -17,6 +17,8 @@ class VelaIconButtonPrivate;
 class VELA_EXPORT VelaButton : public QPushButton
 {
     Q_OBJECT
+    /// What the button is for, see setKind().
+    Q_PROPERTY(Kind kind READ kind WRITE setKind)
 
 public:
     /// What a button is for; each has a style key.
@@ -33,7 +35,14 @@ public:
     /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none
     /// of the above leaves it without a style sheet.
     explicit VelaButton(const QString &text, int kind = DefaultButton);
+    /// A button of the default kind without a text, as forms make it.
+    explicit VelaButton(QWidget *parent);
     ~VelaButton() override;
+
+    /// What it was made as, or setKind() made of it.
+    Kind kind() const;
+    /// Gives the button the style sheet of @p kind in place of the one that it has.
+    void setKind(Kind kind);
 
 protected:
     void customEvent(QEvent *event) override;
@@ -50,13 +59,22 @@ private:
 class VELA_EXPORT VelaIconButton : public QToolButton
 {
     Q_OBJECT
+    /// The name of its four images, see setAllIcon().
+    Q_PROPERTY(QString imageName READ imageName WRITE setImageName)
 
 public:
     /// A button with the four images of @p imageName, see setAllIcon(); without a parent.
     explicit VelaIconButton(const QString &imageName);
     /// A button that shows @p pixmap in every state, see setDefaultIcon(); without a parent.
     explicit VelaIconButton(const QPixmap &pixmap);
+    /// A button without an image, as forms make it.
+    explicit VelaIconButton(QWidget *parent);
     ~VelaIconButton() override;
+
+    /// The name that setAllIcon() was given last; empty before, and after setDefaultIcon().
+    QString imageName() const;
+    /// The same as setAllIcon().
+    void setImageName(const QString &imageName);
 
     /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the
     /// icons' size; shows the normal one at once, on a disabled button too. An unknown name gives empty icons of size 0

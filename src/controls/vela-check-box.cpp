@@ -17,6 +17,8 @@ VelaCheckBox::VelaCheckBox(const QString &text, QWidget *parent) : QCheckBox(tex
     setStyleSheet(Look::sheet(Style::CheckBox));
 }
 
+VelaCheckBox::VelaCheckBox(QWidget *parent) : VelaCheckBox(QString(), parent) { }
+
 VelaCheckBox::~VelaCheckBox() = default;
 
 void VelaCheckBox::customEvent(QEvent *event)
@@ -35,6 +37,8 @@ VelaRadioButton::VelaRadioButton(const QString &text, QWidget *parent) : QRadioB
 {
     setStyleSheet(Look::sheet(Style::RadioButton));
 }
+
+VelaRadioButton::VelaRadioButton(QWidget *parent) : VelaRadioButton(QString(), parent) { }
 
 VelaRadioButton::~VelaRadioButton() = default;
 

@@ -59,6 +59,8 @@ VelaDateSelector::VelaDateSelector(QString emptyText, QWidget *parent) :
     setStyleSheet(sheet + Look::sheet(Style::Menu));
 }
 
+VelaDateSelector::VelaDateSelector(QWidget *parent) : VelaDateSelector(QString(), parent) { }
+
 VelaDateSelector::~VelaDateSelector() = default;
 
 void VelaDateSelector::customEvent(QEvent *event)

@@ -26,6 +26,8 @@ class VELA_EXPORT VelaDateSelector : public QComboBox
 public:
     /// A selector without a date; @p emptyText says so.
     explicit VelaDateSelector(QString emptyText, QWidget *parent = nullptr);
+    /// A selector without a date, which says nothing of it, as forms make it.
+    explicit VelaDateSelector(QWidget *parent);
     ~VelaDateSelector() override;
 
     /// The chosen date; a null one while none is chosen.
