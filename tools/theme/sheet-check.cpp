@@ -225,19 +225,37 @@ private:
 
     void checkRefusal(const QByteArray &body, const SheetSyntax &syntax)
     {
-        if (!syntax.isSound() || !m_areDeclarationsSound || Vela::isUnderstood(QString::fromUtf8(body))) {
+        if (!syntax.isSound() || !m_areDeclarationsSound) {
             return;
         }
-        // The first of the rules up to which the toolkit refuses all.
+        // The text from one rule on, up to the end of the one before another.
+        const QVector<SheetRule> &rules = syntax.rules;
+        const auto isGood = [&](int from, int to) {
+            const int begin = from == 0 ? 0 : rules.at(from - 1).end;
+            const int end = to == 0 ? begin : rules.at(to - 1).end;
+            return Vela::isUnderstood(QString::fromUtf8(body.mid(begin, end - begin)));
+        };
+        // In parts, since the toolkit takes the square of the time for much that it skips.
+        constexpr int PartSize = 16384;
         int good = 0;
-        int bad = syntax.rules.size();
+        int bad = -1;
+        while (good < rules.size() && bad < 0) {
+            int last = good + 1;
+            while (last < rules.size() && rules.at(last).end - rules.at(good).begin < PartSize) {
+                ++last;
+            }
+            (isGood(good, last) ? good : bad) = last;
+        }
+        const int begin = good;
         while (bad - good > 1) {
             const int middle = (good + bad) / 2;
-            (Vela::isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(middle - 1).end))) ? good : bad) = middle;
+            (isGood(begin, middle) ? good : bad) = middle;
         }
-        const bool isInRule =
-            bad > 0 && !Vela::isUnderstood(QString::fromUtf8(body.left(syntax.rules.at(bad - 1).end)));
-        int position = isInRule ? syntax.rules.at(bad - 1).begin : syntax.rules.isEmpty() ? 0 : syntax.rules.last().end;
+        const int rest = rules.isEmpty() ? 0 : rules.last().end;
+        if (bad < 0 && Vela::isUnderstood(QString::fromUtf8(body.mid(rules.isEmpty() ? 0 : rules.last().begin)))) {
+            return;
+        }
+        int position = bad < 0 ? rest : rules.at(bad - 1).begin;
         while (position < body.size() - 1 && isspace(static_cast<unsigned char>(body.at(position)))) {
             ++position;
         }

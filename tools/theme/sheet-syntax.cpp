@@ -45,12 +45,13 @@ private:
             const char character = m_body.at(i);
             if (character == '"' || character == '\'') {
                 const int close = m_body.indexOf(character, i + 1);
-                const int lineBreak = m_body.indexOf('\n', i);
-                if (close < 0 || (lineBreak >= 0 && lineBreak < close)) {
-                    if (!m_syntax.unclosedQuotes.contains(i)) {
+                const auto end = m_body.cbegin() + (close < 0 ? m_body.size() : close);
+                const auto lineBreak = std::find(m_body.cbegin() + i, end, '\n');
+                if (close < 0 || lineBreak != end) {
+                    if (m_syntax.unclosedQuotes.isEmpty() || m_syntax.unclosedQuotes.last() < i) {
                         m_syntax.unclosedQuotes.append(i);
                     }
-                    i = lineBreak < 0 ? m_body.size() : lineBreak;
+                    i = static_cast<int>(lineBreak - m_body.cbegin());
                 } else {
                     i = close;
                 }

@@ -195,19 +195,16 @@ QByteArray SheetText::mended(int file)
 
 void SheetText::mendControlCharacters(int file, QByteArray &text)
 {
-    bool isTold = false;
-    for (int i = 0; i < text.size(); ++i) {
-        const char character = text.at(i);
-        if (character >= 0 && character < ' ' && character != '\n' && character != '\t' && character != '\f') {
-            if (!isTold) {
-                m_findings->add("control-character", m_names.at(file), lineNumber(text, i),
-                                QStringLiteral("the control character %1").arg(int(character)));
-            }
-            isTold = true;
-            text.remove(i, 1);
-            --i;
-        }
+    const auto isControl = [](char character) {
+        return character >= 0 && character < ' ' && character != '\n' && character != '\t' && character != '\f';
+    };
+    const auto first = std::find_if(text.cbegin(), text.cend(), isControl);
+    if (first == text.cend()) {
+        return;
     }
+    m_findings->add("control-character", m_names.at(file), lineNumber(text, static_cast<int>(first - text.cbegin())),
+                    QStringLiteral("the control character %1").arg(int(*first)));
+    text.resize(static_cast<int>(std::remove_if(text.begin(), text.end(), isControl) - text.begin()));
 }
 
 void SheetText::mendBlockComments(int file, QByteArray &text)
