@@ -47,7 +47,7 @@ public:
     bool isKnown() const { return kind >= 0 && kind < KindCount; }
     Style style() const { return KindStyles[kind]; }
 
-    int kind;
+    const int kind;
 };
 
 VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate {kind})
@@ -66,17 +66,6 @@ VelaButton::VelaButton(QWidget *parent) : VelaButton(QString())
 }
 
 VelaButton::~VelaButton() = default;
-
-VelaButton::Kind VelaButton::kind() const
-{
-    return static_cast<Kind>(d->kind);
-}
-
-void VelaButton::setKind(Kind kind)
-{
-    d->kind = kind;
-    setStyleSheet(d->isKnown() ? Look::sheet(d->style()) : QString());
-}
 
 void VelaButton::customEvent(QEvent *event)
 {
@@ -155,16 +144,6 @@ VelaIconButton::VelaIconButton(QWidget *parent) : QToolButton(parent), d(std::ma
 }
 
 VelaIconButton::~VelaIconButton() = default;
-
-QString VelaIconButton::imageName() const
-{
-    return d->imageName;
-}
-
-void VelaIconButton::setImageName(const QString &imageName)
-{
-    setAllIcon(imageName);
-}
 
 void VelaIconButton::setAllIcon(const QString &imageName)
 {

@@ -17,8 +17,6 @@ class VelaIconButtonPrivate;
 class VELA_EXPORT VelaButton : public QPushButton
 {
     Q_OBJECT
-    /// What the button is for, see setKind().
-    Q_PROPERTY(Kind kind READ kind WRITE setKind)
 
 public:
     /// What a button is for; each has a style key.
@@ -39,11 +37,6 @@ public:
     explicit VelaButton(QWidget *parent);
     ~VelaButton() override;
 
-    /// What it was made as, or setKind() made of it.
-    Kind kind() const;
-    /// Gives the button the style sheet of @p kind in place of the one that it has.
-    void setKind(Kind kind);
-
 protected:
     void customEvent(QEvent *event) override;
 
@@ -59,8 +52,6 @@ private:
 class VELA_EXPORT VelaIconButton : public QToolButton
 {
     Q_OBJECT
-    /// The name of its four images, see setAllIcon().
-    Q_PROPERTY(QString imageName READ imageName WRITE setImageName)
 
 public:
     /// A button with the four images of @p imageName, see setAllIcon(); without a parent.
@@ -70,11 +61,6 @@ public:
     /// A button without an image, as forms make it.
     explicit VelaIconButton(QWidget *parent);
     ~VelaIconButton() override;
-
-    /// The name that setAllIcon() was given last; empty before, and after setDefaultIcon().
-    QString imageName() const;
-    /// The same as setAllIcon().
-    void setImageName(const QString &imageName);
 
     /// Takes the four images of @p imageName from getGlobalImage(), and the logical size of the normal one as the
     /// icons' size; shows the normal one at once, on a disabled button too. An unknown name gives empty icons of size 0

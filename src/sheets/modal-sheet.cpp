@@ -48,7 +48,7 @@ void ModalSheet::setUpButton(QMessageBox::StandardButton which, Style style, con
 void ModalSheet::renew(const LookChange &change, Style style, Text okCaption)
 {
     const QMargins shadow = m_sheet->contentsMargins(); // which a frame loses when it is styled
-    const QFontMetrics formerMetrics = textLabel->fontMetrics();
+    const QFont formerFont = textLabel->font();
     change.restyle(m_sheet, style);
     m_sheet->setContentsMargins(shadow);
     renewContent(change);
@@ -60,7 +60,7 @@ void ModalSheet::renew(const LookChange &change, Style style, Text okCaption)
         change.restyle(cancel, Style::CancelButton);
         change.renewText(cancel, Text::Cancel);
     }
-    if (textLabel->fontMetrics() != formerMetrics) {
+    if (textLabel->font() != formerFont) {
         setupLayout();
     }
 }

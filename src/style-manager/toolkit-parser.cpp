@@ -18,7 +18,8 @@ public:
     {
         thread = QThread::currentThread();
         isRefused = false;
-        passOn = qInstallMessageHandler(listen);
+        passOn = qInstallMessageHandler(nullptr); // known before it is asked for, by other threads perhaps
+        qInstallMessageHandler(listen);
     }
     ~RefusalListener() { qInstallMessageHandler(passOn); }
     Q_DISABLE_COPY_MOVE(RefusalListener)

@@ -120,6 +120,34 @@ std::optional<ThemeFolder::JsonFile> ThemeFolder::readJson(const QString &file)
     return JsonFile {*bytes, document.object()};
 }
 
+QString ThemeFolder::imagePath(const QString &name) const
+{
+    return imageFolder() + QLatin1Char('/') + name + QLatin1String(".png");
+}
+
+// Whether the file, if it is there, is a whole PNG; not what it shows, which would take as long as to load it.
+void ThemeFolder::checkImage(const QString &file)
+{
+    constexpr int TrailerSize = 64; // the chunk that ends it, and what some programs add
+    const QFileInfo info(file);
+    if (!info.exists()) {
+        return;
+    }
+    if (!info.isFile()) { // what would never end to be read, perhaps
+        add(Problem::Error, file, 0, QStringLiteral("This is no file"));
+        return;
+    }
+    QFile device(file);
+    const bool isOpen = device.open(QIODevice::ReadOnly);
+    const bool isPng = isOpen && device.read(8) == QByteArray("\x89PNG\r\n\x1A\n", 8);
+    const bool isWhole =
+        isPng && device.seek(qMax(qint64(0), device.size() - TrailerSize)) && device.read(TrailerSize).contains("IEND");
+    if (!isWhole) {
+        add(Problem::Warning, file, 0,
+            isPng ? QStringLiteral("The image is cut off") : QStringLiteral("This is no PNG"));
+    }
+}
+
 // The library takes a catalogue that it cannot read for an empty one, without a word.
 void ThemeFolder::readCatalogue()
 {
@@ -129,9 +157,12 @@ void ThemeFolder::readCatalogue()
         return;
     }
     const auto check = [this, &file, &catalogue](const QString &name) {
-        if (!QFileInfo(imageFolder() + QLatin1Char('/') + name + QLatin1String(".png")).isFile()) {
+        if (!QFileInfo(imagePath(name)).isFile()) {
             add(Problem::Warning, file, lineOfName(catalogue->bytes, name),
                 QStringLiteral("There is no image \"%1.png\"").arg(name));
+        }
+        for (const char *suffix : {"", "_hover", "_click", "_disable"}) {
+            checkImage(imagePath(name + QLatin1String(suffix)));
         }
     };
     m_copies.emplace();

@@ -53,6 +53,8 @@ private:
     std::optional<QByteArray> readFile(const QString &file);
     std::optional<JsonFile> readJson(const QString &file);
     void addTexts(const QString &language);
+    QString imagePath(const QString &name) const;
+    void checkImage(const QString &file);
     void readCatalogue();
     void readSheets();
     void checkSections(const SheetFile &file);

@@ -49,7 +49,8 @@ public:
             return false;
         }
         const QObject *owner = watched->parent();
-        return qobject_cast<const VelaSheet *>(owner) || qobject_cast<const QMessageBox *>(owner);
+        const auto *box = qobject_cast<const QMessageBox *>(owner);
+        return qobject_cast<const VelaSheet *>(owner) || (box && !box->styleSheet().isEmpty());
     }
 };
 
@@ -99,6 +100,9 @@ void tellLanguage()
 class VelaThemePrivate
 {
 public:
+    VelaTheme::Problems load(const QString &newFolder, const QString &newLanguage, const QString &newFallbackLanguage,
+                             ImageManager::InitializeType newImageLoading);
+    VelaTheme::Problems setLanguage(const QString &newLanguage);
     void apply(const ThemeLook &look);
     static void follow(const LookChange &change, bool isOtherLanguage);
     VelaTheme::Problems refuse(const QString &reason) const;
@@ -155,6 +159,73 @@ VelaTheme::Problems VelaThemePrivate::refuse(const QString &reason) const
     return {{VelaTheme::Problem::Error, folder, 0, reason}};
 }
 
+VelaTheme::Problems VelaThemePrivate::load(const QString &newFolder, const QString &newLanguage,
+                                           const QString &newFallbackLanguage,
+                                           ImageManager::InitializeType newImageLoading)
+{
+    if (isChanging || newFolder.isEmpty()) {
+        return refuse(isChanging ? QStringLiteral("The theme is being changed already")
+                                 : QStringLiteral("There is no name of a theme's folder"));
+    }
+    const QScopedValueRollback<bool> changing(isChanging, true);
+    const QString absoluteFolder = QDir(newFolder).absolutePath();
+    const QString userData = userDataFolder();
+    const QString folderOfCopies = userData + QLatin1String("/tmp_images");
+    ThemeFolder theme(absoluteFolder, folderOfCopies);
+    theme.read(newLanguage, newFallbackLanguage);
+    VelaTheme::Problems problems = theme.problems();
+    if (VelaTheme::hasErrors(problems)) {
+        return problems;
+    }
+
+    const BusyCursor busy;
+    const LookTables former = LookTables::installed();
+    LookTables now = former;
+    now.paths[ResourcePath] = absoluteFolder;
+    now.paths[UserDataPath] = userData;
+    now.texts = theme.texts();
+    now.sections = theme.sections();
+    now.images.clear();
+    now.colors = theme.look().colors();
+    now.install();
+    ImageManager::getInstance()->initialize(newImageLoading);
+    if (!QFileInfo(folderOfCopies).isWritable()) {
+        problems.append({VelaTheme::Problem::Warning, folderOfCopies, 0,
+                         QStringLiteral("Cannot be written to: scaled images of style sheets are missing")});
+    }
+    QPixmapCache::clear(); // of files that have the same names as former ones
+    apply(theme.look());
+
+    folder = absoluteFolder;
+    language = newLanguage;
+    fallbackLanguage = newFallbackLanguage;
+    imageLoading = newImageLoading;
+    follow(LookChange(LookChange::Everything, former, LookTables::installed()), former.texts != theme.texts());
+    return problems;
+}
+
+VelaTheme::Problems VelaThemePrivate::setLanguage(const QString &newLanguage)
+{
+    if (isChanging || folder.isEmpty()) {
+        return refuse(isChanging ? QStringLiteral("The theme is being changed already")
+                                 : QStringLiteral("No theme has been loaded"));
+    }
+    const QScopedValueRollback<bool> changing(isChanging, true);
+    ThemeFolder theme(folder, QString());
+    theme.readTexts(newLanguage, fallbackLanguage);
+    if (VelaTheme::hasErrors(theme.problems())) {
+        return theme.problems();
+    }
+    const BusyCursor busy;
+    const LookTables former = LookTables::installed();
+    LookTables now = former;
+    now.texts = theme.texts();
+    now.install();
+    language = newLanguage;
+    follow(LookChange(LookChange::Texts, former, now), true);
+    return theme.problems();
+}
+
 QString VelaTheme::Problem::toString() const
 {
     const QString place = line > 0 ? file + QLatin1Char(':') + QString::number(line) : file;
@@ -174,44 +245,10 @@ VelaTheme::~VelaTheme() = default;
 VelaTheme::Problems VelaTheme::load(const QString &folder, const QString &language, const QString &fallbackLanguage,
                                     ImageManager::InitializeType imageLoading)
 {
-    if (d->isChanging) {
-        return d->refuse(QStringLiteral("The theme is being changed already"));
+    const Problems problems = d->load(folder, language, fallbackLanguage, imageLoading);
+    if (!hasErrors(problems)) {
+        Q_EMIT changed();
     }
-    const QScopedValueRollback<bool> changing(d->isChanging, true);
-    const QString absoluteFolder = QDir(folder).absolutePath();
-    const QString userData = userDataFolder();
-    ThemeFolder theme(absoluteFolder, userData + QLatin1String("/tmp_images"));
-    theme.read(language, fallbackLanguage);
-    Problems problems = theme.problems();
-    if (hasErrors(problems)) {
-        return problems;
-    }
-
-    const BusyCursor busy;
-    const LookTables former = LookTables::installed();
-    LookTables now = former;
-    now.paths[ResourcePath] = absoluteFolder;
-    now.paths[UserDataPath] = userData;
-    now.texts = theme.texts();
-    now.sections = theme.sections();
-    now.images.clear();
-    now.colors = theme.look().colors();
-    now.install();
-    ImageManager::getInstance()->initialize(imageLoading);
-    if (const QString folderOfCopies = userData + QLatin1String("/tmp_images");
-        !QFileInfo(folderOfCopies).isWritable()) {
-        problems.append({Problem::Warning, folderOfCopies, 0,
-                         QStringLiteral("Cannot be written to: scaled images of style sheets are missing")});
-    }
-    QPixmapCache::clear(); // of files that have the same names as former ones
-    d->apply(theme.look());
-
-    d->folder = absoluteFolder;
-    d->language = language;
-    d->fallbackLanguage = fallbackLanguage;
-    d->imageLoading = imageLoading;
-    d->follow(LookChange(LookChange::Everything, former, LookTables::installed()), former.texts != theme.texts());
-    Q_EMIT changed();
     return problems;
 }
 
@@ -227,25 +264,11 @@ VelaTheme::Problems VelaTheme::setFolder(const QString &folder)
 
 VelaTheme::Problems VelaTheme::setLanguage(const QString &language)
 {
-    if (d->isChanging || d->folder.isEmpty()) {
-        return d->refuse(d->isChanging ? QStringLiteral("The theme is being changed already")
-                                       : QStringLiteral("No theme has been loaded"));
+    const Problems problems = d->setLanguage(language);
+    if (!hasErrors(problems)) {
+        Q_EMIT changed();
     }
-    const QScopedValueRollback<bool> changing(d->isChanging, true);
-    ThemeFolder theme(d->folder, QString());
-    theme.readTexts(language, d->fallbackLanguage);
-    if (hasErrors(theme.problems())) {
-        return theme.problems();
-    }
-    const BusyCursor busy;
-    const LookTables former = LookTables::installed();
-    LookTables now = former;
-    now.texts = theme.texts();
-    now.install();
-    d->language = language;
-    d->follow(LookChange(LookChange::Texts, former, now), true);
-    Q_EMIT changed();
-    return theme.problems();
+    return problems;
 }
 
 QString VelaTheme::folder() const

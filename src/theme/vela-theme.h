@@ -48,7 +48,7 @@ public:
         QString toString() const;
 
         Severity severity = Warning; ///< whether the theme is taken all the same
-        QString file; ///< absolute path
+        QString file; ///< absolute path; empty where no theme is meant
         int line = 0; ///< counted from 1; 0 where the file as a whole is meant
         QString text; ///< English, for developers
     };
@@ -90,7 +90,12 @@ public:
 Q_SIGNALS:
     /// The look has changed, and the library's widgets have followed; what the application has styled with
     /// getStyleSheet(), getGlobalImage() or ComponentStrings itself is its own to renew now. Before this, where the
-    /// language has changed, all widgets have received QEvent::LanguageChange.
+    /// language has changed, all widgets have received QEvent::LanguageChange; to change the theme from there is
+    /// refused.
+    ///
+    /// Sections and texts that the application has added to the registries are gone: they are to be added again. Links
+    /// in rich texts, and widgets of the application with a style sheet that sets no colours, keep the former palette
+    /// until the text or the sheet is set anew.
     void changed();
 
 private:

@@ -259,8 +259,10 @@ QColor VelaTreeWidgetPrivate::highlightColor(bool isSelected) const
 // The tree's own sheet is the application's, who mostly gives it these sections.
 void VelaTreeWidgetPrivate::renew(const LookChange &change)
 {
-    change.restyle(q, Style::TreeItem);
-    change.restyle(q, Style::TreeItem, Style::ScrollBar);
+    if (!q->styleSheet().isEmpty()) {
+        change.restyle(q, Style::TreeItem);
+        change.restyle(q, Style::TreeItem, Style::ScrollBar);
+    }
     const QList<QLineEdit *> editors = q->viewport()->findChildren<QLineEdit *>();
     for (QLineEdit *editor : editors) {
         change.restyle(editor, Style::TreeItem);

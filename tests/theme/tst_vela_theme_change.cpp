@@ -334,6 +334,16 @@ private Q_SLOTS:
         QCOMPARE(tree.verticalScrollBar()->value(), scrolled);
     }
 
+    void aTreeWithoutASheetStaysWithout()
+    {
+        const ThemeCopy copy;
+        copy.replace(QStringLiteral("styles/tree-and-path.qss"), "component.tree_item", "component.tree_items");
+        VelaTheme::getInstance()->load(copy.path(), English);
+        const VelaTreeWidget tree;
+        load(Light, English);
+        QCOMPARE(tree.styleSheet(), QString());
+    }
+
     void highlightsAreTheThemesUnlessTheyAreSet_data()
     {
         QTest::addColumn<bool>("isSet");
@@ -483,6 +493,37 @@ private Q_SLOTS:
         });
         QCOMPARE(isInput ? inputSheet.exec() : messageSheet.exec(), int(QMessageBox::Discard));
         QVERIFY(hasRun);
+    }
+
+    void aShownMessageKeepsItsSize_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("more");
+        for (int type = VelaMessageSheet::AppMessage; type <= VelaMessageSheet::ProcessingMessage; ++type) {
+            QTest::addRow("type %d", type) << type << QString();
+            QTest::addRow("type %d, with more", type) << type << QStringLiteral("more");
+        }
+    }
+
+    void aShownMessageKeepsItsSize()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, more);
+        load(Light, English);
+        Window window(new QWidget);
+        QVERIFY(window.showAndWait());
+        VelaMessageSheet sheet(static_cast<VelaMessageSheet::MessageType>(type), QStringLiteral("text"), more, &window);
+        VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
+        sheet.showSheet();
+        QCoreApplication::processEvents();
+        const QRect geometry = sheet.geometry();
+        load(Dark, English);
+        QCoreApplication::processEvents();
+        QCOMPARE(sheet.geometry(), geometry);
+        sheet.hide();
+        sheet.showSheet();
+        QCoreApplication::processEvents();
+        QCOMPARE(sheet.geometry(), geometry);
     }
 
     void theMaskOfAMessageAndTheBodyOfASheetFollow()

@@ -61,6 +61,20 @@ private Q_SLOTS:
             {QStringLiteral("images.json:1: error: There is no object in it")});
         row("image is missing", removed("images/folder.png"),
             {QStringLiteral("images.json:LINE(\"folder\"): warning: There is no image \"folder.png\"")});
+        row("image is cut off",
+            [](const ThemeCopy &copy) {
+                const QString name = QStringLiteral("images/bt_add_hover.png");
+                copy.write(name, copy.read(name).chopped(100));
+            },
+            {QStringLiteral("images/bt_add_hover.png: warning: The image is cut off")});
+        row("image is a text", file("images/bt_add_hover.png", "text"),
+            {QStringLiteral("images/bt_add_hover.png: warning: This is no PNG")});
+        row("image is a folder",
+            [](const ThemeCopy &copy) {
+                copy.remove(QStringLiteral("images/bt_add_hover.png"));
+                QDir().mkpath(copy.filePath(QStringLiteral("images/bt_add_hover.png")));
+            },
+            {QStringLiteral("images/bt_add_hover.png: error: This is no file")});
         row("image is not listed", replaced("images.json", "\"folder\"", "\"app_img\""),
             {QStringLiteral("images.json: warning: There is no \"folder\" in \"images\"")});
         row("texts are cut off", file("strings/enu.json", "{\n\n\"ok\": \"O"),
