@@ -62,6 +62,16 @@ TypeLook lookOf(VelaMessageSheet::MessageType type)
     return type >= 0 && type < LookCount ? TypeLooks[type] : TypeLook {Image::Count, QDialogButtonBox::NoButton};
 }
 
+// Links have the palette's colour of the time when their text was set.
+void renewLinks(QLabel *label)
+{
+    const QString text = label->text();
+    if (text.contains(QLatin1String("<a "), Qt::CaseInsensitive)) {
+        label->clear();
+        label->setText(text);
+    }
+}
+
 } // namespace
 
 VelaMessageSheetPrivate::VelaMessageSheetPrivate(VelaMessageSheet *sheet) :
@@ -112,6 +122,13 @@ void VelaMessageSheetPrivate::renewContent(const LookChange &change)
     change.restyle(textLabel, Style::SheetText);
     if (informativeLabel) {
         change.restyle(informativeLabel, Style::SheetInformativeText);
+    }
+    if (change.isOfEverything()) {
+        for (QLabel *label : {textLabel, informativeLabel}) {
+            if (label) {
+                renewLinks(label);
+            }
+        }
     }
 }
 
