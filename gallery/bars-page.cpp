@@ -6,7 +6,6 @@
 #include "pages.h"
 #include "scale/scaled.h"
 
-#include <StyleManager>
 #include <VelaButton>
 #include <VelaFilterBar>
 #include <VelaFootbar>
@@ -34,7 +33,7 @@ void addFilterBars(GalleryPage *page)
 
     VelaFilterBar *withMenu = createFilterBar(page, QStringLiteral("Filter bar"));
     auto *menu = new VelaMenu(withMenu);
-    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    followSections(menu, {QStringLiteral("component.menu")});
     for (const char *text : {"All files", "Documents", "Pictures"}) {
         menu->addAction(QString::fromLatin1(text));
     }

@@ -10,11 +10,12 @@
 #include <ComponentStrings>
 #include <DPIinfo>
 #include <ImageManager>
-#include <StyleManager>
 #include <VelaButton>
 #include <VelaMenu>
 
+#include <QApplication>
 #include <QPainter>
+#include <QPalette>
 
 namespace {
 
@@ -50,10 +51,6 @@ constexpr IconButtonRow IconButtons[] = {
 };
 
 constexpr int DiscSize = 24;
-constexpr QRgb NormalDisc = 0xFF8496A9;
-constexpr QRgb HoverDisc = 0xFF2160C4;
-constexpr QRgb PressDisc = 0xFF154287;
-constexpr QRgb DisableDisc = 0xFFA7B2BF;
 
 template<typename Button>
 Button *logged(GalleryPage *page, const QString &caption, Button *button)
@@ -90,13 +87,20 @@ void addTextButtons(GalleryPage *page)
     }
 }
 
+// With the text of that key in each language.
+VelaButton *createTranslated(GalleryPage *page, const QString &key, int kind)
+{
+    VelaButton *button = createLogged(page, ComponentStrings::getInstance()->getString(key), kind);
+    followTheme(button, [button, key] { button->setText(ComponentStrings::getInstance()->getString(key)); });
+    return button;
+}
+
 void addTexts(GalleryPage *page)
 {
-    ComponentStrings *strings = ComponentStrings::getInstance();
     page->addSection(QStringLiteral("Texts"), QStringLiteral("A button is as wide as its text."));
     page->addExample(QStringLiteral("From the string table"), QStringLiteral("\"ok\", \"cancel\""),
-                     {createLogged(page, strings->getString(QStringLiteral("ok")), VelaButton::ApplyButton),
-                      createLogged(page, strings->getString(QStringLiteral("cancel")), VelaButton::CancelButton)});
+                     {createTranslated(page, QStringLiteral("ok"), VelaButton::ApplyButton),
+                      createTranslated(page, QStringLiteral("cancel"), VelaButton::CancelButton)});
     page->addExample(QStringLiteral("With a mnemonic"), QStringLiteral("Alt+S"),
                      {createLogged(page, QStringLiteral("&Save as"), VelaButton::DefaultButton)});
     page->addExample(
@@ -114,7 +118,7 @@ VelaIconButton *createIconButton(const QString &image, const QString &toolTip)
 }
 
 // A round picture, sharp at the screen's scale and device pixel ratio.
-QPixmap createDisc(QRgb color)
+QPixmap createDisc(QPalette::ColorGroup group, QPalette::ColorRole role)
 {
     const double ratio = DPIinfo::getInstance()->getDPR();
     const int size = static_cast<int>(scaled(DiscSize) * ratio);
@@ -123,19 +127,28 @@ QPixmap createDisc(QRgb color)
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(color));
+    painter.setBrush(QApplication::palette().brush(group, role));
     painter.drawEllipse(pixmap.rect());
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
     return pixmap;
 }
 
+VelaIconButton *createOneDiscButton()
+{
+    auto *button = new VelaIconButton(QPixmap());
+    followTheme(button, [button] { button->setDefaultIcon(createDisc(QPalette::Normal, QPalette::PlaceholderText)); });
+    return button;
+}
+
 VelaIconButton *createDiscButton()
 {
-    auto *button = new VelaIconButton(createDisc(NormalDisc));
-    button->setHoverIcon(createDisc(HoverDisc));
-    button->setPressIcon(createDisc(PressDisc));
-    button->setDisableIcon(createDisc(DisableDisc));
+    VelaIconButton *button = createOneDiscButton();
+    followTheme(button, [button] {
+        button->setHoverIcon(createDisc(QPalette::Normal, QPalette::Highlight));
+        button->setPressIcon(createDisc(QPalette::Normal, QPalette::Text));
+        button->setDisableIcon(createDisc(QPalette::Disabled, QPalette::Text));
+    });
     return button;
 }
 
@@ -151,7 +164,7 @@ void addIconButtons(GalleryPage *page)
         addStates(page, toolTip, image, toolTip, [&] { return createIconButton(image, toolTip); });
     }
     addStates(page, QStringLiteral("One pixmap"), QStringLiteral("VelaIconButton(pixmap)"),
-              QStringLiteral("One pixmap"), [] { return new VelaIconButton(createDisc(NormalDisc)); });
+              QStringLiteral("One pixmap"), createOneDiscButton);
     addStates(page, QStringLiteral("Four pixmaps"), QStringLiteral("setHoverIcon() and the like"),
               QStringLiteral("Four pixmaps"), createDiscButton);
 }
@@ -159,7 +172,7 @@ void addIconButtons(GalleryPage *page)
 VelaMenu *createMenu(GalleryPage *page, VelaIconButton *button)
 {
     auto *menu = new VelaMenu(button);
-    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    followSections(menu, {QStringLiteral("component.menu")});
     for (const char *text : {"Rename", "Duplicate", "Delete"}) {
         menu->addAction(QString::fromLatin1(text));
     }

@@ -4,8 +4,11 @@
 #include "chrome.h"
 
 #include <StyleManager>
+#include <VelaTheme>
 
 #include <QAbstractScrollArea>
+#include <QApplication>
+#include <QEvent>
 #include <QFontInfo>
 #include <QLabel>
 #include <QPalette>
@@ -13,78 +16,95 @@
 
 namespace {
 
-using namespace Color;
-
-struct ColorRow
-{
-    QPalette::ColorRole role;
-    QRgb color;
-};
-
-constexpr ColorRow Colors[] = {
-    {QPalette::Window, Page},         {QPalette::WindowText, Text},
-    {QPalette::Base, Surface},        {QPalette::AlternateBase, Page},
-    {QPalette::Text, Text},           {QPalette::PlaceholderText, QuietText},
-    {QPalette::Button, QuietSurface}, {QPalette::ButtonText, Text},
-    {QPalette::BrightText, Surface},  {QPalette::Light, Surface},
-    {QPalette::Midlight, Line},       {QPalette::Mid, Line},
-    {QPalette::Dark, QuietText},      {QPalette::Shadow, Text},
-    {QPalette::Highlight, Accent},    {QPalette::HighlightedText, Surface},
-    {QPalette::Link, Accent},         {QPalette::LinkVisited, Accent},
-    {QPalette::ToolTipBase, ToolTip}, {QPalette::ToolTipText, Surface},
-};
+constexpr int MaskAlpha = 20;
+constexpr int MaskAlphaOnDark = 140;
+constexpr int MiddleLightness = 128;
 
 struct TextStyleRow
 {
     TextStyle style;
     double size; // multiple of the size of the application's font
     QFont::Weight weight;
-    QRgb color;
+    QPalette::ColorRole color;
 };
 
 constexpr TextStyleRow TextStyles[] = {
-    {TextStyle::PageTitle, 1.7, QFont::DemiBold, Text},
-    {TextStyle::SectionTitle, 1.15, QFont::DemiBold, Text},
-    {TextStyle::Body, 1.0, QFont::Normal, Text},
-    {TextStyle::Detail, 0.9, QFont::Normal, QuietText},
+    {TextStyle::PageTitle, 1.7, QFont::DemiBold, QPalette::WindowText},
+    {TextStyle::SectionTitle, 1.15, QFont::DemiBold, QPalette::WindowText},
+    {TextStyle::Body, 1.0, QFont::Normal, QPalette::WindowText},
+    {TextStyle::Detail, 0.9, QFont::Normal, QPalette::PlaceholderText},
+};
+
+// A label that stands at the side where lines begin. By itself one aligns to the direction of the text that it holds,
+// and all of the gallery's texts are English.
+class Text : public QLabel
+{
+public:
+    explicit Text(const QString &text) : QLabel(text) { align(); }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::LayoutDirectionChange) {
+            align();
+        }
+    }
+
+private:
+    void align()
+    {
+        setAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter);
+    }
 };
 
 } // namespace
 
-QPalette galleryPalette()
+void followTheme(QObject *owner, const std::function<void()> &renew)
 {
-    QPalette palette;
-    for (const ColorRow &row : Colors) {
-        palette.setColor(row.role, QColor(row.color));
-    }
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(DisabledText));
-    }
-    return palette;
+    renew();
+    QObject::connect(VelaTheme::getInstance(), &VelaTheme::changed, owner, renew);
+}
+
+void followSections(QWidget *widget, const QStringList &keys)
+{
+    followTheme(widget, [widget, keys] {
+        QString sheet;
+        for (const QString &key : keys) {
+            sheet += getStyleSheet(qPrintable(key), false);
+        }
+        widget->setStyleSheet(sheet);
+    });
 }
 
 void styleScrollBars(QAbstractScrollArea *area)
 {
-    // Once, so that a missing one is warned of once.
-    static const QString sheet = getStyleSheet("component.scrollbar", false);
-    for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
-        bar->setStyleSheet(sheet);
-    }
+    followTheme(area, [area] {
+        const QString sheet = getStyleSheet("component.scrollbar", false);
+        for (QScrollBar *bar : {area->horizontalScrollBar(), area->verticalScrollBar()}) {
+            bar->setStyleSheet(sheet);
+        }
+    });
+}
+
+QColor maskColor()
+{
+    const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < MiddleLightness;
+    return {0, 0, 0, isDark ? MaskAlphaOnDark : MaskAlpha};
 }
 
 QLabel *createText(const QString &text, TextStyle style)
 {
-    auto *label = new QLabel(text);
+    auto *label = new Text(text);
     label->setTextFormat(Qt::PlainText);
 
     const TextStyleRow &row = TextStyles[static_cast<int>(style)];
-    QFont font = label->font();
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * row.size);
-    font.setWeight(row.weight);
-    label->setFont(font);
-
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, QColor(row.color));
-    label->setPalette(palette);
+    label->setForegroundRole(row.color);
+    followTheme(label, [label, &row] {
+        QFont font = QApplication::font(label);
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * row.size);
+        font.setWeight(row.weight);
+        label->setFont(font);
+    });
     return label;
 }

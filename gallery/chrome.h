@@ -3,35 +3,21 @@
 
 #pragma once
 
-#include <QRgb>
+#include <QColor>
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class QAbstractScrollArea;
 class QLabel;
-class QPalette;
+class QObject;
+class QWidget;
 
-/// The look of the gallery itself: what stands around the library's widgets.
+/// The look of the gallery itself: what stands around the library's widgets. Its colours are those of the application's
+/// palette, which the theme sets.
 ///
 /// No widget that holds widgets of the library is given a style sheet, since it would reach into them.
-
-namespace Color {
-
-constexpr QRgb Text = 0xFF17202B;
-constexpr QRgb QuietText = 0xFF45525F;
-constexpr QRgb DisabledText = 0xFF667382;
-constexpr QRgb Surface = 0xFFFFFFFF;
-constexpr QRgb Page = 0xFFF5F7FA;
-constexpr QRgb QuietSurface = 0xFFE6ECF3;
-constexpr QRgb Line = 0xFFE4E9EF;
-constexpr QRgb Accent = 0xFF2160C4;
-constexpr QRgb Warning = 0xFFA92732;
-constexpr QRgb ToolTip = 0xFF2B3542;
-
-} // namespace Color
-
-/// The palette of the whole application. The theme is a light one, so on a dark desktop whatever no style sheet covers
-/// must be made light as well.
-QPalette galleryPalette();
 
 enum class TextStyle {
     PageTitle,
@@ -40,7 +26,16 @@ enum class TextStyle {
     Detail, ///< smaller and quieter
 };
 
+/// Calls @p renew now, and whenever the theme or its language has changed while @p owner lives.
+void followTheme(QObject *owner, const std::function<void()> &renew);
+
+/// Gives @p widget these sections of the style sheets, one behind the other, of each theme anew.
+void followSections(QWidget *widget, const QStringList &keys);
+
 /// Gives @p area the scroll bars of the theme.
 void styleScrollBars(QAbstractScrollArea *area);
+
+/// What dims a window below a sheet: a dark one has to be dimmed more.
+QColor maskColor();
 
 QLabel *createText(const QString &text, TextStyle style);

@@ -4,11 +4,23 @@
 #include "command-line.h"
 
 #include "pages.h"
+#include "themes.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
 
 namespace {
+
+const QString ResumeOption = QStringLiteral("--resume=");
+const QString PageKey = QStringLiteral("page");
+const QString ThemeKey = QStringLiteral("theme");
+const QString LanguageKey = QStringLiteral("language");
+const QString DirectionKey = QStringLiteral("right_to_left");
+const QString GeometryKey = QStringLiteral("geometry");
 
 QCommandLineOption option(const char *name, const QString &description, const char *value = "")
 {
@@ -32,6 +44,35 @@ QString identityOf(const QString &folder)
     return dir.exists() ? dir.canonicalPath() : QDir::cleanPath(dir.absolutePath());
 }
 
+QString textOf(const QByteArray &bytes)
+{
+    return QString::fromLatin1(bytes.toBase64(QByteArray::Base64UrlEncoding));
+}
+
+QByteArray bytesOf(const QString &text)
+{
+    return QByteArray::fromBase64(text.toLatin1(), QByteArray::Base64UrlEncoding);
+}
+
+QString textOf(const GalleryState &state)
+{
+    const QJsonObject object {
+        {PageKey, state.page},
+        {ThemeKey, state.theme},
+        {LanguageKey, state.language},
+        {DirectionKey, state.isRightToLeft},
+        {GeometryKey, textOf(state.geometry)},
+    };
+    return textOf(QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+GalleryState stateOf(const QString &text)
+{
+    const QJsonObject object = QJsonDocument::fromJson(bytesOf(text)).object();
+    return {object.value(PageKey).toString(), object.value(ThemeKey).toString(), object.value(LanguageKey).toString(),
+            object.value(DirectionKey).toBool(), bytesOf(object.value(GeometryKey).toString())};
+}
+
 } // namespace
 
 CommandLine::CommandLine() :
@@ -45,25 +86,34 @@ CommandLine::CommandLine() :
         QStringLiteral("Take the texts from strings/CODE.json of the theme folder, \"deu\" for instance, and not "
                        "in the system's language."),
         "CODE")),
-    m_resources(option("resources", QStringLiteral("Preview another theme folder."), "DIR")),
+    m_theme({QStringLiteral("theme"), QStringLiteral("resources")},
+            QStringLiteral("Begin with this theme: light, dark, high-contrast or a theme folder. It is read again each "
+                           "time that a file in it is saved; what is wrong with it is listed below the page."),
+            QStringLiteral("THEME")),
+    m_rightToLeft(option("right-to-left", QStringLiteral("Begin with the layout for languages from right to left."))),
     m_lazy(option("lazy", QStringLiteral("Load each image when it is first shown. This is the default."))),
     m_preload(option("preload", QStringLiteral("Load all images at the start."))),
     m_screenshots(
         option("screenshots",
                QStringLiteral("Instead of opening a window render each page, or that of --page, and the main window "
                               "to PNG files there. Takes no display."),
-               "DIR"))
+               "DIR")),
+    m_resume(option("resume", {}, "STATE"))
 {
+    m_resume.setFlags(QCommandLineOption::HiddenFromHelp); // it is for the program itself
     m_parser.setApplicationDescription(QStringLiteral("Shows every widget of Vela Components."));
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    m_parser.addOptions(
-        {m_help, m_version, m_page, m_listPages, m_language, m_resources, m_lazy, m_preload, m_screenshots});
+    m_parser.addOptions({m_help, m_version, m_page, m_listPages, m_language, m_theme, m_rightToLeft, m_lazy, m_preload,
+                         m_screenshots, m_resume});
 }
 
 bool CommandLine::parse(const QStringList &arguments)
 {
     m_display = displayOf(arguments);
     m_errorText = m_parser.parse(arguments) ? findError() : m_parser.errorText();
+    if (m_parser.isSet(m_resume)) {
+        m_state = stateOf(m_parser.value(m_resume));
+    }
     return m_errorText.isEmpty();
 }
 
@@ -77,14 +127,14 @@ QString CommandLine::findError() const
     if (!m_parser.positionalArguments().isEmpty()) {
         return QStringLiteral("Unexpected argument '%1'.").arg(m_parser.positionalArguments().constFirst());
     }
-    for (const QCommandLineOption *folder : {&m_resources, &m_screenshots, &m_language}) {
+    for (const QCommandLineOption *folder : {&m_theme, &m_screenshots, &m_language}) {
         if (m_parser.isSet(*folder) && m_parser.value(*folder).isEmpty()) {
             return QStringLiteral("The value of '--%1' is empty.").arg(folder->names().constFirst());
         }
     }
-    if (m_parser.isSet(m_page) && !pageNames().contains(page())) {
+    if (m_parser.isSet(m_page) && !pageNames().contains(m_parser.value(m_page))) {
         return QStringLiteral("There is no page '%1'. There are: %2.")
-            .arg(page(), pageNames().join(QStringLiteral(", ")));
+            .arg(m_parser.value(m_page), pageNames().join(QStringLiteral(", ")));
     }
     if (m_parser.isSet(m_lazy) && m_parser.isSet(m_preload)) {
         return QStringLiteral("Either '--lazy' or '--preload' can be given, not both.");
@@ -108,17 +158,22 @@ QString CommandLine::answer() const
 
 QString CommandLine::page() const
 {
-    return m_parser.value(m_page);
+    return m_state ? m_state->page : m_parser.value(m_page);
 }
 
 QString CommandLine::language() const
 {
-    return m_parser.value(m_language);
+    return m_state ? m_state->language : m_parser.value(m_language);
 }
 
-QString CommandLine::resources() const
+QString CommandLine::theme() const
 {
-    return m_parser.value(m_resources);
+    return m_state ? m_state->theme : themeFolder(m_parser.value(m_theme));
+}
+
+bool CommandLine::isRightToLeft() const
+{
+    return m_state ? m_state->isRightToLeft : m_parser.isSet(m_rightToLeft);
 }
 
 QString CommandLine::screenshots() const
@@ -131,15 +186,26 @@ ImageManager::InitializeType CommandLine::imageLoading() const
     return m_parser.isSet(m_preload) ? ImageManager::INIT_PRELOAD : ImageManager::INIT_LAZY;
 }
 
+QByteArray CommandLine::geometry() const
+{
+    return m_state ? m_state->geometry : QByteArray();
+}
+
 QString CommandLine::instanceId() const
 {
-    const QString theme = resources().isEmpty() ? QString() : identityOf(resources());
     return QStringList {QCoreApplication::applicationName(),
                         QCoreApplication::applicationFilePath(),
                         m_display,
                         qEnvironmentVariable("WAYLAND_DISPLAY"),
-                        theme,
-                        language(),
+                        identityOf(themeFolder(m_parser.value(m_theme))),
+                        m_parser.value(m_language),
                         QString::number(imageLoading())}
         .join(u'\n');
+}
+
+QStringList CommandLine::resumed(QStringList arguments, const GalleryState &state)
+{
+    const auto isFormer = [](const QString &argument) { return argument.startsWith(ResumeOption); };
+    arguments.erase(std::remove_if(arguments.begin(), arguments.end(), isFormer), arguments.end());
+    return arguments << ResumeOption + textOf(state);
 }

@@ -5,10 +5,23 @@
 
 #include <ImageManager>
 
+#include <QByteArray>
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
+
+/// What is to be the same in a gallery that takes the place of another one.
+struct GalleryState
+{
+    QString page;
+    QString theme; ///< folder
+    QString language;
+    bool isRightToLeft = false;
+    QByteArray geometry; ///< of QWidget::saveGeometry()
+};
 
 /// What the gallery was asked to do. Needs an application object for the name of the program.
 class CommandLine
@@ -28,15 +41,22 @@ public:
     QString page() const;
     /// Code of the language; empty when none was asked for.
     QString language() const;
-    /// Theme folder; empty when none was asked for.
-    QString resources() const;
+    /// Theme folder, the light reference theme when none was asked for.
+    QString theme() const;
+    bool isRightToLeft() const;
     /// Folder for screenshots; empty when none were asked for.
     QString screenshots() const;
     ImageManager::InitializeType imageLoading() const;
+    /// Geometry of the window that this one takes the place of, otherwise empty.
+    QByteArray geometry() const;
 
     /// The same for starts that one window can serve: of the same program on the same display, with the same theme. Of
     /// the arguments that the program was started with, before the toolkit takes its options out.
     QString instanceId() const;
+
+    /// @p arguments for a start that takes the place of one with these arguments, and of which the instance is the
+    /// same.
+    static QStringList resumed(QStringList arguments, const GalleryState &state);
 
 private:
     QString findError() const;
@@ -47,10 +67,13 @@ private:
     QCommandLineOption m_page;
     QCommandLineOption m_listPages;
     QCommandLineOption m_language;
-    QCommandLineOption m_resources;
+    QCommandLineOption m_theme;
+    QCommandLineOption m_rightToLeft;
     QCommandLineOption m_lazy;
     QCommandLineOption m_preload;
     QCommandLineOption m_screenshots;
+    QCommandLineOption m_resume;
+    std::optional<GalleryState> m_state; // of the gallery whose place this one takes
     QString m_display;
     QString m_errorText;
 };

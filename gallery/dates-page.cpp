@@ -6,7 +6,6 @@
 #include "pages.h"
 #include "scale/scaled.h"
 
-#include <StyleManager>
 #include <VelaButton>
 #include <VelaCalanderView>
 #include <VelaDateSelector>
@@ -30,7 +29,7 @@ VelaDateSelector *createSelector(GalleryPage *page, const QString &caption)
 VelaCalanderView *createCalendar(GalleryPage *page, const QString &caption)
 {
     auto *calendar = new VelaCalanderView;
-    calendar->setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
+    followSections(calendar, {QStringLiteral("component.date_selector"), QStringLiteral("component.menu")});
     calendar->setFixedSize(scaled(CalendarSize.width()), scaled(CalendarSize.height()));
     page->logSignal(caption, calendar, &VelaCalanderView::sigDateSelect);
     return calendar;

@@ -22,8 +22,6 @@ namespace {
 
 constexpr int TreeHeight = 420;
 constexpr int Spacing = 12;
-const QColor SelectedColor(0xDC, 0xE8, 0xFA);
-const QColor HoverColor(0xF3, 0xF6, 0xFA);
 const char HomePath[] = "home"; // path of the item that the tree keeps in front
 
 // The person's folders, read when they are opened, with a breadcrumb path in step.
@@ -56,7 +54,6 @@ FolderBrowser::FolderBrowser(GalleryPage *page)
     m_tree->setFixedHeight(scaled(TreeHeight));
     m_tree->setHeaderHidden(true);
     m_tree->setItemDelegate(&m_delegate);
-    m_tree->setBackgroundColor(SelectedColor, HoverColor);
     m_tree->setEditTriggers(QAbstractItemView::EditKeyPressed);
     m_tree->setMouseTracking(true);
     m_tree->setStyleSheet(getStyleSheet("component.tree_item", false) + getStyleSheet("component.scrollbar", false));

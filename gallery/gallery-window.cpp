@@ -8,6 +8,7 @@
 #include "log-view.h"
 #include "pages.h"
 #include "scale/scaled.h"
+#include "switches.h"
 
 #include <DPIinfo>
 #include <ImageManager>
@@ -34,16 +35,11 @@ constexpr int LogHeight = 150;
 
 constexpr char ListSheet[] = R"(
     QListWidget#pageList { background: transparent; border: none; outline: none; }
-    QListWidget#pageList::item { color: #17202B; border: 2px solid transparent; border-radius: 6px; padding: 6px 10px; }
-    QListWidget#pageList::item:hover { background-color: #EEF1F5; }
-    QListWidget#pageList::item:selected { background-color: #DCE8FA; }
-    QListWidget#pageList::item:selected:focus { border-color: #2160C4; })";
-
-QString scaleText()
-{
-    DPIinfo *dpi = DPIinfo::getInstance();
-    return QStringLiteral("Scale %1, ratio %2").arg(dpi->getDPI(), 0, 'g', 3).arg(dpi->getDPR());
-}
+    QListWidget#pageList::item { color: palette(text); border: 2px solid transparent; border-radius: 6px;
+                                 padding: 6px 10px; }
+    QListWidget#pageList::item:hover { background-color: palette(button); }
+    QListWidget#pageList::item:selected { color: palette(highlighted-text); background-color: palette(highlight); }
+    QListWidget#pageList::item:selected:focus { border-color: palette(text); })";
 
 QScrollArea *createScrollArea(QWidget *content)
 {
@@ -51,29 +47,25 @@ QScrollArea *createScrollArea(QWidget *content)
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(content);
-    styleScrollBars(area);
     return area;
 }
 
 } // namespace
 
-GalleryWindow::GalleryWindow(const QString &language) :
+GalleryWindow::GalleryWindow(const std::vector<ThemeEntry> &themes) :
     m_list(new QListWidget), m_pages(new QStackedWidget), m_log(new LogView)
 {
-    setWindowIcon(QIcon::fromTheme(QStringLiteral("vela-gallery")));
-    if (windowIcon().isNull()) {
-        setWindowIcon(getGlobalImage("app_img", ImageManager::IMAGE_NORMAL));
-    }
-
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(createSideBar(language));
+    layout->addWidget(createSideBar(themes));
     layout->addWidget(createContent(), 1);
     resize(scaled(WindowSize.width()), scaled(WindowSize.height()));
 
     connect(m_list, &QListWidget::currentRowChanged, this, &GalleryWindow::setCurrentPage);
     connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
+    connect(&m_watch, &ThemeWatch::changed, this, &GalleryWindow::reloadTheme);
+    followTheme(this, [this] { renewLook(); });
 }
 
 void GalleryWindow::showPage(const QString &name)
@@ -94,20 +86,38 @@ LogView *GalleryWindow::log() const
     return m_log;
 }
 
-QWidget *GalleryWindow::createSideBar(const QString &language)
+void GalleryWindow::addProblems(const VelaTheme::Problems &problems)
+{
+    QSet<QString> texts;
+    for (const VelaTheme::Problem &problem : problems) {
+        const QString text = problem.toString();
+        if (!m_problems.contains(text)) {
+            m_log->addProblem(text);
+        }
+        texts.insert(text);
+    }
+    m_problems = texts;
+}
+
+GalleryState GalleryWindow::state() const
+{
+    return {pageNames().at(m_list->currentRow()), VelaTheme::getInstance()->folder(), shownLanguage(), isRightToLeft(),
+            saveGeometry()};
+}
+
+QWidget *GalleryWindow::createSideBar(const std::vector<ThemeEntry> &themes)
 {
     m_list->setObjectName(QStringLiteral("pageList"));
-    m_list->setStyleSheet(DPIinfo::getInstance()->getScaledStyleSheet(QString::fromLatin1(ListSheet)));
     m_list->setAccessibleName(QStringLiteral("Pages"));
     for (const PageEntry &page : galleryPages()) {
         m_list->addItem(page.title);
     }
 
     QLabel *title = createText(QStringLiteral("Vela Components"), TextStyle::SectionTitle);
-    QLabel *state = createText(scaleText() + QStringLiteral("\nLanguage ") + language, TextStyle::Detail);
-    for (QLabel *label : {title, state}) {
-        label->setContentsMargins(scaled(SideBarTextMargin), 0, 0, 0);
-    }
+    title->setContentsMargins(scaled(SideBarTextMargin), 0, scaled(SideBarTextMargin), 0);
+    auto *switches = new Switches(themes);
+    connect(switches, &Switches::chosen, this, &GalleryWindow::addProblems);
+    connect(switches, &Switches::scaleChosen, this, &GalleryWindow::scaleChosen);
 
     auto *sideBar = new QWidget;
     sideBar->setAutoFillBackground(true);
@@ -119,7 +129,7 @@ QWidget *GalleryWindow::createSideBar(const QString &language)
     layout->setSpacing(scaled(SideBarSpacing));
     layout->addWidget(title);
     layout->addWidget(m_list);
-    layout->addWidget(state);
+    layout->addWidget(switches);
     return sideBar;
 }
 
@@ -150,7 +160,28 @@ void GalleryWindow::setCurrentPage(int index)
         connect(page, &GalleryPage::logged, m_log, &LogView::addSignal);
         area->setWidget(page);
         area->setAccessibleName(entry.title);
+        styleScrollBars(area);
     }
     m_pages->setCurrentIndex(index);
     setWindowTitle(currentPage()->accessibleName() + QStringLiteral(" \u2013 Vela Gallery"));
+}
+
+// Colours of the palette are read when a sheet is set.
+void GalleryWindow::renewLook()
+{
+    m_list->setStyleSheet(DPIinfo::getInstance()->getScaledStyleSheet(QString::fromLatin1(ListSheet)));
+    setWindowIcon(QIcon::fromTheme(QStringLiteral("vela-gallery")));
+    if (windowIcon().isNull()) {
+        setWindowIcon(getGlobalImage("app_img", ImageManager::IMAGE_NORMAL));
+    }
+    m_watch.setFolder(VelaTheme::getInstance()->folder());
+}
+
+void GalleryWindow::reloadTheme()
+{
+    const VelaTheme::Problems problems = VelaTheme::getInstance()->reload();
+    addProblems(problems);
+    if (!VelaTheme::hasErrors(problems)) {
+        m_log->addSignal(QStringLiteral("The theme has been read again"));
+    }
 }

@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int StageWidth = 560; // logical pixels, width of a window that the pictured sheet is made for
-const QColor MaskColor(0, 0, 0, 20);
 
 QString prompt()
 {
@@ -27,13 +26,13 @@ QString prompt()
 QWidget *createPicture()
 {
     auto *stage = new QWidget;
-    stage->resize(scaled(StageWidth), scaled(StageWidth));
+    stage->setFixedWidth(scaled(StageWidth));
     stage->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *sheet = new VelaInputSheet(prompt(), stage);
     sheet->getLineEdit()->setText(QStringLiteral("Holidays"));
     auto *layout = new QHBoxLayout(stage);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(sheet);
+    layout->addWidget(sheet, 0, Qt::AlignLeft);
     // The buttons are higher once they are styled, which the page has not reckoned with when it is laid out first.
     QTimer::singleShot(0, sheet, [sheet] { sheet->updateGeometry(); });
     return stage;
@@ -46,7 +45,7 @@ QWidget *createOpener(GalleryPage *page, bool blocksClose)
         VelaInputSheet sheet(prompt(), page);
         sheet.setBlockWindowButton(blocksClose);
         sheet.getLineEdit()->setPlaceholderText(QStringLiteral("Folder"));
-        VelaMask::createMask(&sheet, page->window(), MaskColor);
+        VelaMask::createMask(&sheet, page->window(), maskColor());
         const int result = sheet.exec();
         Q_EMIT page->logged(
             QStringLiteral("Input sheet: returned 0x%1, \"%2\"").arg(QString::number(result, 16), sheet.getContent()));

@@ -20,11 +20,6 @@ constexpr int SideMargin = 32;
 constexpr int Spacing = 6;
 constexpr int MaximumLines = 1000;
 
-QString colored(const QString &text, QRgb color)
-{
-    return QStringLiteral("<span style=\"color:%1\">%2</span>").arg(QColor(color).name(), text.toHtmlEscaped());
-}
-
 } // namespace
 
 LogView::LogView() : m_text(new QPlainTextEdit)
@@ -60,16 +55,22 @@ LogView::LogView() : m_text(new QPlainTextEdit)
 
 void LogView::addSignal(const QString &text)
 {
-    add(text, Color::Text);
+    add(text.toHtmlEscaped());
 }
 
 void LogView::addWarning(const QString &text)
 {
-    add(QStringLiteral("Warning: ") + text, Color::Warning);
+    addProblem(QStringLiteral("Warning: ") + text);
 }
 
-void LogView::add(const QString &text, QRgb color)
+void LogView::addProblem(const QString &text)
 {
-    const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-    m_text->appendHtml(colored(time, Color::DisabledText) + QStringLiteral("&nbsp;&nbsp; ") + colored(text, color));
+    add(QStringLiteral("<b>%1</b>").arg(text.toHtmlEscaped()));
+}
+
+// In no colour of its own, so that old lines follow the palette, too.
+void LogView::add(const QString &html)
+{
+    m_text->appendHtml(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")) + QStringLiteral("&nbsp;&nbsp; ")
+                       + html);
 }

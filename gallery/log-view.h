@@ -3,13 +3,12 @@
 
 #pragma once
 
-#include <QRgb>
 #include <QString>
 #include <QWidget>
 
 class QPlainTextEdit;
 
-/// What the widgets emit and the library warns of, with the time.
+/// What the widgets emit and the library warns of, and what is wrong with the theme, with the time.
 class LogView : public QWidget
 {
     Q_OBJECT
@@ -19,9 +18,11 @@ public:
 
     void addSignal(const QString &text);
     void addWarning(const QString &text);
+    /// A fault of the theme, which names its file.
+    void addProblem(const QString &text);
 
 private:
-    void add(const QString &text, QRgb color);
+    void add(const QString &html);
 
     QPlainTextEdit *m_text;
 };

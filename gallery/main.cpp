@@ -1,18 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "chrome.h"
 #include "command-line.h"
 #include "gallery-window.h"
 #include "log-view.h"
 #include "pages.h"
 #include "platform.h"
-#include "resources.h"
+#include "restart.h"
 #include "screenshots.h"
+#include "themes.h"
 #include "vela_components_version.h"
 #include "warning-log.h"
 
 #include <QtSingleApplication>
+#include <VelaLocale>
+#include <VelaTheme>
 
 #include <QScreen>
 #include <QTextStream>
@@ -37,7 +39,35 @@ int fail(const QString &text)
     return EXIT_FAILURE;
 }
 
-int run(const CommandLine &commandLine, QtSingleApplication *application)
+// The start that takes the place of this one once the application object is gone.
+struct Successor
+{
+    double scale = 0.0; // 0 while there is none
+    GalleryState state;
+};
+
+// Puts the theme into force; otherwise tells why not.
+bool loadTheme(const CommandLine &commandLine, VelaTheme::Problems *problems)
+{
+    const QString folder = commandLine.theme();
+    const QStringList languages = VelaTheme::languages(folder);
+    QString language = commandLine.language();
+    if (!language.isEmpty() && !languages.isEmpty() && !languages.contains(language)) {
+        warn(QStringLiteral("There are no texts in the language '%1'. There are: %2.")
+                 .arg(language, languages.join(QStringLiteral(", "))));
+        return false;
+    }
+    if (language.isEmpty()) {
+        language = VelaLocale::getInstance()->getDefaultLanguage();
+    }
+    *problems = VelaTheme::getInstance()->load(folder, language, QStringLiteral("enu"), commandLine.imageLoading());
+    for (const VelaTheme::Problem &problem : qAsConst(*problems)) {
+        warn(problem.toString());
+    }
+    return !VelaTheme::hasErrors(*problems);
+}
+
+int run(const CommandLine &commandLine, QtSingleApplication *application, Successor *successor)
 {
     const bool wantsScreenshots = !commandLine.screenshots().isEmpty();
     if (!wantsScreenshots && !canShowWindows()) {
@@ -51,18 +81,15 @@ int run(const CommandLine &commandLine, QtSingleApplication *application)
         return fail(QStringLiteral("It runs already, but does not answer."));
     }
 
-    Resources resources(commandLine.resources().isEmpty() ? Resources::referenceFolder() : commandLine.resources());
-    if (!resources.read(commandLine.language())) {
-        return fail(resources.errorText());
-    }
     const WarningLog warningLog;
-    resources.install(commandLine.imageLoading());
-    const QStringList warnings = resources.warnings();
-    for (const QString &warning : warnings) {
-        warn(warning);
+    VelaTheme::Problems problems;
+    if (!loadTheme(commandLine, &problems)) {
+        return EXIT_FAILURE;
     }
+    QApplication::setLayoutDirection(commandLine.isRightToLeft() ? Qt::RightToLeft : QApplication::layoutDirection());
 
-    GalleryWindow window(resources.language());
+    GalleryWindow window(themesToChoose(commandLine.theme()));
+    window.addProblems(problems);
     QObject::connect(&warningLog, &WarningLog::warned, window.log(), &LogView::addWarning);
     const QStringList pages = commandLine.page().isEmpty() ? pageNames() : QStringList(commandLine.page());
     if (wantsScreenshots) {
@@ -71,10 +98,32 @@ int run(const CommandLine &commandLine, QtSingleApplication *application)
     }
     window.showPage(pages.constFirst());
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
+    window.restoreGeometry(commandLine.geometry());
     window.show();
     application->setActivationWindow(&window);
     QObject::connect(application, &QtSingleApplication::messageReceived, &window, &GalleryWindow::showPage);
+    QObject::connect(&window, &GalleryWindow::scaleChosen, application, [&window, successor](double scale) {
+        *successor = {scale, window.state()};
+        QCoreApplication::quit();
+    });
     return QtSingleApplication::exec();
+}
+
+int start(int argc, char **argv, const QString &instanceId, Successor *successor)
+{
+    QtSingleApplication application(instanceId, argc, argv);
+    completePlatform();
+    QGuiApplication::setDesktopFileName(QStringLiteral("vela-gallery"));
+
+    CommandLine commandLine;
+    if (!commandLine.parse(QCoreApplication::arguments())) {
+        return fail(commandLine.errorText());
+    }
+    if (!commandLine.answer().isEmpty()) {
+        print(stdout, commandLine.answer());
+        return EXIT_SUCCESS;
+    }
+    return run(commandLine, &application, successor);
 }
 
 } // namespace
@@ -84,13 +133,17 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("vela-gallery"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELA_COMPONENTS_VERSION_STRING));
 
-    CommandLine commandLine;
+    QStringList arguments;
+    QString program;
     QString instanceId;
     {
         // Help needs no screen, so it is given before anything looks for one. Arguments that are wrong here may yet be
         // options of the toolkit, which a QApplication takes out.
         const QCoreApplication application(argc, argv);
-        if (commandLine.parse(QCoreApplication::arguments()) && !commandLine.answer().isEmpty()) {
+        arguments = QCoreApplication::arguments();
+        program = QCoreApplication::applicationFilePath();
+        CommandLine commandLine;
+        if (commandLine.parse(arguments) && !commandLine.answer().isEmpty()) {
             print(stdout, commandLine.answer());
             return EXIT_SUCCESS;
         }
@@ -102,17 +155,11 @@ int main(int argc, char **argv)
     // ratio 1 nevertheless. Qt::AA_EnableHighDpiScaling stays off: the library scales by the logical DPI itself, and
     // the toolkit would round a scale such as 1.5 to a ratio of 2.
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QtSingleApplication application(instanceId, argc, argv);
-    completePlatform();
-    QGuiApplication::setDesktopFileName(QStringLiteral("vela-gallery"));
-    QApplication::setPalette(galleryPalette());
-
-    if (!commandLine.parse(QCoreApplication::arguments())) {
-        return fail(commandLine.errorText());
+    Successor successor;
+    const int result = start(argc, argv, instanceId, &successor);
+    if (successor.scale > 0.0) {
+        restart(program, CommandLine::resumed(arguments, successor.state), successor.scale);
+        return fail(QStringLiteral("It cannot be started again."));
     }
-    if (!commandLine.answer().isEmpty()) {
-        print(stdout, commandLine.answer());
-        return EXIT_SUCCESS;
-    }
-    return run(commandLine, &application);
+    return result;
 }

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "chrome.h"
 #include "gallery-page.h"
 #include "pages.h"
 
-#include <StyleManager>
 #include <VelaButton>
 #include <VelaMenu>
 
@@ -32,7 +32,7 @@ constexpr int Outside = 30; // pixels by which a menu is asked to stand out of t
 VelaMenu *createMenu(GalleryPage *page, QWidget *parent)
 {
     auto *menu = new VelaMenu(parent);
-    menu->setStyleSheet(getStyleSheet("component.menu", false));
+    followSections(menu, {QStringLiteral("component.menu")});
     menu->addAction(QStringLiteral("Open"));
     menu->addAction(QStringLiteral("Rename"));
     QAction *checked = menu->addAction(QStringLiteral("Keep offline"));
@@ -40,7 +40,7 @@ VelaMenu *createMenu(GalleryPage *page, QWidget *parent)
     checked->setChecked(true);
     menu->addSeparator();
     QMenu *share = menu->addMenu(QStringLiteral("Share"));
-    share->setStyleSheet(menu->styleSheet());
+    followSections(share, {QStringLiteral("component.menu")});
     share->addAction(QStringLiteral("Copy the link"));
     share->addAction(QStringLiteral("Send by mail"));
     menu->addAction(QStringLiteral("Restore"))->setEnabled(false);
@@ -56,7 +56,7 @@ QWidget *createPicture(GalleryPage *page)
 {
     VelaMenu *menu = createMenu(page, page);
     menu->setWindowFlags(Qt::Widget);
-    menu->setFixedSize(menu->sizeHint());
+    followTheme(menu, [menu] { menu->setFixedSize(menu->sizeHint()); });
     menu->setActiveAction(menu->actions().at(1));
     return menu;
 }

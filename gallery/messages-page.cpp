@@ -24,7 +24,6 @@ namespace {
 
 constexpr int StageWidth = 560; // logical pixels, width of a window that the pictured sheets are made for
 constexpr int ProcessingTime = 3000; // milliseconds
-const QColor MaskColor(0, 0, 0, 20);
 
 const QString &longText()
 {
@@ -44,12 +43,12 @@ QString animationFile()
 QWidget *createPicture(const std::function<VelaMessageSheet *(QWidget *stage)> &create)
 {
     auto *stage = new QWidget;
-    stage->resize(scaled(StageWidth), scaled(StageWidth));
+    stage->setFixedWidth(scaled(StageWidth));
     stage->setAttribute(Qt::WA_TransparentForMouseEvents);
     VelaMessageSheet *sheet = create(stage);
     auto *layout = new QHBoxLayout(stage);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(sheet);
+    layout->addWidget(sheet, 0, Qt::AlignLeft);
     return stage;
 }
 
@@ -73,8 +72,12 @@ void startAnimation(VelaMessageSheet *sheet)
 {
     const auto labels = sheet->findChildren<QLabel *>();
     for (const QLabel *label : labels) {
-        if (label->movie()) {
-            label->movie()->start();
+        if (QMovie *movie = label->movie()) {
+            followTheme(movie, [movie] {
+                movie->stop();
+                movie->setFileName(animationFile());
+                movie->start();
+            });
         }
     }
 }
@@ -185,7 +188,7 @@ void addShortcuts(GalleryPage *page)
     page->addExample(processing, QStringLiteral("ends by itself after three seconds"),
                      {createOpener(page, processing, [page] {
                          VelaMessageSheet sheet(QStringLiteral("Copying files\u2026"), animationFile(), page);
-                         VelaMask::createMask(&sheet, page->window(), MaskColor);
+                         VelaMask::createMask(&sheet, page->window(), maskColor());
                          QTimer::singleShot(ProcessingTime, &sheet, &VelaMessageSheet::quit);
                          return resultText(sheet.exec());
                      })});

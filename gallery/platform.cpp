@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QPalette>
+#include <QStyle>
 #include <QtGlobal>
 
 namespace {
@@ -38,6 +40,8 @@ void preparePlatform()
 
 void completePlatform()
 {
+    // A theme without a palette is taken for a light one, on a dark desktop, too.
+    QApplication::setPalette(QApplication::style()->standardPalette());
     // No desktop sets a font there; the toolkit's own default is one certain family at a large size.
     if (isOffscreen()) {
         QApplication::setFont(QFont(QStringLiteral("Sans Serif"), OffscreenFontSize));

@@ -9,7 +9,8 @@
 /// everything but showing a window works anywhere.
 void preparePlatform();
 
-/// What the platform that draws into memory leaves open once there is an application object.
+/// What is to be the same on all platforms once there is an application object: a light palette to begin with, and on
+/// the one that draws into memory, a font.
 void completePlatform();
 
 /// Whether windows go to a screen, or to where the person wants them without one.

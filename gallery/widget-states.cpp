@@ -3,6 +3,8 @@
 
 #include "widget-states.h"
 
+#include <VelaTheme>
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QMouseEvent>
@@ -29,33 +31,38 @@ void hover(QWidget *widget)
 
 // The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
 // pseudo-states weigh the same where rules compete.
-void showFocusRules(QWidget *widget)
+void showFocusRules(QWidget *widget, QString sheet)
 {
-    QString sheet = widget->styleSheet();
     sheet.replace(QLatin1String(":!focus"), QLatin1String(":disabled"));
     sheet.replace(QLatin1String(":focus"), QLatin1String(":enabled"));
     widget->setStyleSheet(sheet);
 }
 
-// Takes a widget into its state each time that it is shown, since showing sets it back.
+// Takes a widget into its state each time that it is shown or has got other images, since that sets it back.
 class Pointer : public QObject
 {
 public:
     Pointer(QWidget *widget, bool isPressed) : QObject(widget), m_widget(widget), m_isPressed(isPressed)
     {
         widget->installEventFilter(this);
+        connect(VelaTheme::getInstance(), &VelaTheme::changed, this, &Pointer::applyLater);
     }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Show) {
-            // Later, behind the widget's own handling of the event.
-            QTimer::singleShot(0, this, [this] { apply(); });
+            applyLater();
         }
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    // Behind the widget's own handling of what has happened.
+    void applyLater()
+    {
+        QTimer::singleShot(0, this, [this] { apply(); });
+    }
+
     void apply()
     {
         hover(m_widget);
@@ -80,13 +87,24 @@ bool freeze(QWidget *widget, WidgetState state)
         new Pointer(widget, state == WidgetState::Pressed);
         return true;
     case WidgetState::Focused:
-        showFocusRules(widget);
+        showFocusRules(widget, widget->styleSheet());
         return !widget->styleSheet().isEmpty();
     case WidgetState::Disabled:
         widget->setEnabled(false);
+        // A button that is given other images shows that of the normal state first.
+        QObject::connect(VelaTheme::getInstance(), &VelaTheme::changed, widget, [widget] {
+            widget->setEnabled(true);
+            widget->setEnabled(false);
+        });
         return true;
     }
     return false;
+}
+
+void followFocusRules(QWidget *widget, const QWidget *model)
+{
+    QObject::connect(VelaTheme::getInstance(), &VelaTheme::changed, widget,
+                     [widget, model] { showFocusRules(widget, model->styleSheet()); });
 }
 
 QStringList stateColumns()

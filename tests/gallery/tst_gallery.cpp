@@ -41,26 +41,26 @@ struct Damage
 const Damage Damages[] = {
     {"no list of images",
      [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/images.json")); },
-     "Cannot read '%1/images.json': No such file or directory."},
+     "%1/images.json: error: Cannot be read: there is no such file"},
     {"malformed list of images",
      [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("images.json"), "{\"images\": "); },
-     "'%1/images.json' is malformed at byte "},
+     "%1/images.json:1: error: "},
     {"list of images without an object",
      [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("images.json"), "[]"); },
-     "'%1/images.json' is malformed: there is no object in it."},
+     "%1/images.json:1: error: There is no object in it"},
     {"malformed texts", [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "ok"); },
-     "'%1/strings/enu.json' is malformed at byte "},
+     "%1/strings/enu.json:1: error: "},
     {"texts without an object",
      [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "[1]"); },
-     "'%1/strings/enu.json' is malformed: there is no object in it."},
+     "%1/strings/enu.json:1: error: There is no object in it"},
     {"a text that is a number",
      [](const ResourceFolder &theme) { theme.writeFile(QStringLiteral("strings/enu.json"), "{\"cancel\": 1}"); },
-     "'%1/strings/enu.json' is malformed: the value of \"cancel\" is no text."},
+     "%1/strings/enu.json:1: error: The value of \"cancel\" is no text"},
     {"no texts", [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/strings/enu.json")); },
-     "There are no texts (*.json) in '%1/strings'."},
+     "%1/strings/enu.json: error: Cannot be read: there is no such file"},
     {"no style sheets",
      [](const ResourceFolder &theme) { QFile::remove(theme.path() + QStringLiteral("/styles/a.qss")); },
-     "There are no style sheets (*.qss) in '%1/styles'."},
+     "%1/styles: error: There are no style sheets (*.qss) in it"},
 };
 
 QByteArray applyButtonSheet(const char *color)
@@ -131,6 +131,9 @@ private Q_SLOTS:
     void screenshotsNeedNoDisplay();
     void screenshotsWithoutADisplayAreAtScaleOne();
     void screenshotsThatCannotBeWrittenAreAnError();
+    void screenshotsAreInTheTheme_data();
+    void screenshotsAreInTheTheme();
+    void screenshotsMayBeRightToLeft();
 
     void aLanguageChangesTheTexts();
     void theDefaultLanguageIsTheSystems();
@@ -215,8 +218,9 @@ void GalleryTest::helpNamesEveryOption()
 {
     const Result result = run({QStringLiteral("--help")});
     QCOMPARE(result.exitCode, 0);
-    for (const char *option : {"--help", "--version", "--page <NAME>", "--list-pages", "--language <CODE>",
-                               "--resources <DIR>", "--lazy", "--preload", "--screenshots <DIR>"}) {
+    for (const char *option :
+         {"--help", "--version", "--page <NAME>", "--list-pages", "--language <CODE>", "--theme, --resources <THEME>",
+          "--right-to-left", "--lazy", "--preload", "--screenshots <DIR>"}) {
         QVERIFY2(result.output.contains(QString::fromLatin1(option)), option);
     }
 }
@@ -277,7 +281,8 @@ void GalleryTest::wrongArgumentsAreErrors_data()
     row("--lazy=no", "Unexpected value after '--lazy'.");
     row("--screenshots=", "The value of '--screenshots' is empty.");
     row("--screenshots ", "The value of '--screenshots' is empty.");
-    row("--resources ", "The value of '--resources' is empty.");
+    row("--theme ", "The value of '--theme' is empty.");
+    row("--resources ", "The value of '--theme' is empty.");
     row("--language ", "The value of '--language' is empty.");
 }
 
@@ -435,6 +440,43 @@ void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
              qPrintable(result.errors));
 }
 
+void GalleryTest::screenshotsAreInTheTheme_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("window"); // color of the palette
+    const auto row = [](const char *theme, const char *window) {
+        QTest::newRow(theme) << QStringList {QStringLiteral("--theme"), QString::fromLatin1(theme)}
+                             << QString::fromLatin1(window);
+    };
+    QTest::newRow("none") << QStringList() << QStringLiteral("#f5f7fa");
+    row("light", "#f5f7fa");
+    row("dark", "#14191f");
+    row("high-contrast", "#000000");
+}
+
+void GalleryTest::screenshotsAreInTheTheme()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, window);
+    const Result result = runForScreenshot(arguments);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
+    QCOMPARE(QColor(screenshot(QStringLiteral("buttons")).pixel(1, 1)).name(), window);
+}
+
+void GalleryTest::screenshotsMayBeRightToLeft()
+{
+    QCOMPARE(runForScreenshot().exitCode, 0);
+    const QImage leftToRight = screenshot(QStringLiteral("main-window"));
+    QCOMPARE(runForScreenshot({QStringLiteral("--right-to-left")}).exitCode, 0);
+    const QImage rightToLeft = screenshot(QStringLiteral("main-window"));
+    // The side bar is white, the ground of the pages is not.
+    const QPoint left(1, 1);
+    const QPoint right(leftToRight.width() - 2, 1);
+    QVERIFY(leftToRight.pixel(left) != leftToRight.pixel(right));
+    QCOMPARE(rightToLeft.pixel(right), leftToRight.pixel(left));
+    QCOMPARE(rightToLeft.pixel(left), leftToRight.pixel(right));
+}
+
 void GalleryTest::aLanguageChangesTheTexts()
 {
     QCOMPARE(runForScreenshot({QStringLiteral("--language"), QStringLiteral("enu")}).exitCode, 0);
@@ -469,8 +511,9 @@ void GalleryTest::textsMissingInTheSystemsLanguageAreEnglish()
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
     const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.errors.contains(QStringLiteral(
-                 "vela-gallery: There are no texts in the system's language 'deu', so they are in 'enu'.")),
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: %1/strings/deu.json: warning: There are no such "
+                                                   "texts; those in \"enu\" are shown")
+                                        .arg(theme.path())),
              qPrintable(result.errors));
 }
 
@@ -483,7 +526,7 @@ void GalleryTest::textsMissingInTheSystemsLanguageAndEnglishAreAnError()
     const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.errors.contains(
-                 QStringLiteral("vela-gallery: There are no texts in the language 'enu'. There are: fra.")),
+                 QStringLiteral("vela-gallery: %1/strings/enu.json: error: Cannot be read").arg(theme.path())),
              qPrintable(result.errors));
 }
 
@@ -530,7 +573,7 @@ void GalleryTest::aMissingThemeFolderIsAnError()
     const QString missing = m_folder->filePath(QStringLiteral("missing"));
     const Result result = runForScreenshot({QStringLiteral("--resources"), missing});
     QCOMPARE(result.exitCode, 1);
-    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: There is no theme folder '%1'.").arg(missing)),
+    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: %1: error: There is no such folder").arg(missing)),
              qPrintable(result.errors));
 }
 
@@ -563,7 +606,8 @@ void GalleryTest::anUnwritableUserFolderIsAWarning()
     QVERIFY(file.open(QIODevice::WriteOnly));
     const Result result = runForScreenshot();
     QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.errors.contains(QStringLiteral("vela-gallery: Cannot write to '%1/vela-gallery'").arg(path)),
+    QVERIFY2(result.errors.contains(
+                 QStringLiteral("vela-gallery: %1/vela-gallery/tmp_images: warning: Cannot be written to").arg(path)),
              qPrintable(result.errors));
 }
 
