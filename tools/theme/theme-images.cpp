@@ -208,7 +208,7 @@ void ThemeImages::checkListedFiles()
             } else {
                 m_findings->add("image-case", CatalogueName, lineOf(key, name),
                                 QStringLiteral("the file's name is images/%1, and not images/%2.png").arg(other, name));
-                m_spoilt.insert(other.chopped(4));
+                m_spoilt.insert(other.left(other.size() - 4));
                 m_spoilt.insert(other);
             }
         }
@@ -240,7 +240,7 @@ void ThemeImages::checkStates(const QString &name)
             m_findings->add(
                 "image-case", CatalogueName, lineOf(ImagesKey, name),
                 QStringLiteral("the file's name is images/%1, and not images/%2%3.png").arg(other, name, ending));
-            m_spoilt.insert(other.chopped(4));
+            m_spoilt.insert(other.left(other.size() - 4));
             m_spoilt.insert(other);
         }
     }
@@ -250,10 +250,13 @@ void ThemeImages::checkStates(const QString &name)
 void ThemeImages::checkStateSizes()
 {
     for (const QString &file : qAsConst(m_files)) {
+        if (!file.endsWith(QLatin1String(".png"))) {
+            continue;
+        }
         const QString name = file.chopped(4);
         for (const QString &ending : StateEndings + QStringList {QStringLiteral("_focus")}) {
-            const QString normal = name.chopped(ending.size());
-            if (!file.endsWith(QLatin1String(".png")) || !name.endsWith(ending) || isSpoilt(name) || isSpoilt(normal)) {
+            const QString normal = name.endsWith(ending) ? name.chopped(ending.size()) : QString();
+            if (normal.isEmpty() || isSpoilt(name) || isSpoilt(normal)) {
                 continue;
             }
             const QSize size = sizeOf(name);

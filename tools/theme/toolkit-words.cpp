@@ -219,23 +219,23 @@ bool Toolkit::holdsColor(const QString &property)
 
 QStringList Toolkit::keywordsOf(const QString &property)
 {
-    static const char *const Styles =
+    static const char *const styles =
         "none solid dashed dotted dot-dash dot-dot-dash double groove ridge inset outset native hidden";
-    static const char *const Boxes = "margin border padding content";
+    static const char *const boxes = "margin border padding content";
     static const std::pair<const char *, const char *> keywords[] = {
         {"background-attachment", "scroll fixed"},
-        {"background-clip", Boxes},
-        {"background-origin", Boxes},
+        {"background-clip", boxes},
+        {"background-origin", boxes},
         {"background-repeat", "repeat repeat-x repeat-y repeat-xy no-repeat"},
-        {"border-bottom-style", Styles},
-        {"border-left-style", Styles},
-        {"border-right-style", Styles},
-        {"border-style", Styles},
-        {"border-top-style", Styles},
+        {"border-bottom-style", styles},
+        {"border-left-style", styles},
+        {"border-right-style", styles},
+        {"border-style", styles},
+        {"border-top-style", styles},
         {"font-style", "normal italic oblique"},
-        {"outline-style", Styles},
+        {"outline-style", styles},
         {"position", "relative absolute static fixed"},
-        {"subcontrol-origin", Boxes},
+        {"subcontrol-origin", boxes},
         {"subcontrol-position", "top bottom left right center"},
         {"text-align", "left right center top bottom justify"},
         {"text-decoration", "none underline overline line-through blink"},
