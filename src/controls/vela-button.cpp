@@ -89,7 +89,6 @@ public:
     QString imageName; // where the icons are from, but those that were given as pixmaps
     StateIcon icons[ImageManager::ImageFile::VariantCount];
     QSize iconSize; // logical pixels
-    bool isInitialized = false;
 };
 
 // Shows the icon in the icons' own size, which is not applied before.
@@ -193,9 +192,8 @@ void VelaIconButton::initialize()
 {
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setStyleSheet(Look::sheet(Style::IconButton));
+    Look::setFirstStyleSheet(this, Look::sheet(Style::IconButton));
     setPopupMode(QToolButton::InstantPopup);
-    d->isInitialized = true;
 }
 
 void VelaIconButton::enterEvent(QEvent *event)
@@ -236,12 +234,8 @@ void VelaIconButton::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
 }
 
-// The first sheet is only kept: what the toolkit wants to know of it, it asks again when the button gets its parent.
 void VelaIconButton::changeEvent(QEvent *event)
 {
-    if (!d->isInitialized) {
-        return;
-    }
     if (event->type() == QEvent::EnabledChange) {
         d->showIdle();
     }

@@ -76,7 +76,7 @@ public:
     /// Replaces the icon shown while the button is disabled.
     void setDisableIcon(const QPixmap &pixmap);
 
-    /// Sets style, size policy and popup mode; both constructors have called it.
+    /// Sets style, size policy and popup mode; every constructor has called it.
     void initialize();
 
 protected:

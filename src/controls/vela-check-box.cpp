@@ -17,8 +17,6 @@ VelaCheckBox::VelaCheckBox(const QString &text, QWidget *parent) : QCheckBox(tex
     setStyleSheet(Look::sheet(Style::CheckBox));
 }
 
-VelaCheckBox::VelaCheckBox(QWidget *parent) : VelaCheckBox(QString(), parent) { }
-
 VelaCheckBox::~VelaCheckBox() = default;
 
 void VelaCheckBox::customEvent(QEvent *event)
@@ -37,8 +35,6 @@ VelaRadioButton::VelaRadioButton(const QString &text, QWidget *parent) : QRadioB
 {
     setStyleSheet(Look::sheet(Style::RadioButton));
 }
-
-VelaRadioButton::VelaRadioButton(QWidget *parent) : VelaRadioButton(QString(), parent) { }
 
 VelaRadioButton::~VelaRadioButton() = default;
 

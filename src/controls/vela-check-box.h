@@ -21,8 +21,6 @@ class VELA_EXPORT VelaCheckBox : public QCheckBox
 public:
     /// An unchecked box with @p text behind it; "&" marks the access key.
     explicit VelaCheckBox(const QString &text, QWidget *parent = nullptr);
-    /// One without a text, as forms make it.
-    explicit VelaCheckBox(QWidget *parent);
     ~VelaCheckBox() override;
 
 protected:
@@ -40,8 +38,6 @@ class VELA_EXPORT VelaRadioButton : public QRadioButton
 public:
     /// An unchecked button with @p text behind it; "&" marks the access key.
     explicit VelaRadioButton(const QString &text, QWidget *parent = nullptr);
-    /// One without a text, as forms make it.
-    explicit VelaRadioButton(QWidget *parent);
     ~VelaRadioButton() override;
 
 protected:

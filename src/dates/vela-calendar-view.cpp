@@ -218,6 +218,9 @@ void VelaCalanderViewPrivate::handleNavigationBar()
         child<QToolButton>(name)->setFocusPolicy(Qt::StrongFocus);
     }
     for (const Arrow &arrow : Arrows) {
+        child<QToolButton>(arrow.objectName)->setAccessibleName(Look::text(arrow.accessibleName));
+    }
+    for (const Arrow &arrow : Arrows) {
         handleArrow(arrow);
     }
     auto *yearEdit = child<QSpinBox>("qt_calendar_yearedit");
@@ -236,7 +239,6 @@ void VelaCalanderViewPrivate::handleArrow(const Arrow &arrow)
 {
     const QPixmap pixmap = Look::image(arrow.image);
     auto *button = child<QToolButton>(arrow.objectName);
-    button->setAccessibleName(Look::text(arrow.accessibleName));
     button->setIcon(pixmap);
     button->setIconSize(Look::logicalSize(pixmap));
 }
@@ -258,6 +260,8 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     weekdayView = new QTableWidget(0, DaysPerWeek, calendar);
     weekdayView->setFocusPolicy(Qt::NoFocus);
     weekdayView->setObjectName(QStringLiteral("qt_calendar_weekdayview"));
+    const QString headerSheet = Look::sheet(Style::TableHeader);
+    const QString tableSheet = Look::sheet(Style::Table);
     weekdayView->setFixedHeight(scaled(WeekdayHeight));
     weekdayView->horizontalHeader()->hide();
     weekdayView->verticalHeader()->hide();
@@ -285,8 +289,8 @@ void VelaCalanderViewPrivate::handleWeekdayHeader()
     qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
 
     // Last, and the table before its header: what comes after a sheet is styled again.
-    weekdayView->setStyleSheet(Look::sheet(Style::Table));
-    weekdayView->horizontalHeader()->setStyleSheet(Look::sheet(Style::TableHeader));
+    weekdayView->setStyleSheet(tableSheet);
+    weekdayView->horizontalHeader()->setStyleSheet(headerSheet);
 }
 
 void VelaCalanderViewPrivate::handleTabOrder()

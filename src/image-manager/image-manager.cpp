@@ -123,8 +123,10 @@ void ImageManager::lazyLoad(const QString &name)
 
 void ImageManager::prepareImages()
 {
-    for (ImageFile &image : m_images) {
-        load(image);
+    QStringList names = m_images.keys();
+    names.sort();
+    for (const QString &name : qAsConst(names)) {
+        load(m_images[name]);
     }
 }
 

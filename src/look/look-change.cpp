@@ -13,16 +13,20 @@ namespace Vela {
 
 namespace {
 
-QEvent::Type eventType()
+int eventType = -1; // registered for the first change
+
+QEvent::Type registeredEventType()
 {
-    static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
-    return type;
+    if (eventType < 0) {
+        eventType = QEvent::registerEventType();
+    }
+    return static_cast<QEvent::Type>(eventType);
 }
 
 class LookChangeEvent : public QEvent
 {
 public:
-    explicit LookChangeEvent(const LookChange &lookChange) : QEvent(eventType()), change(lookChange) { }
+    explicit LookChangeEvent(const LookChange &lookChange) : QEvent(registeredEventType()), change(lookChange) { }
 
     const LookChange &change;
 };
@@ -62,7 +66,7 @@ void LookChange::tell(QWidget *widget) const
 
 const LookChange *LookChange::of(const QEvent *event)
 {
-    return event->type() == eventType() ? &static_cast<const LookChangeEvent *>(event)->change : nullptr;
+    return event->type() == eventType ? &static_cast<const LookChangeEvent *>(event)->change : nullptr;
 }
 
 bool LookChange::isOfEverything() const

@@ -32,17 +32,22 @@ void ModalSheet::addButtonBox()
     buttonBox = new QDialogButtonBox(m_sheet);
 }
 
-void ModalSheet::setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption)
+ModalSheet::ButtonLook ModalSheet::buttonLook(Style style, const QString &customCaption, Text caption)
+{
+    return {Look::textOr(customCaption, caption), Look::sheet(style)};
+}
+
+void ModalSheet::setUpButton(QMessageBox::StandardButton which, const ButtonLook &look)
 {
     QPushButton *known = button(which);
     if (!known) {
         return;
     }
-    known->setText(Look::textOr(customCaption, caption));
+    known->setText(look.caption);
     if (which == QMessageBox::Ok) {
         known->setDefault(true);
     }
-    known->setStyleSheet(Look::sheet(style));
+    known->setStyleSheet(look.sheet);
 }
 
 void ModalSheet::renew(const LookChange &change, Style style, Text okCaption)

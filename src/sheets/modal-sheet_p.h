@@ -50,8 +50,15 @@ protected:
 
     /// Makes the box: after what is above it, for that is the order in which Tab visits them.
     void addButtonBox();
-    /// Gives a button, if the box has it, its style sheet and @p customCaption, or @p caption where that is empty.
-    void setUpButton(QMessageBox::StandardButton which, Style style, const QString &customCaption, Text caption);
+    struct ButtonLook
+    {
+        QString caption;
+        QString sheet;
+    };
+    /// What a button with @p customCaption, or @p caption where that is empty, is to look like.
+    static ButtonLook buttonLook(Style style, const QString &customCaption, Text caption);
+    /// Gives a button its look, if the box has it.
+    void setUpButton(QMessageBox::StandardButton which, const ButtonLook &look);
     /// Sets @p text, which may be rich, in lines as high as that, in logical pixels.
     static void setParagraph(QLabel *label, const QString &text, int lineHeight);
     /// Renews the looks of the sheet and of its buttons; of the latter the captions too.

@@ -62,15 +62,17 @@ VelaInputSheetPrivate::VelaInputSheetPrivate(VelaInputSheet *sheet) :
 
 void VelaInputSheetPrivate::initialize()
 {
-    // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
+    const ButtonLook ok = buttonLook(Style::ApplyButton, QString(), Text::Ok);
+    const ButtonLook cancel = buttonLook(Style::CancelButton, QString(), Text::Cancel);
+    // Before its buttons: styled children are polished again when an ancestor is given a style sheet.
     // A frame loses its margins, the shadow's room, when it is styled.
     const QMargins shadow = q->contentsMargins();
     q->setStyleSheet(Look::sheet(Style::SheetOther));
     q->ensurePolished();
     q->setContentsMargins(shadow);
     buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
-    setUpButton(QMessageBox::Ok, Style::ApplyButton, QString(), Text::Ok);
-    setUpButton(QMessageBox::Discard, Style::CancelButton, QString(), Text::Cancel);
+    setUpButton(QMessageBox::Ok, ok);
+    setUpButton(QMessageBox::Discard, cancel);
     connect(buttonBox, &QDialogButtonBox::clicked, q, &VelaInputSheet::buttonClick);
     setupLayout();
 }

@@ -82,14 +82,21 @@ VelaMessageSheetPrivate::VelaMessageSheetPrivate(VelaMessageSheet *sheet) :
 
 void VelaMessageSheetPrivate::initialize(const MsgBoxCustomBtnText &captions)
 {
-    // The sheet comes first: styled children are polished again when an ancestor is given a style sheet.
-    q->setStyleSheet(Look::sheet(style()));
-
     const TypeLook look = lookOf(type);
     setUpIcon(look.icon);
+    ButtonLook ok;
+    if (look.buttons.testFlag(QDialogButtonBox::Ok)) {
+        ok = buttonLook(Style::ApplyButton, captions.okText, okCaption());
+    }
+    ButtonLook cancel;
+    if (look.buttons.testFlag(QDialogButtonBox::Discard)) {
+        cancel = buttonLook(Style::CancelButton, captions.cancelText, Text::Cancel);
+    }
+    // Before its buttons: styled children are polished again when an ancestor is given a style sheet.
+    q->setStyleSheet(Look::sheet(style()));
     setUpButtonBox(look.buttons);
-    setUpButton(QMessageBox::Ok, Style::ApplyButton, captions.okText, okCaption());
-    setUpButton(QMessageBox::Discard, Style::CancelButton, captions.cancelText, Text::Cancel);
+    setUpButton(QMessageBox::Ok, ok);
+    setUpButton(QMessageBox::Discard, cancel);
     sizeButton(QMessageBox::Ok, OkMinimumWidth);
     sizeButton(QMessageBox::Discard, CancelMinimumWidth);
     connect(buttonBox, &QDialogButtonBox::clicked, q, &VelaMessageSheet::buttonClick, Qt::UniqueConnection);

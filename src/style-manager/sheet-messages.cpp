@@ -60,9 +60,7 @@ void tellRefusedSections(const std::vector<QString> &files)
         RemovedComments removed;
         const QByteArray plain = removeComments(text, &removed);
         for (const SheetSection &section : findSections(plain)) {
-            QString body = section.body;
-            body.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // where a combo box puts in its own
-            if (isUnderstood(body)) {
+            if (isUnderstood(section.body)) {
                 continue;
             }
             const int position = beginOfRefusal(plain, section);

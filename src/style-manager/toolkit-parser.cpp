@@ -50,10 +50,12 @@ bool isUnderstood(const QString &sheet)
 {
     constexpr int Width = 4321;
     const RefusalListener listener;
-    const bool hasRules = sheet.contains(QLatin1Char('{'));
+    QString filled = sheet;
+    filled.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // where a combo box puts in its own
+    const bool hasRules = filled.contains(QLatin1Char('{'));
     QWidget probe;
     probe.setObjectName(QStringLiteral("vela_probe"));
-    probe.setStyleSheet(hasRules ? QStringLiteral("#vela_probe { min-width: %1px; }\n").arg(Width) + sheet : sheet);
+    probe.setStyleSheet(hasRules ? QStringLiteral("#vela_probe { min-width: %1px; }\n").arg(Width) + filled : filled);
     probe.ensurePolished();
     return !listener.hasHeard() && (!hasRules || probe.minimumWidth() == Width);
 }

@@ -62,7 +62,7 @@ void ThemeFolder::read(const QString &language, const QString &fallbackLanguage)
         add(Problem::Error, m_folder, 0, QStringLiteral("There is no such folder"));
         return;
     }
-    static const QRegularExpression scaledLength(QStringLiteral("[0-9.]px"));
+    static const QRegularExpression scaledLength(QStringLiteral("[0-9]\\.?px"));
     if (m_folder.contains(scaledLength)) {
         add(Problem::Warning, m_folder, 0,
             QStringLiteral(
@@ -270,9 +270,7 @@ void ThemeFolder::checkSections(const SheetFile &file)
         if (line == 0) {
             continue;
         }
-        QString filled = section;
-        filled.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // where a combo box puts in its own
-        if (!isUnderstood(filled)) {
+        if (!isUnderstood(section)) {
             add(Problem::Error, file.path, line,
                 QStringLiteral("The toolkit cannot parse the section \"%1\"").arg(key));
         }

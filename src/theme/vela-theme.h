@@ -94,8 +94,8 @@ Q_SIGNALS:
     /// refused.
     ///
     /// Sections and texts that the application has added to the registries are gone: they are to be added again. Links
-    /// in rich texts, and widgets of the application with a style sheet that sets no colours, keep the former palette
-    /// until the text or the sheet is set anew.
+    /// in rich texts of labels, and widgets of the application with a style sheet that sets no colours, keep the former
+    /// palette until the text or the sheet is set anew.
     void changed();
 
 private:

@@ -396,7 +396,7 @@ void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &op
 {
     const bool isPlain = !(option.state & (QStyle::State_Selected | QStyle::State_Editing))
         && !option.features.testFlag(QStyleOptionViewItem::WrapText) && text.size() <= LongestShapedText
-        && !text.contains(QLatin1Char('\n'));
+        && !text.contains(QLatin1Char('\n')) && !text.contains(QChar::LineSeparator);
     const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
     const QRect place = rect.adjusted(margin, 0, -margin, 0);

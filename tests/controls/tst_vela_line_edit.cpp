@@ -103,6 +103,7 @@ private Q_SLOTS:
     void textsAndFieldHaveTheScaledSheetsOfTheirKeys();
     void itIsARowOfTextFieldAndText();
     void itsPartsBelongToIt();
+    void itHandsTheFocusToItsField();
     void itsPartsAreEmptyAtFirst();
     void gettersGiveBackWhatWasSet();
     void emptyTextsTakeNoRoom();
@@ -607,6 +608,18 @@ void VelaLineEditTest::anErrorMayBeSetBeforeItIsShown()
     edit->setError(true);
     QVERIFY(window.showAndWait());
     QCOMPARE(paintedColor(edit->getLineEdit()), Error);
+}
+
+// As a label's access key, or an application, gives it to the whole.
+void VelaLineEditTest::itHandsTheFocusToItsField()
+{
+    ControlWindow window(new VelaLineEdit);
+    auto *edit = static_cast<VelaLineEdit *>(window.control);
+    QVERIFY(window.showAndWait());
+    QVERIFY(!edit->getLineEdit()->hasFocus());
+    edit->setFocus();
+    QVERIFY(edit->getLineEdit()->hasFocus());
+    QVERIFY(edit->hasFocus());
 }
 
 QTEST_MAIN(VelaLineEditTest)

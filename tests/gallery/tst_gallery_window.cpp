@@ -27,7 +27,6 @@
 #include <QPlainTextEdit>
 #include <QScopedPointer>
 #include <QScrollBar>
-#include <QStandardPaths>
 #include <QtTest>
 
 #include <cstdio>
@@ -102,7 +101,6 @@ class GalleryWindowTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
@@ -141,13 +139,9 @@ private:
     QAbstractButton *button(const QString &text) const;
     QStringList loggedLines() const;
 
+    const OwnDataFolder m_dataFolder;
     QScopedPointer<GalleryWindow> m_window;
 };
-
-void GalleryWindowTest::initTestCase()
-{
-    QStandardPaths::setTestModeEnabled(true);
-}
 
 void GalleryWindowTest::init()
 {

@@ -252,6 +252,8 @@ private Q_SLOTS:
     void eachCallLeavesOneHiddenEmptyMask();
     void aSheetIsAnswered_data();
     void aSheetIsAnswered();
+    void escapeOnAnInformationSheetIsSwallowed_data();
+    void escapeOnAnInformationSheetIsSwallowed();
     void aSheetTakesCustomCaptions_data();
     void aSheetTakesCustomCaptions();
     void theWindowStaysOpenUnderASheet();
@@ -510,6 +512,30 @@ void VelaMsgBoxTest::aSheetIsAnswered()
                                   }
                               });
     QCOMPARE(result, expected);
+}
+
+void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed_data()
+{
+    QTest::addColumn<const Shortcut *>("shortcut");
+    for (int i = 0; i < 3; ++i) {
+        QTest::newRow(Shortcuts[i].name) << &Shortcuts[i];
+    }
+}
+
+void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
+{
+    QFETCH(const Shortcut *, shortcut);
+    MessageWindow window;
+    QVERIFY(window.showAndWait());
+    EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
+    const int result = answer([&] { return shortcut->call(&window); },
+                              [&] {
+                                  window.key(Qt::Key_Escape);
+                                  QVERIFY(window.sheet());
+                                  window.key(Qt::Key_Return);
+                              });
+    QCOMPARE(result, NoResult);
+    QCOMPARE(presses.take(), 0);
 }
 
 void VelaMsgBoxTest::aSheetTakesCustomCaptions_data()

@@ -36,8 +36,7 @@ private Q_SLOTS:
     void sectionsAndImagesAreToldWithTheirPlaces()
     {
         QLoggingCategory::setFilterRules(QStringLiteral("vela.theme=true"));
-        QStringList told = messages();
-        told.sort(); // images are loaded in any order
+        const QStringList told = messages();
         QCOMPARE(told.size(), 3);
         const QString section = QStringLiteral("vela.theme: component.label, %1/a.qss:5: ").arg(m_folder.path());
         const QString broken =
@@ -47,6 +46,24 @@ private Q_SLOTS:
         QVERIFY2(told.at(0).contains(broken), qPrintable(told.at(0)));
         QVERIFY2(told.at(1).contains(missing), qPrintable(told.at(1)));
         QVERIFY2(told.at(2).startsWith(section), qPrintable(told.at(2)));
+    }
+
+    // Whose first rule holds what a combo box puts its own in the place of.
+    void aBrokenRuleOfATemplateIsToldWithItsLine()
+    {
+        QLoggingCategory::setFilterRules(QStringLiteral("vela.theme=true"));
+        m_folder.writeFile(QStringLiteral("template.qss"),
+                           "== component.combobox ==\n"
+                           "QComboBox {\n    %1\n    %2\n}\n"
+                           "QComboBox:hover {{ color: red; }\n");
+        ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+        LogCapture log;
+        StyleManager::getInstance()->initialize({m_folder.path() + QStringLiteral("/template.qss")});
+        const QStringList told = log.takeTexts();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.at(0).startsWith(
+                     QStringLiteral("vela.theme: component.combobox, %1/template.qss:6: ").arg(m_folder.path())),
+                 qPrintable(told.at(0)));
     }
 
     void aBrokenListIsToldWithItsLine()

@@ -32,6 +32,11 @@ QString referenceTheme(const QString &palette)
     return QDir::cleanPath(QStringLiteral(VELA_THEME_DIR "/../") + palette);
 }
 
+OwnDataFolder::OwnDataFolder()
+{
+    qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit());
+}
+
 ThemeCopy::ThemeCopy(const QString &palette)
 {
     const QString theme = referenceTheme(palette);

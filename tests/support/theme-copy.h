@@ -32,5 +32,15 @@ private:
 /// JSON that is written with simple quotation marks.
 QByteArray json(const char *text);
 
+/// A folder for the data of applications that this process has for itself, while others run the same test.
+class OwnDataFolder
+{
+public:
+    OwnDataFolder();
+
+private:
+    QTemporaryDir m_folder;
+};
+
 /// The folder of the reference theme that has this palette.
 QString referenceTheme(const QString &palette);

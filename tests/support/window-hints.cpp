@@ -3,13 +3,31 @@
 
 #include "support/window-hints.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QThread>
 #include <QWidget>
 
 namespace {
 
 constexpr char Property[] = "_MOTIF_WM_HINTS";
 const QVector<quint32> Away {1, 0, 6, 0, 0}; // hints of a window whose close button is away
+
+// The server may serve our connection before the one that the hints were changed on. No event is handled meanwhile.
+template<typename Predicate>
+bool comesTrue(Predicate isTrue)
+{
+    constexpr int Patience = 5000; // milliseconds
+    QElapsedTimer timer;
+    timer.start();
+    while (!isTrue()) {
+        if (timer.elapsed() > Patience) {
+            return false;
+        }
+        QThread::msleep(5);
+    }
+    return true;
+}
 
 } // namespace
 
@@ -34,10 +52,10 @@ QVector<quint32> WindowHints::now() const
 
 bool WindowHints::isAway() const
 {
-    return !m_x || now() == Away;
+    return !m_x || comesTrue([this] { return now() == Away; });
 }
 
 bool WindowHints::isBack() const
 {
-    return !m_x || now() == m_before;
+    return !m_x || comesTrue([this] { return now() == m_before; });
 }

@@ -46,8 +46,6 @@ class VelaThemeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
-
     // While nothing has been loaded.
     void beforeLoadingItHasNoFolderAndNoLanguage()
     {
@@ -328,6 +326,8 @@ private Q_SLOTS:
     }
 
 private:
+    const OwnDataFolder m_dataFolder;
+
     static VelaTheme *theme() { return VelaTheme::getInstance(); }
     static QString light() { return referenceTheme(QStringLiteral("light")); }
 };

@@ -17,6 +17,7 @@
 #include "style-manager/style-manager.h"
 #include "support/all-widgets.h"
 #include "support/controls.h"
+#include "support/environment.h"
 #include "support/log-capture.h"
 #include "support/theme-copy.h"
 #include "theme/vela-theme.h"
@@ -27,7 +28,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QStandardPaths>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -100,8 +100,6 @@ class VelaThemeChangeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
-
     // Each widget that has followed beside one that was made afterwards.
     void widgetsThatLiveLookLikeNewOnes_data()
     {
@@ -241,9 +239,11 @@ private Q_SLOTS:
         QEvent enter(QEvent::Enter);
         QCoreApplication::sendEvent(&button, &enter);
         load(Dark, English);
-        const QImage hovered = getGlobalImage("bt_add", ImageManager::IMAGE_HOVER).toImage();
-        QCOMPARE(button.icon().pixmap(button.iconSize()).toImage().convertToFormat(QImage::Format_ARGB32),
-                 hovered.convertToFormat(QImage::Format_ARGB32));
+        VelaIconButton atRest(QStringLiteral("bt_add"));
+        VelaIconButton hovered(QStringLiteral("bt_add"));
+        QCoreApplication::sendEvent(&hovered, &enter);
+        QCOMPARE(button.grab().toImage(), hovered.grab().toImage());
+        QVERIFY(button.icon().pixmap(16, 16).toImage() != atRest.icon().pixmap(16, 16).toImage());
     }
 
     void twoKindsThatLookTheSameArePartedByAnotherTheme()
@@ -533,20 +533,19 @@ private Q_SLOTS:
         copy.write(QStringLiteral("theme.json"), json("{'colors': {'mask': '#80112233', 'sheet_body': '#445566'}}"));
         Window window(new QWidget);
         QVERIFY(window.showAndWait());
-        bool hasRun = false;
+        QColor maskColor;
+        QColor bodyColor;
         QTimer::singleShot(0, this, [&] {
-            auto *mask = window.findChild<VelaMask *>();
-            QVERIFY(mask);
-            QTRY_VERIFY(mask->isVisible());
-            QVERIFY(VelaTheme::getInstance()->load(copy.path(), English).isEmpty());
-            QCOMPARE(mask->palette().color(QPalette::Window), QColor(0x11, 0x22, 0x33, 0x80));
-            auto *sheet = mask->findChild<VelaMessageSheet *>();
-            QCOMPARE(paintedColor(sheet, sheet->rect().bottomRight() - QPoint(30, 30)), QColor(0x44, 0x55, 0x66));
-            hasRun = true;
+            VelaTheme::getInstance()->load(copy.path(), English);
+            maskColor = window.findChild<VelaMask *>()->palette().color(QPalette::Window);
+            auto *sheet = window.findChild<VelaMessageSheet *>();
+            const QPoint margin(expectedPixels(30), expectedPixels(30)); // wider than the shadow
+            bodyColor = paintedColor(sheet, sheet->rect().bottomRight() - margin);
             sheet->done(QMessageBox::Ok);
         });
         showInfoMsg(QStringLiteral("title"), QStringLiteral("text"), &window);
-        QVERIFY(hasRun);
+        QCOMPARE(maskColor, QColor(0x11, 0x22, 0x33, 0x80));
+        QCOMPARE(bodyColor, QColor(0x44, 0x55, 0x66));
     }
 
     void aBoxWithoutAWindowFollows()
@@ -680,6 +679,9 @@ private Q_SLOTS:
         QVERIFY(VelaTheme::getInstance()->reload().isEmpty());
         QVERIFY(edit.grab().toImage() != former);
     }
+
+private:
+    const OwnDataFolder m_dataFolder;
 };
 
 QTEST_MAIN(VelaThemeChangeTest)

@@ -10,7 +10,6 @@
 #include "utils/component-strings.h"
 
 #include <QDir>
-#include <QStandardPaths>
 #include <QtTest>
 
 #include <functional>
@@ -30,8 +29,6 @@ class VelaThemeProblemsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
-
     void init() { QVERIFY(theme()->load(referenceTheme(QStringLiteral("light")), English).isEmpty()); }
 
     // Whatever the fault, it is told by file and line, nothing is logged, and a theme with an error is not taken.
@@ -255,6 +252,8 @@ private Q_SLOTS:
     }
 
 private:
+    const OwnDataFolder m_dataFolder;
+
     static VelaTheme *theme() { return VelaTheme::getInstance(); }
 };
 

@@ -437,6 +437,7 @@ void ItemDelegateTest::textsAreDrawnAsByTheBase_data()
     QTest::newRow("far too long") << QString(QStringLiteral("folder ")).repeated(300);
     QTest::newRow("two lines") << QStringLiteral("one\ntwo");
     QTest::newRow("line separator") << QStringLiteral("one\u2028two");
+    QTest::newRow("line separator at the end") << QStringLiteral("one\u2028");
     QTest::newRow("paragraph separator") << QStringLiteral("one\u2029two");
     QTest::newRow("tab and carriage return") << QStringLiteral("a\tb\rc");
     QTest::newRow("right to left") << QStringLiteral("abc \u05d0\u05d1\u05d2 12");
