@@ -36,7 +36,7 @@ class VELA_EXPORT VelaTheme : public QObject
 
 public:
     /// What is wrong with a theme.
-    struct VELA_EXPORT Problem
+    struct Problem
     {
         /// What it means for the theme.
         enum Severity {
