@@ -317,9 +317,12 @@ void GalleryWindowTest::aThemeIsChosenByKeyboard()
 {
     QAbstractButton *apply = button(QStringLiteral("Apply"));
     const QString lightSheet = apply->styleSheet();
+    auto *theme = m_window->findChild<VelaComboBox *>(QStringLiteral("theme"));
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
     QTest::keyClick(m_window.data(), Qt::Key_T, Qt::AltModifier);
-    QTRY_COMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("theme"));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTRY_VERIFY(theme->hasFocus());
+    QTest::keyClick(theme, Qt::Key_Down);
     QCOMPARE(VelaTheme::getInstance()->folder(), referenceTheme(QStringLiteral("dark")));
     QVERIFY(apply->styleSheet() != lightSheet);
     QCOMPARE(apply->styleSheet(), VelaButton(QString(), VelaButton::ApplyButton).styleSheet());
