@@ -197,65 +197,78 @@ int runCompare(const Call &call)
     return lines.isEmpty() ? Clean : Found;
 }
 
+using Options = QList<QCommandLineOption>;
+
+Options noOptions()
+{
+    return {};
+}
+
+Options contractOptions()
+{
+    return {formatOption(QStringLiteral("json (the default) or markdown"))};
+}
+
+Options checkOptions()
+{
+    return {
+        formatOption(QStringLiteral("text (the default) or json")),
+        {QStringLiteral("explain"), QStringLiteral("Tells what a rule is about, in place of a check."),
+         QStringLiteral("RULE")},
+        {QStringLiteral("memory"),
+         QStringLiteral("Tells how many bytes the images take in memory, in place of a check.")},
+    };
+}
+
+Options newOptions()
+{
+    return {
+        {QStringLiteral("accent"), QStringLiteral("The theme's accent."), QStringLiteral("#RRGGBB")},
+        {QStringLiteral("base"), QStringLiteral("The reference palette for all else: light, dark or high-contrast."),
+         QStringLiteral("PALETTE"), QStringLiteral("light")},
+    };
+}
+
+Options renderOptions()
+{
+    QCommandLineOption screen(QStringLiteral("screen"), QStringLiteral("Only the screen of that number."),
+                              QStringLiteral("NUMBER"));
+    screen.setFlags(QCommandLineOption::HiddenFromHelp); // for the processes that the program starts itself
+    return {
+        {QStringLiteral("compact"),
+         QStringLiteral("Keeps the pictures at scale 1, left to right, and of all others what \"compare\" needs.")},
+        screen,
+    };
+}
+
+Options compareOptions()
+{
+    return {
+        {QStringLiteral("output"), QStringLiteral("Folder for pictures of the differences."), QStringLiteral("OUT")}};
+}
+
 struct Command
 {
     const char *name;
     const char *arguments;
     const char *description;
-    QList<QCommandLineOption> (*options)();
+    Options (*options)();
     int (*run)(const Call &call);
     bool needsScreen;
 };
 
-const Command Commands[] = {
-    {"contract", "", "Prints all that the library asks a theme for.",
-     [] { return QList<QCommandLineOption> {formatOption(QStringLiteral("json (the default) or markdown"))}; },
-     runContract, false},
-    {"check", "DIR", "Checks a theme and prints a line for each finding.",
-     [] {
-         return QList<QCommandLineOption> {
-             formatOption(QStringLiteral("text (the default) or json")),
-             {QStringLiteral("explain"), QStringLiteral("Tells what a rule is about, in place of a check."),
-              QStringLiteral("RULE")},
-             {QStringLiteral("memory"),
-              QStringLiteral("Tells how many bytes the images take in memory, in place of a check.")},
-         };
-     },
-     runCheck, true},
-    {"new", "DIR", "Writes the source of a theme in the colours of an accent, with its CMake file.",
-     [] {
-         return QList<QCommandLineOption> {
-             {QStringLiteral("accent"), QStringLiteral("The theme's accent."), QStringLiteral("#RRGGBB")},
-             {QStringLiteral("base"),
-              QStringLiteral("The reference palette for all else: light, dark or high-contrast."),
-              QStringLiteral("PALETTE"), QStringLiteral("light")},
-         };
-     },
-     runNew, false},
+constexpr Command Commands[] = {
+    {"contract", "", "Prints all that the library asks a theme for.", contractOptions, runContract, false},
+    {"check", "DIR", "Checks a theme and prints a line for each finding.", checkOptions, runCheck, true},
+    {"new", "DIR", "Writes the source of a theme in the colours of an accent, with its CMake file.", newOptions, runNew,
+     false},
     {"render", "DIR OUT", "Renders every widget in each state, at each scale and in both directions of reading.",
-     [] {
-         QCommandLineOption screen(QStringLiteral("screen"), QStringLiteral("Only the screen of that number."),
-                                   QStringLiteral("NUMBER"));
-         screen.setFlags(QCommandLineOption::HiddenFromHelp); // for the processes that the program starts itself
-         return QList<QCommandLineOption> {
-             {QStringLiteral("compact"),
-              QStringLiteral(
-                  "Keeps the pictures at scale 1, left to right, and of all others what \"compare\" needs.")},
-             screen,
-         };
-     },
-     runRender, true},
+     renderOptions, runRender, true},
     {"compare", "DIR APPROVED",
-     "Renders a theme and tells which pictures are not as in a folder that \"render\" has made.",
-     [] {
-         return QList<QCommandLineOption> {
-             {QStringLiteral("output"), QStringLiteral("Folder for pictures of the differences."),
-              QStringLiteral("OUT")},
-         };
-     },
+     "Renders a theme and tells which pictures are not as in a folder that \"render\" has made.", compareOptions,
      runCompare, true},
     {"diff", "A B", "Tells what changes from one theme to another, or from one contract (a JSON file) to another.",
-     [] { return QList<QCommandLineOption>(); }, runDiff, true},
+     noOptions, runDiff, true},
 };
 
 const char Examples[] = R"(
@@ -335,7 +348,8 @@ int runCommand(int &argc, char **argv)
     parser.addOptions(command->options());
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help."));
     parser.addOption(help);
-    for (const QString &argument : QString::fromLatin1(command->arguments).split(u' ', Qt::SkipEmptyParts)) {
+    const QStringList names = QString::fromLatin1(command->arguments).split(u' ', Qt::SkipEmptyParts);
+    for (const QString &argument : names) {
         parser.addPositionalArgument(
             argument, argument == QLatin1String("DIR") ? QStringLiteral("A theme's folder.") : QString());
     }

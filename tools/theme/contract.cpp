@@ -52,7 +52,8 @@ QJsonArray styles()
     for (const Vela::StyleEntry &entry : Vela::StyleEntries) {
         QStringList classes;
         QStringList objects;
-        for (const QString &name : listOf(entry.reaches)) {
+        const QStringList reached = listOf(entry.reaches);
+        for (const QString &name : reached) {
             name.startsWith(u'#') ? objects.append(name.mid(1)) : classes.append(name);
         }
         array.append(QJsonObject {

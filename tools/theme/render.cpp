@@ -164,8 +164,9 @@ QString renderTheme(const QString &folder, const QString &output)
         return QStringLiteral("Cannot make the folder '%1'.").arg(output);
     }
     const QDir dir(output);
-    for (const QString &old : dir.entryList({QStringLiteral("*-ltr.png"), QStringLiteral("*-rtl.png")}, QDir::Files)) {
-        QFile::remove(dir.filePath(old));
+    const QStringList old = dir.entryList({QStringLiteral("*-ltr.png"), QStringLiteral("*-rtl.png")}, QDir::Files);
+    for (const QString &file : old) {
+        QFile::remove(dir.filePath(file));
     }
     QString list;
     for (int screen = 0; screen < renderScreenCount(); ++screen) {
@@ -185,7 +186,8 @@ QString renderTheme(const QString &folder, const QString &output)
         return QStringLiteral("Cannot write to '%1'.").arg(output);
     }
     QStringList cells;
-    for (const QString &line : list.split(u'\n', Qt::SkipEmptyParts)) {
+    const QStringList lines = list.split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
         cells.append(line.section(u' ', 0, 0));
     }
     return writeText(dir.filePath(SheetName), contactSheet(cells))
@@ -198,7 +200,8 @@ QMap<QString, QString> renderedCells(const QString &folder)
     QMap<QString, QString> cells;
     QFile file(folder + u'/' + ListName);
     if (file.open(QIODevice::ReadOnly)) {
-        for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        for (const QString &line : lines) {
             cells.insert(line.section(u' ', 0, 0), line.section(u' ', 1));
         }
     }
@@ -209,7 +212,8 @@ void makeCompact(const QString &folder)
 {
     const QDir dir(folder);
     QFile::remove(dir.filePath(SheetName));
-    for (const QString &file : dir.entryList({QStringLiteral("*.png")}, QDir::Files)) {
+    const QStringList pictures = dir.entryList({QStringLiteral("*.png")}, QDir::Files);
+    for (const QString &file : pictures) {
         if (!file.chopped(4).endsWith(QLatin1String(KeptEnding))) {
             QFile::remove(dir.filePath(file));
         }

@@ -609,7 +609,7 @@ private:
     {
         for (const QString &id : compound.ids) {
             QStringList known;
-            for (const QString &name : m_reached) {
+            for (const QString &name : qAsConst(m_reached)) {
                 if (name.startsWith(QLatin1Char('#'))) {
                     known.append(name.mid(1));
                 }

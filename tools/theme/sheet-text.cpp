@@ -32,7 +32,8 @@ bool isHeader(const QByteArray &line)
 // Of a line that may be no header: what stands between the first marks.
 QByteArray keyOf(const QByteArray &line)
 {
-    for (const QByteArray &part : line.split('=')) {
+    const QList<QByteArray> parts = line.split('=');
+    for (const QByteArray &part : parts) {
         const QByteArray key = part.simplified().replace(' ', "");
         if (!key.isEmpty()) {
             return key;
@@ -76,7 +77,8 @@ int firstForeignLine(const QByteArray &text)
         return 0;
     }
     int line = 1;
-    for (const QByteArray &content : text.split('\n')) {
+    const QList<QByteArray> lines = text.split('\n');
+    for (const QByteArray &content : lines) {
         QTextCodec::ConverterState state;
         codec->toUnicode(content.constData(), content.size(), &state);
         if (state.invalidChars > 0 || state.remainingChars > 0) {
@@ -165,7 +167,8 @@ SheetText::SheetText(const QString &folder, Findings *findings) : m_findings(fin
 void SheetText::read(const QString &folder)
 {
     const QDir styles(folder + QStringLiteral("/styles"));
-    for (const QString &name : styles.entryList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name)) {
+    const QStringList names = styles.entryList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
+    for (const QString &name : names) {
         QFile file(styles.filePath(name));
         m_names.append(QStringLiteral("styles/") + name);
         m_originals.append(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());

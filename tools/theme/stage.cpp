@@ -50,12 +50,6 @@ const QString Sample = QStringLiteral("HEIM gq");
 
 using State = StageState;
 
-const QVector<State> OfButtons = {State::Normal, State::Hovered, State::Pressed, State::Focused, State::Disabled};
-const QVector<State> OfChoices = OfButtons + QVector<State> {State::Checked};
-const QVector<State> OfFields = {State::Normal, State::Hovered, State::Focused, State::Disabled};
-const QVector<State> OfViews = {State::Normal, State::Focused, State::Disabled};
-const QVector<State> OfTexts = {State::Normal, State::Disabled};
-
 QWidget *withWidth(QWidget *widget, int width)
 {
     widget->setFixedWidth(scaled(width));
@@ -277,52 +271,49 @@ QWidget *activePart(QWidget *widget)
     return widget;
 }
 
-} // namespace
-
-QString nameOf(StageState state)
+QVector<StageWidget> makeStageWidgets()
 {
-    static const char *const names[] = {"normal", "hover", "pressed", "focus", "disabled", "checked", "error"};
-    return QString::fromLatin1(names[static_cast<int>(state)]);
-}
-
-const QVector<StageWidget> &stageWidgets()
-{
-    static const QVector<StageWidget> widgets = {
-        {"apply-button", "component.apply_button", OfButtons, true, button(VelaButton::ApplyButton)},
-        {"cancel-button", "component.cancel_button", OfButtons, true, button(VelaButton::CancelButton)},
-        {"default-button", "component.default_button", OfButtons, true, button(VelaButton::DefaultButton)},
-        {"red-button", "component.red_button", OfButtons, true, button(VelaButton::RedButton)},
-        {"select-paging-button", "component.select_paging_button", OfButtons, false,
+    const QVector<State> ofButtons = {State::Normal, State::Hovered, State::Pressed, State::Focused, State::Disabled};
+    const QVector<State> ofChoices = ofButtons + QVector<State> {State::Checked};
+    const QVector<State> ofFields = {State::Normal, State::Hovered, State::Focused, State::Disabled};
+    const QVector<State> ofViews = {State::Normal, State::Focused, State::Disabled};
+    const QVector<State> ofTexts = {State::Normal, State::Disabled};
+    return {
+        {"apply-button", "component.apply_button", ofButtons, true, button(VelaButton::ApplyButton)},
+        {"cancel-button", "component.cancel_button", ofButtons, true, button(VelaButton::CancelButton)},
+        {"default-button", "component.default_button", ofButtons, true, button(VelaButton::DefaultButton)},
+        {"red-button", "component.red_button", ofButtons, true, button(VelaButton::RedButton)},
+        {"select-paging-button", "component.select_paging_button", ofButtons, false,
          button(VelaButton::SelectPagingButton)},
-        {"nonselect-paging-button", "component.nonselect_paging_button", OfButtons, false,
+        {"nonselect-paging-button", "component.nonselect_paging_button", ofButtons, false,
          button(VelaButton::NonselectPagingButton)},
-        {"icon-button", "component.icon_button", OfButtons, true, iconButton},
-        {"check-box", "component.checkbox", OfChoices, true,
+        {"icon-button", "component.icon_button", ofButtons, true, iconButton},
+        {"check-box", "component.checkbox", ofChoices, true,
          [](QWidget *parent) { return new VelaCheckBox(Sample, parent); }},
-        {"radio-button", "component.radio_button", OfChoices, true,
+        {"radio-button", "component.radio_button", ofChoices, true,
          [](QWidget *parent) { return new VelaRadioButton(Sample, parent); }},
-        {"combo-box", "component.combobox", OfFields, true, [](QWidget *parent) { return comboBox(parent, false); }},
-        {"editable-combo-box", "component.combobox", OfFields, true,
+        {"combo-box", "component.combobox", ofFields, true, [](QWidget *parent) { return comboBox(parent, false); }},
+        {"editable-combo-box", "component.combobox", ofFields, true,
          [](QWidget *parent) { return comboBox(parent, true); }},
-        {"line-edit", "component.lineedit", OfFields + QVector<State> {State::Error}, true, field},
-        {"filter-bar", "component.lineedit", OfFields, true, filterBar},
-        {"date-selector", "component.date_selector", OfFields, true, dateSelector},
-        {"label", "component.label", OfTexts, false,
+        {"line-edit", "component.lineedit", ofFields + QVector<State> {State::Error}, true, field},
+        {"filter-bar", "component.lineedit", ofFields, true, filterBar},
+        {"date-selector", "component.date_selector", ofFields, true, dateSelector},
+        {"label", "component.label", ofTexts, false,
          [](QWidget *parent) {
              auto *made = new VelaLabel(parent);
              made->setText(Sample);
              return made;
          }},
-        {"paging-label", "component.paging_bar_label", OfTexts, false,
+        {"paging-label", "component.paging_bar_label", ofTexts, false,
          [](QWidget *parent) { return label(parent, "component.paging_bar_label"); }},
-        {"rightmost-paging-label", "component.paging_bar_rightmost_label", OfTexts, false,
+        {"rightmost-paging-label", "component.paging_bar_rightmost_label", ofTexts, false,
          [](QWidget *parent) { return label(parent, "component.paging_bar_rightmost_label"); }},
         {"calendar", "component.date_selector", {State::Normal, State::Disabled}, false, calendar},
         {"menu", "component.menu", {State::Normal}, false, menu},
         {"paging-bar", "component.paging_bar_border", {State::Normal, State::Disabled}, false, pagingBar},
         {"path", "component.button_path", {State::Normal, State::Disabled}, false, path},
-        {"table", "component.table", OfViews, false, table},
-        {"tree", "component.tree_item", OfViews, false, tree},
+        {"table", "component.table", ofViews, false, table},
+        {"tree", "component.tree_item", ofViews, false, tree},
         {"scroll-bar", "component.scrollbar", {State::Normal, State::Disabled}, false, scrollBar},
         {"information-sheet",
          "component.message_sheet_other",
@@ -367,6 +358,19 @@ const QVector<StageWidget> &stageWidgets()
          false,
          messageBox("component.upgrading_message_box", QMessageBox::Information)},
     };
+}
+
+} // namespace
+
+QString nameOf(StageState state)
+{
+    static const char *const names[] = {"normal", "hover", "pressed", "focus", "disabled", "checked", "error"};
+    return QString::fromLatin1(names[static_cast<int>(state)]);
+}
+
+const QVector<StageWidget> &stageWidgets()
+{
+    static const QVector<StageWidget> widgets = makeStageWidgets();
     return widgets;
 }
 
@@ -384,7 +388,8 @@ void useTheme(const QString &folder, const QString &language)
     ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
     const QDir styles(folder + QStringLiteral("/styles"));
     std::vector<QString> sheets;
-    for (const QString &name : styles.entryList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name)) {
+    const QStringList names = styles.entryList({QStringLiteral("*.qss")}, QDir::Files, QDir::Name);
+    for (const QString &name : names) {
         sheets.push_back(styles.filePath(name));
     }
     StyleManager::getInstance()->initialize(sheets);

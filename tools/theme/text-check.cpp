@@ -169,7 +169,8 @@ QStringList languagesOf(const QString &folder)
 {
     QStringList codes;
     const QDir strings(folder + QStringLiteral("/strings"));
-    for (const QString &file : strings.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name)) {
+    const QStringList files = strings.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+    for (const QString &file : files) {
         codes.append(file.chopped(5));
     }
     return codes;
@@ -200,7 +201,8 @@ QMap<QString, QString> lengthened(const QMap<QString, QString> &texts)
 
 void checkTexts(const QString &folder, Findings *findings)
 {
-    for (const QString &language : languagesOf(folder)) {
+    const QStringList languages = languagesOf(folder);
+    for (const QString &language : languages) {
         LanguageCheck(folder, language, findings).run();
     }
 }

@@ -24,7 +24,8 @@ using Words = QMap<QString, QString>; // what stands where
 Words rulesOf(const ThemeSection &section)
 {
     Words words;
-    for (const SheetRule &rule : readSyntax(section.body).rules) {
+    const SheetSyntax syntax = readSyntax(section.body);
+    for (const SheetRule &rule : syntax.rules) {
         for (const SheetDeclaration &declaration : rule.declarations) {
             if (rule.selectors.isEmpty()) {
                 words.insert(declaration.name, declaration.value.simplified());

@@ -20,11 +20,16 @@ namespace {
 constexpr int DrawnScale = 4; // images are drawn at this multiple of their size on the screen
 constexpr int LongestSide = 8192;
 constexpr char Signature[] = "\x89PNG\r\n\x1a\n";
-const QStringList StateEndings = {QStringLiteral("_hover"), QStringLiteral("_click"), QStringLiteral("_disable")};
 
 const QString CatalogueName = QStringLiteral("images.json");
 const QString ImagesKey = QStringLiteral("images");
 const QString ScaledImagesKey = QStringLiteral("tmp_images");
+
+const QStringList &stateEndings()
+{
+    static const QStringList endings = {QStringLiteral("_hover"), QStringLiteral("_click"), QStringLiteral("_disable")};
+    return endings;
+}
 
 const Vela::ImageEntry *entryOf(const QString &name)
 {
@@ -107,7 +112,7 @@ QSize ThemeImages::sizeOf(const QString &name) const
 bool ThemeImages::isSpoilt(const QString &name) const
 {
     return m_spoilt.contains(name)
-        || std::any_of(StateEndings.cbegin(), StateEndings.cend(), [this, &name](const QString &ending) {
+        || std::any_of(stateEndings().cbegin(), stateEndings().cend(), [this, &name](const QString &ending) {
                return name.endsWith(ending) && m_spoilt.contains(name.chopped(ending.size()));
            });
 }
@@ -117,7 +122,7 @@ void ThemeImages::check(const UsedImages &used)
     if (!m_catalogue.exists()) {
         m_findings->add("catalogue-json", CatalogueName, 0, QStringLiteral("there is no such file"));
     }
-    for (const QString &file : m_files) {
+    for (const QString &file : qAsConst(m_files)) {
         if (file.endsWith(QLatin1String(".png")) && !m_findings->isFull()) {
             checkContent(file);
         }
@@ -220,7 +225,7 @@ void ThemeImages::checkStates(const QString &name)
     const Vela::ImageEntry *entry = entryOf(name);
     QStringList there;
     QStringList missing;
-    for (const QString &ending : StateEndings) {
+    for (const QString &ending : stateEndings()) {
         (m_files.contains(withEnding(name + ending)) ? there : missing).append(ending);
     }
     // Of an image of the application's own that has some states it is a button that shows them.
@@ -249,12 +254,13 @@ void ThemeImages::checkStates(const QString &name)
 // Of images that style sheets show, too.
 void ThemeImages::checkStateSizes()
 {
+    const QStringList endings = stateEndings() + QStringList {QStringLiteral("_focus")};
     for (const QString &file : qAsConst(m_files)) {
         if (!file.endsWith(QLatin1String(".png"))) {
             continue;
         }
         const QString name = file.chopped(4);
-        for (const QString &ending : StateEndings + QStringList {QStringLiteral("_focus")}) {
+        for (const QString &ending : endings) {
             const QString normal = name.endsWith(ending) ? name.chopped(ending.size()) : QString();
             if (normal.isEmpty() || isSpoilt(name) || isSpoilt(normal)) {
                 continue;
@@ -272,7 +278,7 @@ void ThemeImages::checkStateSizes()
 
 bool ThemeImages::isStateOfListed(const QString &name) const
 {
-    return std::any_of(StateEndings.cbegin(), StateEndings.cend(), [this, &name](const QString &ending) {
+    return std::any_of(stateEndings().cbegin(), stateEndings().cend(), [this, &name](const QString &ending) {
         return name.endsWith(ending) && m_names.contains(name.chopped(ending.size()));
     });
 }
@@ -280,7 +286,7 @@ bool ThemeImages::isStateOfListed(const QString &name) const
 void ThemeImages::checkContract()
 {
     QStringList unknown;
-    for (const QString &name : m_names) {
+    for (const QString &name : qAsConst(m_names)) {
         if (!entryOf(name) && !m_files.contains(withEnding(name))) {
             unknown.append(name);
         }
@@ -353,7 +359,7 @@ void ThemeImages::checkUse(const UsedImages &used)
                                   : QStringLiteral("neither a \".png\" file nor named by a style sheet"));
         }
     }
-    for (const QString &name : m_scaledNames) {
+    for (const QString &name : qAsConst(m_scaledNames)) {
         if (!used.scaled.contains(name) && !used.drawn.contains(name) && !isSpoilt(name)) {
             m_findings->add("image-unused", CatalogueName, lineOf(ScaledImagesKey, name),
                             QStringLiteral("no style sheet uses TMPIMG_LOC/tmp_%1.png").arg(name));
@@ -367,11 +373,12 @@ qint64 ThemeImages::bytes(double scale, double ratio, bool ofAll) const
     qint64 sum = 0;
     QStringList names = m_names;
     names.removeDuplicates();
+    const QStringList endings = QStringList {QString()} + stateEndings();
     for (const QString &name : qAsConst(names)) {
         if (!ofAll && !entryOf(name)) {
             continue;
         }
-        for (const QString &ending : QStringList {QString()} + StateEndings) {
+        for (const QString &ending : endings) {
             const QSize file = sizeOf(name + ending);
             if (file.isValid()) {
                 // As the library scales them.

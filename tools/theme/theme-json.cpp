@@ -14,19 +14,22 @@ namespace {
 
 const QString FileName = QStringLiteral("theme.json");
 
-const QStringList Roles = {
-    QStringLiteral("window"),        QStringLiteral("window_text"),
-    QStringLiteral("base"),          QStringLiteral("alternate_base"),
-    QStringLiteral("text"),          QStringLiteral("placeholder_text"),
-    QStringLiteral("button"),        QStringLiteral("button_text"),
-    QStringLiteral("bright_text"),   QStringLiteral("light"),
-    QStringLiteral("midlight"),      QStringLiteral("mid"),
-    QStringLiteral("dark"),          QStringLiteral("shadow"),
-    QStringLiteral("highlight"),     QStringLiteral("highlighted_text"),
-    QStringLiteral("link"),          QStringLiteral("link_visited"),
-    QStringLiteral("tool_tip_base"), QStringLiteral("tool_tip_text"),
-};
-const QStringList Groups = {QStringLiteral("disabled"), QStringLiteral("inactive")};
+QStringList roles()
+{
+    return {
+        QStringLiteral("window"),        QStringLiteral("window_text"),
+        QStringLiteral("base"),          QStringLiteral("alternate_base"),
+        QStringLiteral("text"),          QStringLiteral("placeholder_text"),
+        QStringLiteral("button"),        QStringLiteral("button_text"),
+        QStringLiteral("bright_text"),   QStringLiteral("light"),
+        QStringLiteral("midlight"),      QStringLiteral("mid"),
+        QStringLiteral("dark"),          QStringLiteral("shadow"),
+        QStringLiteral("highlight"),     QStringLiteral("highlighted_text"),
+        QStringLiteral("link"),          QStringLiteral("link_visited"),
+        QStringLiteral("tool_tip_base"), QStringLiteral("tool_tip_text"),
+    };
+}
+
 QStringList colorKeys()
 {
     QStringList keys;
@@ -45,9 +48,10 @@ public:
     {
         const QString palette = QStringLiteral("palette");
         checkKeys({}, {palette, QStringLiteral("font"), QStringLiteral("tool_tip"), QStringLiteral("colors")});
-        checkColors({palette}, Roles, Groups);
-        for (const QString &group : Groups) {
-            checkColors({palette, group}, Roles, {});
+        const QStringList groups = {QStringLiteral("disabled"), QStringLiteral("inactive")};
+        checkColors({palette}, roles(), groups);
+        for (const QString &group : groups) {
+            checkColors({palette, group}, roles(), {});
         }
         checkColors({QStringLiteral("tool_tip")}, {QStringLiteral("text"), QStringLiteral("base")}, {});
         checkColors({QStringLiteral("colors")}, colorKeys(), {});
