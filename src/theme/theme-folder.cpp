@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -36,17 +37,20 @@ int lineOfName(const QByteArray &json, const QString &name)
     return lineAt(json, json.indexOf('"' + name.toUtf8() + '"'));
 }
 
-int lineOfHeader(const QByteArray &sheets, const QString &key)
+// The line of each section's header; of several the last one counts.
+QHash<QString, int> linesOfHeaders(const QByteArray &sheets)
 {
-    const QList<QByteArray> lines = sheets.split('\n');
-    for (int i = lines.size() - 1; i >= 0; --i) { // of several the last one counts
-        const QByteArray &line = lines.at(i);
-        if (line.startsWith("==") && line.endsWith("==")
-            && QString::fromUtf8(line).remove(QLatin1Char('=')).remove(QLatin1Char(' ')) == key) {
-            return i + 1;
+    QHash<QString, int> found;
+    int number = 1;
+    for (int begin = 0, end = 0; end >= 0; begin = end + 1, ++number) {
+        end = sheets.indexOf('\n', begin);
+        const QByteArray line =
+            QByteArray::fromRawData(sheets.constData() + begin, (end < 0 ? sheets.size() : end) - begin);
+        if (line.startsWith("==") && line.endsWith("==")) {
+            found.insert(QString::fromUtf8(line).remove(QLatin1Char('=')).remove(QLatin1Char(' ')), number);
         }
     }
-    return 0;
+    return found;
 }
 
 } // namespace
@@ -265,8 +269,9 @@ void ThemeFolder::readSheets()
 
 void ThemeFolder::checkSections(const SheetFile &file)
 {
+    const QHash<QString, int> lines = linesOfHeaders(file.text);
     for (const auto &[key, section] : m_sections) {
-        const int line = lineOfHeader(file.text, key);
+        const int line = lines.value(key);
         if (line == 0) {
             continue;
         }

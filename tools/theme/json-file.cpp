@@ -10,6 +10,15 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+namespace {
+
+QString placeOf(const QString &text, const QStringList &path, bool isKey)
+{
+    return (path + QStringList(text)).join(QChar()) + (isKey ? u':' : u',');
+}
+
+} // namespace
+
 JsonFile::JsonFile(const QString &folder, const QString &name, const char *rule, Findings *findings)
 {
     QFile file(folder + u'/' + name);
@@ -38,14 +47,14 @@ JsonFile::JsonFile(const QString &folder, const QString &name, const char *rule,
     findTexts(content);
 }
 
-int JsonFile::lineOf(const QString &key) const
+int JsonFile::lineOf(const QString &key, const QStringList &path) const
 {
-    for (const JsonText &text : m_texts) {
-        if (text.isKey && text.path.isEmpty() && text.text == key) {
-            return text.line;
-        }
-    }
-    return 1;
+    return m_lines.value(placeOf(key, path, true), 1);
+}
+
+int JsonFile::lineInArray(const QString &array, const QString &text) const
+{
+    return m_lines.value(placeOf(text, {array}, false), lineOf(array));
 }
 
 // The parser has found the text to be sound, so that quotes, brackets and colons tell all.
@@ -81,6 +90,10 @@ void JsonFile::findTexts(const QByteArray &content)
             const bool isKey = next < content.size() && content.at(next) == ':';
             const QString text = QJsonDocument::fromJson(literal).array().at(0).toString();
             m_texts.append({text, isKey, path, line});
+            const QString place = placeOf(text, path, isKey);
+            if (!m_lines.contains(place)) {
+                m_lines.insert(place, line);
+            }
             if (isKey) {
                 lastKeys.last() = text;
             }

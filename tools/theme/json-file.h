@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QJsonObject>
 #include <QString>
 #include <QVector>
@@ -31,8 +32,10 @@ public:
     const QJsonObject &object() const { return m_object; }
     /// All texts of it in their order.
     const QVector<JsonText> &texts() const { return m_texts; }
-    /// The line of a key of the outermost object, 1 if there is none.
-    int lineOf(const QString &key) const;
+    /// The line of a key of the object at @p path, 1 if there is none.
+    int lineOf(const QString &key, const QStringList &path = {}) const;
+    /// The line of a text in an array of the outermost object; that of the array if there is none.
+    int lineInArray(const QString &array, const QString &text) const;
 
 private:
     void findTexts(const QByteArray &content);
@@ -41,4 +44,5 @@ private:
     bool m_isValid = false;
     QJsonObject m_object;
     QVector<JsonText> m_texts;
+    QHash<QString, int> m_lines; // of texts by kind and path, where they stand for the first time
 };

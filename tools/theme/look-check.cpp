@@ -17,6 +17,7 @@
 #include <VelaLineEdit>
 #include <VelaMessageSheet>
 #include <VelaTableWidget>
+#include <VelaTheme>
 #include <VelaTreeWidget>
 
 #include <QtWidgets>
@@ -319,7 +320,7 @@ QStringList cutCaptions(Qt::LayoutDirection direction)
 
 void checkCaptions(const QString &folder, Findings *findings)
 {
-    const QStringList languages = languagesOf(folder);
+    const QStringList languages = VelaTheme::languages(folder);
     for (const QString &language : languages) {
         const QMap<QString, QString> texts = textsOf(folder, language);
         ComponentStrings::getInstance()->installStrings(texts);
@@ -334,8 +335,7 @@ void checkCaptions(const QString &folder, Findings *findings)
     if (languages.isEmpty() || hasErrorIn(*findings, {"strings"})) {
         return;
     }
-    const bool hasEnglish = languages.contains(QStringLiteral("enu"));
-    const QString model = hasEnglish ? QStringLiteral("enu") : languages.first();
+    const QString model = mainLanguageOf(folder);
     ComponentStrings::getInstance()->installStrings(lengthened(textsOf(folder, model)));
     const QStringList cut = cutCaptions(Qt::RightToLeft);
     for (const QString &caption : cut) {
@@ -353,7 +353,7 @@ void checkLooks(const QString &folder, const SheetText &text, Findings *findings
     }
     // What is missing has been told.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
-    useTheme(folder, languagesOf(folder).value(0));
+    useTheme(folder, mainLanguageOf(folder));
     LookCheck(text, findings).run();
     if (!hasErrorIn(*findings, {"strings"})) {
         checkCaptions(folder, findings);

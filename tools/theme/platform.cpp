@@ -14,11 +14,12 @@
 namespace {
 
 // The platform without a display says of every window that it has no frame, and the toolkit's parser of each colour
-// that it does not know what the check says better.
+// and property that it does not know what the check says better.
 void passOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (message != QLatin1String("This plugin does not support propagateSizeHints()")
-        && !message.startsWith(QLatin1String("QCssParser::"))) {
+        && !message.startsWith(QLatin1String("QCssParser::"))
+        && !message.startsWith(QLatin1String("Unknown property "))) {
         std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
     }
 }

@@ -134,9 +134,7 @@ QString renderScreen(const QString &folder, const QString &output, int screen)
 {
     // What a theme lacks is for the check to say.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
-    const QStringList languages = languagesOf(folder);
-    const QString language = languages.contains(QStringLiteral("enu")) ? QStringLiteral("enu") : languages.value(0);
-    useTheme(folder, language);
+    useTheme(folder, mainLanguageOf(folder));
 
     QString list;
     for (const StageWidget &widget : stageWidgets()) {

@@ -200,10 +200,10 @@ private:
             body.replace(marker.toLatin1(), QByteArray(marker.size(), ' '));
         }
         static const QRegularExpression marker(QStringLiteral("(?<![\\d.])%\\d+"));
-        const QString text = QString::fromUtf8(body);
+        const QString text = QString::fromLatin1(body); // a character for each byte
         for (auto matches = marker.globalMatch(text); m_entry && matches.hasNext();) {
             const QRegularExpressionMatch match = matches.next();
-            const int position = text.leftRef(match.capturedStart()).toUtf8().size();
+            const int position = match.capturedStart();
             add("marker-unknown", position, QStringLiteral("nothing is put in the place of %1").arg(match.captured()));
             body.replace(position, match.capturedLength(), QByteArray(match.capturedLength(), ' '));
         }
@@ -421,9 +421,12 @@ private:
     void checkKeywords(const SheetDeclaration &declaration)
     {
         const QStringList known = Toolkit::keywordsOf(declaration.name);
-        const QStringList words = declaration.value.toLower().split(QRegularExpression(QStringLiteral("\\s+")));
+        if (known.isEmpty()) {
+            return;
+        }
+        const QStringList words = declaration.value.toLower().simplified().split(QLatin1Char(' '));
         for (const QString &word : words) {
-            if (!known.isEmpty() && !known.contains(word)) {
+            if (!known.contains(word)) {
                 add("keyword-unknown", declaration.begin,
                     QStringLiteral("\"%1\" cannot be \"%2\"").arg(declaration.name, word) + suggestion(word, known));
                 return;

@@ -378,12 +378,11 @@ void useTheme(const QString &folder, const QString &language)
 {
     static const QTemporaryDir userData;
     UIPathManager::getInstance()->setPath(QStringLiteral("user_data_path"), userData.path());
-    const bool isTaken = !VelaTheme::hasErrors(VelaTheme::getInstance()->load(folder, language));
-    ComponentStrings::getInstance()->installStrings(textsOf(folder, language));
-    if (isTaken) {
+    if (!VelaTheme::hasErrors(VelaTheme::getInstance()->load(folder, language))) {
         return;
     }
     // What can be shown of one with errors.
+    ComponentStrings::getInstance()->installStrings(textsOf(folder, language));
     UIPathManager::getInstance()->setPath(QStringLiteral("resource_path"), folder);
     ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
     const QDir styles(folder + QStringLiteral("/styles"));

@@ -6,9 +6,10 @@
 #include "findings.h"
 #include "json-file.h"
 
+#include <VelaTheme>
+
 #include "look/keys_p.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -165,15 +166,11 @@ private:
 
 } // namespace
 
-QStringList languagesOf(const QString &folder)
+QString mainLanguageOf(const QString &folder)
 {
-    QStringList codes;
-    const QDir strings(folder + QStringLiteral("/strings"));
-    const QStringList files = strings.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
-    for (const QString &file : files) {
-        codes.append(file.chopped(5));
-    }
-    return codes;
+    const QStringList languages = VelaTheme::languages(folder);
+    const QString english = QStringLiteral("enu");
+    return languages.contains(english) ? english : languages.value(0);
 }
 
 QMap<QString, QString> textsOf(const QString &folder, const QString &language)
@@ -201,7 +198,7 @@ QMap<QString, QString> lengthened(const QMap<QString, QString> &texts)
 
 void checkTexts(const QString &folder, Findings *findings)
 {
-    const QStringList languages = languagesOf(folder);
+    const QStringList languages = VelaTheme::languages(folder);
     for (const QString &language : languages) {
         LanguageCheck(folder, language, findings).run();
     }

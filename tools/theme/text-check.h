@@ -5,15 +5,14 @@
 
 #include <QMap>
 #include <QString>
-#include <QStringList>
 
 class Findings;
 
 /// Checks all files of texts of a theme.
 void checkTexts(const QString &folder, Findings *findings);
 
-/// The theme's languages by their codes, sorted.
-QStringList languagesOf(const QString &folder);
+/// The language to show a theme in: English, or else the first one; empty if it has none.
+QString mainLanguageOf(const QString &folder);
 /// The texts of one; empty if they cannot be read.
 QMap<QString, QString> textsOf(const QString &folder, const QString &language);
 /// Texts that are a third longer and told by brackets, as those of another language might be.

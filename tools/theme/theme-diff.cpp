@@ -8,6 +8,8 @@
 #include "sheet-text.h"
 #include "text-check.h"
 
+#include <VelaTheme>
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -177,8 +179,8 @@ void compareJson(const QString &before, const QString &after, const QString &fil
 
 void compareTexts(const QString &before, const QString &after, QStringList *lines)
 {
-    const QStringList old = languagesOf(before);
-    const QStringList now = languagesOf(after);
+    const QStringList old = VelaTheme::languages(before);
+    const QStringList now = VelaTheme::languages(after);
     QStringList all = old + now;
     all.removeDuplicates();
     all.sort();

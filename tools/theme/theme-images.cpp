@@ -87,16 +87,6 @@ QString ThemeImages::inOtherCase(const QString &file) const
     return QString();
 }
 
-int ThemeImages::lineOf(const QString &array, const QString &name) const
-{
-    for (const JsonText &text : m_catalogue.texts()) {
-        if (!text.isKey && text.path == QStringList(array) && text.text == name) {
-            return text.line;
-        }
-    }
-    return m_catalogue.lineOf(array);
-}
-
 QSize ThemeImages::sizeOf(const QString &name) const
 {
     const QString file = withEnding(name);
@@ -164,17 +154,17 @@ void ThemeImages::checkNames()
                 m_findings->add("catalogue-entry", CatalogueName, m_catalogue.lineOf(key),
                                 QStringLiteral("\"%1\" holds something that is no name").arg(key));
             } else if (name.contains(QLatin1Char(' '))) {
-                m_findings->add("image-name-blank", CatalogueName, lineOf(key, name),
+                m_findings->add("image-name-blank", CatalogueName, m_catalogue.lineInArray(key, name),
                                 QStringLiteral("a blank in \"%1\"").arg(name));
                 m_spoilt.insert(name);
                 m_spoilt.insert(QString(name).remove(QLatin1Char(' ')));
             } else if (name.endsWith(QLatin1String(".png"))) {
-                m_findings->add("catalogue-entry", CatalogueName, lineOf(key, name),
+                m_findings->add("catalogue-entry", CatalogueName, m_catalogue.lineInArray(key, name),
                                 QStringLiteral("\"%1\" is listed without \".png\"").arg(name));
                 m_spoilt.insert(name);
                 m_spoilt.insert(name.chopped(4));
             } else if (seen.contains(name)) {
-                m_findings->add("image-listed-twice", CatalogueName, lineOf(key, name),
+                m_findings->add("image-listed-twice", CatalogueName, m_catalogue.lineInArray(key, name),
                                 QStringLiteral("\"%1\" is listed twice").arg(name));
             }
             seen.insert(name);
@@ -207,11 +197,11 @@ void ThemeImages::checkListedFiles()
                 for (const QString &file : qAsConst(m_files)) {
                     files.append(file.endsWith(QLatin1String(".png")) ? file.chopped(4) : file);
                 }
-                m_findings->add("image-missing", CatalogueName, lineOf(key, name),
+                m_findings->add("image-missing", CatalogueName, m_catalogue.lineInArray(key, name),
                                 QStringLiteral("there is no images/%1.png").arg(name) + suggestion(name, files));
                 m_spoilt.insert(nearest(name, files));
             } else {
-                m_findings->add("image-case", CatalogueName, lineOf(key, name),
+                m_findings->add("image-case", CatalogueName, m_catalogue.lineInArray(key, name),
                                 QStringLiteral("the file's name is images/%1, and not images/%2.png").arg(other, name));
                 m_spoilt.insert(other.left(other.size() - 4));
                 m_spoilt.insert(other);
@@ -239,11 +229,11 @@ void ThemeImages::checkStates(const QString &name)
         }
         const QString other = inOtherCase(withEnding(name + ending));
         if (other.isEmpty()) {
-            m_findings->add("image-state-missing", CatalogueName, lineOf(ImagesKey, name),
+            m_findings->add("image-state-missing", CatalogueName, m_catalogue.lineInArray(ImagesKey, name),
                             QStringLiteral("there is no images/%1%2.png").arg(name, ending));
         } else {
             m_findings->add(
-                "image-case", CatalogueName, lineOf(ImagesKey, name),
+                "image-case", CatalogueName, m_catalogue.lineInArray(ImagesKey, name),
                 QStringLiteral("the file's name is images/%1, and not images/%2%3.png").arg(other, name, ending));
             m_spoilt.insert(other.left(other.size() - 4));
             m_spoilt.insert(other);
@@ -361,7 +351,7 @@ void ThemeImages::checkUse(const UsedImages &used)
     }
     for (const QString &name : qAsConst(m_scaledNames)) {
         if (!used.scaled.contains(name) && !used.drawn.contains(name) && !isSpoilt(name)) {
-            m_findings->add("image-unused", CatalogueName, lineOf(ScaledImagesKey, name),
+            m_findings->add("image-unused", CatalogueName, m_catalogue.lineInArray(ScaledImagesKey, name),
                             QStringLiteral("no style sheet uses TMPIMG_LOC/tmp_%1.png").arg(name));
         }
     }

@@ -48,7 +48,6 @@ private:
     void checkSmallness();
     void checkUse(const UsedImages &used);
     bool isStateOfListed(const QString &name) const;
-    int lineOf(const QString &array, const QString &name) const;
     QSize sizeOf(const QString &name) const;
     bool isSpoilt(const QString &name) const;
 

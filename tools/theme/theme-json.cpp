@@ -59,13 +59,14 @@ public:
                                      QStringLiteral("colors")};
         for (const QString &key : objects) {
             if (m_file.object().contains(key) && !m_file.object().value(key).isObject()) {
-                m_findings->add("theme-key", FileName, lineOf({}, key), QStringLiteral("\"%1\" is no object").arg(key));
+                m_findings->add("theme-key", FileName, m_file.lineOf(key),
+                                QStringLiteral("\"%1\" is no object").arg(key));
             }
         }
         for (const QString &key : {QStringLiteral("point_size"), QStringLiteral("weight")}) {
             const QJsonValue value = objectAt({QStringLiteral("font")}).value(key);
             if (!value.isUndefined() && !value.isDouble()) {
-                m_findings->add("theme-key", FileName, lineOf({QStringLiteral("font")}, key),
+                m_findings->add("theme-key", FileName, m_file.lineOf(key, {QStringLiteral("font")}),
                                 QStringLiteral("\"%1\" is no number").arg(key));
             }
         }
@@ -83,22 +84,12 @@ private:
         return object;
     }
 
-    int lineOf(const QStringList &path, const QString &key) const
-    {
-        for (const JsonText &text : m_file.texts()) {
-            if (text.isKey && text.path == path && text.text == key) {
-                return text.line;
-            }
-        }
-        return 1;
-    }
-
     void checkKeys(const QStringList &path, const QStringList &known)
     {
         const QJsonObject object = objectAt(path);
         for (auto it = object.begin(); it != object.end(); ++it) {
             if (!known.contains(it.key())) {
-                m_findings->add("theme-key", FileName, lineOf(path, it.key()),
+                m_findings->add("theme-key", FileName, m_file.lineOf(it.key(), path),
                                 QStringLiteral("unknown entry \"%1\"").arg(it.key()) + suggestion(it.key(), known));
             }
         }
@@ -110,7 +101,7 @@ private:
         const QJsonObject object = objectAt(path);
         for (auto it = object.begin(); it != object.end(); ++it) {
             if (known.contains(it.key()) && !QColor::isValidColor(it.value().toString())) {
-                m_findings->add("theme-color", FileName, lineOf(path, it.key()),
+                m_findings->add("theme-color", FileName, m_file.lineOf(it.key(), path),
                                 QStringLiteral("no colour for \"%1\": \"%2\"").arg(it.key(), it.value().toString()));
             }
         }

@@ -15,6 +15,8 @@
 #include <cstring>
 #include <functional>
 
+#include <sys/resource.h>
+
 using Seed = std::function<void(const ThemeCopy &theme)>;
 Q_DECLARE_METATYPE(Seed)
 
@@ -67,6 +69,14 @@ int lineOf(const QByteArray &content, const QByteArray &text)
     return position < 0 ? -1 : content.left(position).count('\n') + 1;
 }
 
+// The processor's time that programs have taken which this one has started.
+double secondsOfPrograms()
+{
+    rusage usage {};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec) + static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
+}
+
 } // namespace
 
 class ThemeCheckTest : public QObject
@@ -87,6 +97,7 @@ private Q_SLOTS:
     void everyRuleIsExplained();
     void whatCannotBeCheckedEndsWithTwo_data();
     void whatCannotBeCheckedEndsWithTwo();
+    void aMegabyteTakesNoMoreThanItsLength();
     void arbitraryBytesAreFoundFaultWith_data();
     void arbitraryBytesAreFoundFaultWith();
 };
@@ -590,6 +601,27 @@ void ThemeCheckTest::whatCannotBeCheckedEndsWithTwo()
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.out, QByteArray());
     QVERIFY(!run.errors.isEmpty());
+}
+
+// A search of all files for each section takes five seconds.
+void ThemeCheckTest::aMegabyteTakesNoMoreThanItsLength()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr double Allowed = 20;
+#else
+    constexpr double Allowed = 3;
+#endif
+    const QByteArray rules = "QPushButton#more:hover {\n    color: #123456;\n    padding: 2px 6px;\n}\n";
+    QByteArray sheet;
+    for (int section = 0; sheet.size() < 1024 * 1024; ++section) {
+        sheet += "== app.panel_" + QByteArray::number(section) + " ==\n" + rules.repeated(15);
+    }
+    const ThemeCopy theme;
+    theme.write(QStringLiteral("styles/application.qss"), sheet);
+    const double before = secondsOfPrograms();
+    QCOMPARE(runThemeProgram({QStringLiteral("check"), theme.path()}).out, QByteArray());
+    const double seconds = secondsOfPrograms() - before;
+    QVERIFY2(seconds < Allowed, qPrintable(QString::number(seconds)));
 }
 
 void ThemeCheckTest::arbitraryBytesAreFoundFaultWith_data()
