@@ -5,18 +5,16 @@
 
 #include "controls/mouse-filters.h"
 #include "controls/vela-button.h"
+#include "dates/month-calendar_p.h"
+#include "dates/weekday-row_p.h"
 #include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "scale/scaled.h"
 
-#include <QCalendarWidget>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QPainter>
 #include <QSpinBox>
-#include <QStyle>
-#include <QTableWidget>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -27,12 +25,10 @@ using namespace Vela;
 
 namespace {
 
-constexpr int DaysPerWeek = 7;
 constexpr int AbbreviatedMonth = 3; // letters in the menu of months
 
 // Logical pixels, but for the section.
 constexpr int TodayButtonHeight = 24;
-constexpr int WeekdayHeight = 30;
 constexpr int SectionSize = 30; // pixels, at any scale
 
 constexpr Text Months[] = {Text::January,   Text::February, Text::March,    Text::April,
@@ -50,97 +46,10 @@ constexpr Arrow Arrows[] = {
     {"qt_calendar_nextmonth", Text::CalendarNextMonth, Image::PagingLast},
 };
 
-constexpr Text Weekdays[DaysPerWeek] = {Text::Sunday,   Text::Monday, Text::Tuesday, Text::Wednesday,
-                                        Text::Thursday, Text::Friday, Text::Saturday};
-
-QString initialOf(const QString &weekday)
-{
-    return weekday.left(1); // clazy:exclude=qstring-left
-}
-
 QString abbreviated(const QString &month)
 {
     return month.left(AbbreviatedMonth);
 }
-
-// Qt's calendar without its focus proxy, the grid of days. With it the calendar would be a second stop on the way to
-// the grid, and while the year is edited, and after it, the grid would have the calendar's focus policy.
-class Calendar : public QCalendarWidget
-{
-public:
-    explicit Calendar(QWidget *parent) : QCalendarWidget(parent), m_dayGrid(qobject_cast<QTableView *>(focusProxy()))
-    {
-        setFocusProxy(nullptr);
-        setFocusPolicy(Qt::ClickFocus);
-    }
-
-    // Weeks may get lower than the font has them, see handleWeekdayHeader(), but do not ask for less room.
-    QSize minimumSizeHint() const override
-    {
-        QHeaderView *weeks = m_dayGrid->verticalHeader();
-        weeks->setMinimumSectionSize(-1);
-        const QSize hint = QCalendarWidget::minimumSizeHint();
-        weeks->setMinimumSectionSize(0);
-        return hint;
-    }
-
-protected:
-    void focusInEvent(QFocusEvent *event) override { m_dayGrid->setFocus(event->reason()); }
-
-    // Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then
-    // they look as in a disabled grid, if that has another surface.
-    void paintCell(QPainter *painter, const QRect &rect, const QDate &date) const override
-    {
-        QCalendarWidget::paintCell(painter, rect, date);
-        const QPalette palette = m_dayGrid->palette();
-        const QBrush &surface = palette.brush(QPalette::Disabled, QPalette::Base);
-        const bool isMarked = palette.window() != palette.base() || surface == palette.base();
-        if (isMarked || (date >= minimumDate() && date <= maximumDate())) {
-            return;
-        }
-        painter->save();
-        painter->fillRect(rect, surface);
-        painter->setPen(palette.color(QPalette::Disabled, QPalette::Text));
-        painter->setFont(m_dayGrid->font());
-        const QString day = m_dayGrid->locale().toString(date.day());
-        const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, day);
-        painter->drawText(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect), Qt::AlignCenter, day);
-        painter->restore();
-    }
-
-    bool event(QEvent *event) override
-    {
-        switch (event->type()) {
-        case QEvent::ShortcutOverride:
-            keepEnter(static_cast<QKeyEvent *>(event));
-            return QCalendarWidget::event(event);
-        case QEvent::LocaleChange:
-            showYear();
-            [[fallthrough]];
-        case QEvent::LayoutDirectionChange:
-            // Qt's calendar would begin the week on another day and give the months and the arrows its own looks.
-            return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
-        default:
-            return QCalendarWidget::event(event);
-        }
-    }
-
-private:
-    // Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
-    static void keepEnter(QKeyEvent *event)
-    {
-        event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
-    }
-
-    // Shows the year with the locale's digits, as its edit does already.
-    void showYear()
-    {
-        const auto *edit = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
-        findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton"))->setText(edit->text());
-    }
-
-    QTableView *const m_dayGrid;
-};
 
 } // namespace
 
@@ -162,7 +71,6 @@ public:
     void renew(const LookChange &change);
     void renewArrow(const LookChange &change, const Arrow &arrow);
     void renewMonths(const LookChange &change);
-    void renewWeekdays(const LookChange &change);
 
     // A child of Qt's calendar by its fixed name.
     template<typename Widget>
@@ -174,7 +82,7 @@ public:
     QTableView *dayGrid() const { return child<QTableView>("qt_calendar_calendarview"); }
 
     VelaCalanderView *const q;
-    QTableWidget *weekdayView = nullptr;
+    WeekdayRow *weekdays = nullptr;
     QStringList monthNames;
     QCalendarWidget *calendar = nullptr;
     VelaButton *todayButton = nullptr;
@@ -186,7 +94,7 @@ void VelaCalanderViewPrivate::createChildren()
     todayButton = new VelaButton(Look::text(Text::Today), VelaButton::CancelButton);
     todayButton->setFixedHeight(scaled(TodayButtonHeight));
     todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
-    calendar = new Calendar(q);
+    calendar = new MonthCalendar(q);
     calendar->setFirstDayOfWeek(Qt::Sunday);
     column->addWidget(calendar);
     column->addWidget(todayButton, 0, Qt::AlignHCenter);
@@ -257,40 +165,22 @@ void VelaCalanderViewPrivate::handleMonthMenu()
 
 void VelaCalanderViewPrivate::handleWeekdayHeader()
 {
-    weekdayView = new QTableWidget(0, DaysPerWeek, calendar);
-    weekdayView->setFocusPolicy(Qt::NoFocus);
-    weekdayView->setObjectName(QStringLiteral("qt_calendar_weekdayview"));
     const QString headerSheet = Look::sheet(Style::TableHeader);
     const QString tableSheet = Look::sheet(Style::Table);
-    weekdayView->setFixedHeight(scaled(WeekdayHeight));
-    weekdayView->horizontalHeader()->hide();
-    weekdayView->verticalHeader()->hide();
-
-    weekdayView->insertRow(0);
-    for (int i = 0; i < DaysPerWeek; ++i) {
-        auto *item = new QTableWidgetItem(initialOf(Look::text(Weekdays[i])));
-        item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-        weekdayView->setItem(0, i, item);
-    }
-    weekdayView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    weekdayView->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    weekdayView->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    weekdayView->setSelectionMode(QAbstractItemView::NoSelection);
-    weekdayView->setFrameStyle(0);
-    weekdayView->setShowGrid(false);
+    weekdays = new WeekdayRow(calendar);
 
     // Minimum sizes would else depend on the font, and the sections of a large one might not fit.
     dayGrid()->verticalHeader()->setMinimumSectionSize(0);
-    for (QHeaderView *header : {dayGrid()->horizontalHeader(), weekdayView->horizontalHeader()}) {
+    for (QHeaderView *header : {dayGrid()->horizontalHeader(), weekdays->horizontalHeader()}) {
         header->setMinimumSectionSize(0);
         header->setDefaultSectionSize(SectionSize);
     }
-    weekdayView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdayView);
+    weekdays->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    qobject_cast<QVBoxLayout *>(calendar->layout())->insertWidget(1, weekdays);
 
     // Last, and the table before its header: what comes after a sheet is styled again.
-    weekdayView->setStyleSheet(tableSheet);
-    weekdayView->horizontalHeader()->setStyleSheet(headerSheet);
+    weekdays->setStyleSheet(tableSheet);
+    weekdays->horizontalHeader()->setStyleSheet(headerSheet);
 }
 
 void VelaCalanderViewPrivate::handleTabOrder()
@@ -336,7 +226,7 @@ void VelaCalanderViewPrivate::renew(const LookChange &change)
         renewArrow(change, arrow);
     }
     renewMonths(change);
-    renewWeekdays(change);
+    weekdays->renew(change);
     if (calendar->weekdayTextFormat(Qt::Saturday).foreground().color() == change.former(Color::CalendarWeekend)) {
         colorWeekend();
     }
@@ -370,18 +260,6 @@ void VelaCalanderViewPrivate::renewMonths(const LookChange &change)
     if (shown >= 0) {
         monthButton()->setText(monthNames.at(shown));
     }
-}
-
-void VelaCalanderViewPrivate::renewWeekdays(const LookChange &change)
-{
-    for (int i = 0; i < DaysPerWeek; ++i) {
-        QTableWidgetItem *item = weekdayView->item(0, i);
-        if (item->text() == initialOf(change.former(Weekdays[i]))) {
-            item->setText(initialOf(change.now(Weekdays[i])));
-        }
-    }
-    change.restyle(weekdayView, Style::Table);
-    change.restyle(weekdayView->horizontalHeader(), Style::TableHeader);
 }
 
 VelaCalanderView::VelaCalanderView(QWidget *parent) :

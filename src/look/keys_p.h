@@ -397,5 +397,4 @@ static_assert(isComplete(SpokenTextEntries, &SpokenTextEntry::text));
 static_assert(isComplete(ColorEntries, &ColorEntry::color));
 
 } // namespace Detail
-
 } // namespace Vela

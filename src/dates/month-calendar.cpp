@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Vela Components authors
+// SPDX-License-Identifier: MIT
+
+#include "dates/month-calendar_p.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSpinBox>
+#include <QStyle>
+#include <QTableView>
+#include <QToolButton>
+
+namespace Vela {
+
+namespace {
+
+// Keeps Enter, which ends the editing of the year, from being a combo box's shortcut to close its popup.
+void keepEnter(QKeyEvent *event)
+{
+    event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
+}
+
+} // namespace
+
+MonthCalendar::MonthCalendar(QWidget *parent) :
+    QCalendarWidget(parent), m_dayGrid(qobject_cast<QTableView *>(focusProxy()))
+{
+    setFocusProxy(nullptr);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+// Weeks may get lower than the font has them, which lets the calendar's owner shrink them, but do not ask for less
+// room.
+QSize MonthCalendar::minimumSizeHint() const
+{
+    QHeaderView *weeks = m_dayGrid->verticalHeader();
+    weeks->setMinimumSectionSize(-1);
+    const QSize hint = QCalendarWidget::minimumSizeHint();
+    weeks->setMinimumSectionSize(0);
+    return hint;
+}
+
+void MonthCalendar::focusInEvent(QFocusEvent *event)
+{
+    m_dayGrid->setFocus(event->reason());
+}
+
+// Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then they
+// look as in a disabled grid, if that has another surface.
+void MonthCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
+{
+    QCalendarWidget::paintCell(painter, rect, date);
+    const QPalette palette = m_dayGrid->palette();
+    const QBrush &surface = palette.brush(QPalette::Disabled, QPalette::Base);
+    const bool isMarked = palette.window() != palette.base() || surface == palette.base();
+    if (isMarked || (date >= minimumDate() && date <= maximumDate())) {
+        return;
+    }
+    painter->save();
+    painter->fillRect(rect, surface);
+    painter->setPen(palette.color(QPalette::Disabled, QPalette::Text));
+    painter->setFont(m_dayGrid->font());
+    const QString day = m_dayGrid->locale().toString(date.day());
+    const QSize size = painter->fontMetrics().size(Qt::TextSingleLine, day);
+    painter->drawText(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect), Qt::AlignCenter, day);
+    painter->restore();
+}
+
+bool MonthCalendar::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        keepEnter(static_cast<QKeyEvent *>(event));
+        return QCalendarWidget::event(event);
+    case QEvent::LocaleChange:
+        showYear();
+        [[fallthrough]];
+    case QEvent::LayoutDirectionChange:
+        // Qt's calendar would begin the week on another day and give the months and the arrows its own looks.
+        return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
+    default:
+        return QCalendarWidget::event(event);
+    }
+}
+
+// Shows the year with the locale's digits, as its edit does already.
+void MonthCalendar::showYear()
+{
+    const auto *edit = findChild<QSpinBox *>(QStringLiteral("qt_calendar_yearedit"));
+    findChild<QToolButton *>(QStringLiteral("qt_calendar_yearbutton"))->setText(edit->text());
+}
+
+} // namespace Vela
