@@ -40,6 +40,14 @@ QImage enlargedPicture(QWidget *widget, const QRect &rect)
     return picture;
 }
 
+QString fault(const ColorPair &pair, double least)
+{
+    const double reached = contrast(pair.ink, pair.ground);
+    return reached >= least
+        ? QString()
+        : QStringLiteral("%1 on %2 is %3").arg(pair.ink.name(), pair.ground.name()).arg(reached, 0, 'f', 2);
+}
+
 QVector<ColorPair> differences(const QImage &with, const QImage &without)
 {
     QHash<QPair<QRgb, QRgb>, int> counts;

@@ -29,6 +29,9 @@ struct ColorPair
     int count = 0; ///< of pixels of an enlarged picture
 };
 
+/// What is to be told of a pair that has less contrast than @p least, or else nothing.
+QString fault(const ColorPair &pair, double least);
+
 /// The pairs at the pixels in which the pictures differ, the most frequent one first. Smoothed pixels come last.
 QVector<ColorPair> differences(const QImage &with, const QImage &without);
 
