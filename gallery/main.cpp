@@ -3,6 +3,7 @@
 
 #include "command-line.h"
 #include "gallery-window.h"
+#include "inspector.h"
 #include "log-view.h"
 #include "pages.h"
 #include "platform.h"
@@ -99,6 +100,7 @@ int run(const CommandLine &commandLine, QtSingleApplication *application, Succes
     window.showPage(pages.constFirst());
     window.resize(window.size().boundedTo(window.screen()->availableSize()));
     window.restoreGeometry(commandLine.geometry());
+    const InspectorKey inspectorKey(&window);
     window.show();
     application->setActivationWindow(&window);
     QObject::connect(application, &QtSingleApplication::messageReceived, &window, &GalleryWindow::showPage);

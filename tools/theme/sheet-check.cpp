@@ -438,12 +438,9 @@ private:
 
     void checkAddresses(const SheetDeclaration &declaration)
     {
-        static const QRegularExpression form(QStringLiteral("url\\(\\s*(?:\"([^\"]*)\"|'([^']*)'|([^)\"']*))\\s*\\)"),
-                                             QRegularExpression::CaseInsensitiveOption);
-        for (auto matches = form.globalMatch(declaration.value); matches.hasNext();) {
-            const QRegularExpressionMatch match = matches.next();
-            const QString address = match.captured(1) + match.captured(2) + match.captured(3);
-            checkAddress(declaration, address.trimmed());
+        const QStringList addresses = addressesIn(declaration.value);
+        for (const QString &address : addresses) {
+            checkAddress(declaration, address);
         }
     }
 

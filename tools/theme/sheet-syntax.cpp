@@ -227,3 +227,16 @@ SheetSyntax readSyntax(const QByteArray &body)
 {
     return Reader(body).read();
 }
+
+QStringList addressesIn(const QString &value)
+{
+    static const QRegularExpression form(QStringLiteral("url\\(\\s*(?:\"([^\"]*)\"|'([^']*)'|([^)\"']*))\\s*\\)"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    QStringList addresses;
+    for (auto matches = form.globalMatch(value); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString address = match.captured(1) + match.captured(2) + match.captured(3);
+        addresses.append(address.trimmed());
+    }
+    return addresses;
+}

@@ -67,3 +67,6 @@ struct SheetSyntax
 
 /// Takes a section's body apart. One without any brace is taken for declarations alone, as the toolkit does.
 SheetSyntax readSyntax(const QByteArray &body);
+
+/// What stands in each "url(...)" of a declaration's value.
+QStringList addressesIn(const QString &value);
