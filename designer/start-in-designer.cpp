@@ -54,7 +54,7 @@ std::vector<QString> styleSheets(const QString &folder)
 
 } // namespace
 
-// The calls one by one, as VelaTheme would give Designer itself the theme's palette and font.
+// The calls come one by one: VelaTheme would give Designer itself the theme's palette and font.
 void startInDesigner()
 {
     static bool isStarted = false;

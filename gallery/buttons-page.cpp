@@ -87,7 +87,7 @@ void addTextButtons(GalleryPage *page)
     }
 }
 
-// With the text of that key in each language.
+// A button with the text of that key in each language.
 VelaButton *createTranslated(GalleryPage *page, const QString &key, int kind)
 {
     VelaButton *button = createLogged(page, ComponentStrings::getInstance()->getString(key), kind);

@@ -23,7 +23,7 @@ enum class TextStyle {
     PageTitle,
     SectionTitle,
     Body,
-    Detail, ///< smaller and quieter
+    Detail, ///< smaller and quieter text
 };
 
 /// Calls @p renew now, and whenever the theme or its language has changed while @p owner lives.

@@ -37,7 +37,7 @@ QString displayOf(const QStringList &arguments)
     return display.isEmpty() ? qEnvironmentVariable("DISPLAY") : display;
 }
 
-// The same for all names of a folder. One that is missing has no canonical path.
+// A key that is the same for all names of a folder. One that is missing has no canonical path.
 QString identityOf(const QString &folder)
 {
     const QDir dir(folder);
@@ -100,7 +100,7 @@ CommandLine::CommandLine() :
                "DIR")),
     m_resume(option("resume", {}, "STATE"))
 {
-    m_resume.setFlags(QCommandLineOption::HiddenFromHelp); // it is for the program itself
+    m_resume.setFlags(QCommandLineOption::HiddenFromHelp); // an option for the program itself
     m_parser.setApplicationDescription(QStringLiteral("Shows every widget of Vela Components."));
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     m_parser.addOptions({m_help, m_version, m_page, m_listPages, m_language, m_theme, m_rightToLeft, m_lazy, m_preload,

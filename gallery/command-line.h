@@ -13,14 +13,14 @@
 
 #include <optional>
 
-/// What is to be the same in a gallery that takes the place of another one.
+/// What stays the same in a gallery that takes the place of another one.
 struct GalleryState
 {
     QString page;
-    QString theme; ///< folder
+    QString theme; ///< folder of the theme
     QString language;
     bool isRightToLeft = false;
-    QByteArray geometry; ///< of QWidget::saveGeometry()
+    QByteArray geometry; ///< value of QWidget::saveGeometry()
 };
 
 /// What the gallery was asked to do. Needs an application object for the name of the program.
@@ -50,8 +50,8 @@ public:
     /// Geometry of the window that this one takes the place of, otherwise empty.
     QByteArray geometry() const;
 
-    /// The same for starts that one window can serve: of the same program on the same display, with the same theme. Of
-    /// the arguments that the program was started with, before the toolkit takes its options out.
+    /// A text that is the same for starts that one window can serve: of the same program on the same display, with the
+    /// same theme. It goes by the arguments of the start, before the toolkit takes its options out.
     QString instanceId() const;
 
     /// @p arguments for a start that takes the place of one with these arguments, and of which the instance is the
@@ -73,7 +73,7 @@ private:
     QCommandLineOption m_preload;
     QCommandLineOption m_screenshots;
     QCommandLineOption m_resume;
-    std::optional<GalleryState> m_state; // of the gallery whose place this one takes
+    std::optional<GalleryState> m_state; // state of the gallery whose place this one takes
     QString m_display;
     QString m_errorText;
 };

@@ -63,7 +63,7 @@ QVBoxLayout *createCaptions(const QString &caption, const QString &detail)
     layout->addWidget(createText(caption, TextStyle::Body));
     if (!detail.isEmpty()) {
         QLabel *detailText = createText(detail, TextStyle::Detail);
-        // It names keys that one wants to copy.
+        // The line names keys that one wants to copy.
         detailText->setTextInteractionFlags(Qt::TextSelectableByMouse);
         layout->addWidget(detailText);
     }
@@ -85,7 +85,7 @@ QHBoxLayout *createRow(const QList<QWidget *> &widgets)
     return layout;
 }
 
-// What shows no text of its own is named by the caption in front of it.
+// A widget without a text of its own is named by the caption in front of it.
 void nameBy(const QString &caption, const QList<QWidget *> &widgets)
 {
     for (QWidget *widget : widgets) {

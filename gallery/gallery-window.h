@@ -57,5 +57,5 @@ private:
     QStackedWidget *m_pages;
     LogView *m_log;
     ThemeWatch m_watch;
-    QSet<QString> m_problems; // those of the theme that have been listed
+    QSet<QString> m_problems; // problems of the theme that have been listed
 };

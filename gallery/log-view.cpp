@@ -68,7 +68,7 @@ void LogView::addProblem(const QString &text)
     add(QStringLiteral("<b>%1</b>").arg(text.toHtmlEscaped()));
 }
 
-// In no colour of its own, so that old lines follow the palette, too.
+// Lines have no colour of their own, so that old ones follow the palette, too.
 void LogView::add(const QString &html)
 {
     m_text->appendHtml(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")) + QStringLiteral("&nbsp;&nbsp; ")

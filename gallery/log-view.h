@@ -18,7 +18,7 @@ public:
 
     void addSignal(const QString &text);
     void addWarning(const QString &text);
-    /// A fault of the theme, which names its file.
+    /// Adds a fault of the theme, which names its file.
     void addProblem(const QString &text);
 
 private:

@@ -43,7 +43,7 @@ int fail(const QString &text)
 // The start that takes the place of this one once the application object is gone.
 struct Successor
 {
-    double scale = 0.0; // 0 while there is none
+    double scale = 0.0; // new scale, 0 without one
     GalleryState state;
 };
 

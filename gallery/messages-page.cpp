@@ -93,7 +93,7 @@ void addPictures(GalleryPage *page)
     page->addExample(
         QStringLiteral("ProcessingMessage"), QStringLiteral("with an animation"), {createPicture([](QWidget *stage) {
             auto *sheet = new VelaMessageSheet(QStringLiteral("Copying files\u2026"), animationFile(), stage);
-            // Only exec() would do it by itself.
+            // Only exec() starts it by itself.
             startAnimation(sheet);
             return sheet;
         })});

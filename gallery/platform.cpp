@@ -32,7 +32,7 @@ void preparePlatform()
     if (hasNoDisplay) {
         qputenv(PlatformVariable, OffscreenPlatform);
     }
-    // Of itself that platform has 100 dots per inch, which is no scale that anybody has.
+    // That platform has 100 dots per inch of itself, which is no scale that anybody has.
     if (qgetenv(PlatformVariable).startsWith(OffscreenPlatform) && qEnvironmentVariableIsEmpty(FontDpiVariable)) {
         qputenv(FontDpiVariable, "96");
     }

@@ -51,7 +51,7 @@ Switches::Switches(const std::vector<ThemeEntry> &themes)
 
     connect(m_theme, qOverload<int>(&QComboBox::activated), this, [this] {
         Q_EMIT chosen(VelaTheme::getInstance()->setFolder(m_theme->currentData().toString()));
-        showWhatIsInForce(); // which is still the former one if the chosen one has errors
+        showWhatIsInForce(); // the former choice is in force if the chosen one has errors
     });
     connect(m_language, qOverload<int>(&QComboBox::activated), this, [this] {
         Q_EMIT chosen(VelaTheme::getInstance()->setLanguage(m_language->currentText()));

@@ -37,7 +37,7 @@ struct File
 
 enum Column { Name, Size, Date, Owner, ColumnCount };
 
-// The same files each time, in no order.
+// The files are the same each time, and in no order.
 std::vector<File> createFiles()
 {
     const QStringList kinds {QStringLiteral("Invoice"), QStringLiteral("Photo"), QStringLiteral("Minutes"),
@@ -82,7 +82,7 @@ private:
     int m_sortColumn = Name;
     Qt::SortOrder m_order = Qt::DescendingOrder;
     VelaPagingModel m_model {RowsPerPage};
-    // A member as well, so that it goes before its model.
+    // The bar is a member as well, so that it goes before its model.
     VelaPagingBar m_bar {&m_model};
     VelaTableWidget *m_table = new VelaTableWidget(createColumns());
 };

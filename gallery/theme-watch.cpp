@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int DelayMs = 200; // within which an editor, or a build of a theme, writes one file after the other
+constexpr int DelayMs = 200; // time in which an editor, or a build of a theme, writes one file after the other
 
 QStringList allIn(const QString &folder)
 {
@@ -55,7 +55,7 @@ void ThemeWatch::setFolder(const QString &folder)
     watchAll();
 }
 
-// All anew: a file that was replaced by another one is watched no longer, though its path may still be listed.
+// Everything is watched anew: a file that was replaced is watched no longer, though its path may still be listed.
 void ThemeWatch::watchAll()
 {
     const QStringList former = m_watcher.files() + m_watcher.directories();

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// A theme to choose.
+/// A theme that can be chosen.
 struct ThemeEntry
 {
     QString title;

@@ -17,7 +17,7 @@ public:
     ~WarningLog() override;
 
 Q_SIGNALS:
-    /// Emitted from the event loop, those of the start-up too.
+    /// Emitted from the event loop, also for those of the start-up.
     void warned(const QString &text);
 
 private:

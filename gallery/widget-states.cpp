@@ -24,7 +24,7 @@ void hover(QWidget *widget)
     QEnterEvent event(centre, centre, widget->mapToGlobal(centre.toPoint()));
     widget->setAttribute(Qt::WA_UnderMouse);
     QCoreApplication::sendEvent(widget, &event);
-    // Buttons take themselves for hovered only after a move.
+    // Buttons count as hovered only after a move.
     sendMouse(widget, QEvent::MouseMove, Qt::NoButton);
     widget->update();
 }
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    // Behind the widget's own handling of what has happened.
+    // The timer comes behind the widget's own handling of what has happened.
     void applyLater()
     {
         QTimer::singleShot(0, this, [this] { apply(); });

@@ -25,7 +25,7 @@ void followFocusRules(QWidget *widget, const QWidget *model);
 /// Column headings for the widgets of inAllStates().
 QStringList stateColumns();
 
-/// Of what @p create makes one to try, and behind it one frozen in each state, or null where that cannot be done.
+/// Makes a widget to try by @p create, and behind it one frozen in each state, or null where that cannot be done.
 template<typename Create>
 QList<QWidget *> inAllStates(Create create)
 {

@@ -104,7 +104,7 @@ QWidget *bareFilterBar(QWidget *parent)
     return field;
 }
 
-// The same with a stock button in it.
+// A field with a stock button in it.
 QWidget *shortFilterBar(QWidget *parent)
 {
     auto *field =

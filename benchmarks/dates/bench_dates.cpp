@@ -90,7 +90,7 @@ QTableWidget *weekdayTable(QWidget *parent)
     table->setShowGrid(false);
     table->horizontalHeader()->setMinimumSectionSize(0);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    styleTable(table); // last, as each sheet has what is there laid out anew
+    styleTable(table); // comes last, as each sheet has what is there laid out anew
     return table;
 }
 
@@ -196,7 +196,7 @@ QComboBox *calendarSelector(QWidget *parent)
 
 using MakeSelector = QComboBox *(*)(QWidget *parent);
 
-// From nothing to the first paint of the popup, which opens below a selector that has been painted.
+// Measures from nothing to the first paint of the popup, which opens below a selector that has been painted.
 void openSelectors(benchmark::State &state, MakeSelector makeSelector)
 {
     QWidget window;
@@ -221,7 +221,7 @@ void openSelectors(benchmark::State &state, MakeSelector makeSelector)
     }
 }
 
-// The popup alone, of a selector that has shown it before.
+// Measures the popup alone, of a selector that has shown it before.
 void reopenPopups(benchmark::State &state, MakeSelector makeSelector)
 {
     QWidget window;

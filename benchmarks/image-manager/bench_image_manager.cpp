@@ -19,7 +19,7 @@ constexpr double LoadingTarget = 1.0;
 constexpr double RequestTarget = 1.2;
 
 constexpr int ImageCount = 24;
-constexpr int Sizes[] = {64, 96, 128, 256}; // of theme images, four times their logical size
+constexpr int Sizes[] = {64, 96, 128, 256}; // sizes of theme images, four times their logical size
 constexpr const char *Variants[] = {"", "_hover", "_click", "_disable"};
 
 QStringList imageNames()
@@ -31,7 +31,7 @@ QStringList imageNames()
     return names;
 }
 
-// Draws and lists the images, of each the first variantCount variants. As ImageManager forgets no name,
+// Draws and lists images, and of each the first variantCount variants. As ImageManager forgets no name,
 // all sets of images here have the same ones.
 void writeImages(const Resources &resources, int variantCount)
 {
@@ -102,7 +102,7 @@ void compareLoading(const Resources &resources, const std::string &what, int var
         floor);
 }
 
-// INIT_LAZY with all images listed against a start with none.
+// Compares INIT_LAZY with all images listed against a start with none.
 void compareLazyStart(const Resources &full, const Resources &empty)
 {
     const auto start = [](const Resources &resources) {
@@ -117,7 +117,7 @@ void compareLazyStart(const Resources &full, const Resources &empty)
     compare("INIT_LAZY, 24 images against none", std::nullopt, start(full), start(empty));
 }
 
-// Against a look-up in Images, which maps names to pixmaps, and a shared copy.
+// Compares with a look-up in Images, which maps names to pixmaps, and a shared copy.
 template<typename Images>
 void compareRequest(const Resources &resources, const char *what)
 {

@@ -110,7 +110,7 @@ protected:
     }
 };
 
-// The same with the stretched images kept from paint to paint.
+// The same picture, with the stretched images kept from paint to paint.
 class KeptFloor : public QWidget
 {
 protected:

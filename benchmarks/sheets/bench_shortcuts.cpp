@@ -27,8 +27,8 @@ const QString Text = QStringLiteral("The three files that were selected have bee
 
 struct Cost
 {
-    double milliseconds; // of a call
-    double bytes; // that a call leaves allocated
+    double milliseconds; // milliseconds of a call
+    double bytes; // bytes that a call leaves allocated
 };
 
 template<typename Call>
@@ -64,7 +64,7 @@ void showBareBox(QWidget *window)
 
 } // namespace
 
-// Thousand messages, or as many as the argument says, in one window that is never closed.
+// Shows a thousand messages, or as many as the argument says, in one window that is never closed.
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
@@ -92,7 +92,7 @@ int main(int argc, char *argv[])
         answerSoon(&window);
         showBareBox(&window);
     };
-    measure(2, box); // what is made once
+    measure(2, box); // makes what is made once
     measure(2, sheet);
 
     std::printf("| calls | showInfoMsg() | kept | bare QMessageBox | kept |\n|---|--:|--:|--:|--:|\n");

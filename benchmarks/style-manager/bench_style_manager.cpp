@@ -18,7 +18,7 @@ constexpr double LongSectionTarget = 1.05;
 constexpr int Kilobyte = 1024;
 constexpr int Megabyte = 1024 * Kilobyte;
 
-// text without its comments, in one pass; a comment that is never closed is left standing.
+// Returns text without its comments, in one pass; a comment that is never closed is left standing.
 QString withoutComments(const QString &text)
 {
     QString result(text.size(), Qt::Uninitialized);
@@ -44,7 +44,7 @@ QString withoutComments(const QString &text)
     return result;
 }
 
-// text with the number before each "px" multiplied, the number's digits gone back over from the unit.
+// Returns text with the number before each "px" multiplied, the number's digits gone back over from the unit.
 QString scaled(const QString &text, double factor)
 {
     QString result;
@@ -91,7 +91,7 @@ QByteArray headersOnly(int size)
     return text;
 }
 
-// initialize() with a file of content against one pass over its text, from memory and, when @p
+// Compares initialize() with a file of content against one pass over its text, from memory and, when
 // alsoFromFile, with the reading of the file.
 void compareInitialize(const Resources &resources, const std::string &what, const QByteArray &content,
                        bool alsoFromFile = false)
@@ -120,7 +120,7 @@ void compareInitialize(const Resources &resources, const std::string &what, cons
     }
 }
 
-// getStyleSheet() of a section body against a bare scanner; without a target only to be seen.
+// Compares getStyleSheet() of a section body against a bare scanner; without a target only to be seen.
 void compareGetStyleSheet(const Resources &resources, const std::string &what, std::optional<double> target,
                           const QByteArray &body)
 {

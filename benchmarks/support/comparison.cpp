@@ -54,7 +54,7 @@ public:
 benchmark::BenchmarkReporter::Run runOnce(const Entry &side)
 {
     LastRun reporter;
-    const std::string numbered = "^" + side.name + "(/iterations:.*)?$"; // as it is called once calibrated
+    const std::string numbered = "^" + side.name + "(/iterations:.*)?$"; // its name once it is calibrated
     if (benchmark::RunSpecifiedBenchmarks(&reporter, numbered) != 1 || reporter.run.error_occurred) {
         std::fprintf(stderr, "%s failed: %s\n", side.name.c_str(), reporter.run.error_message.c_str());
         std::exit(EXIT_FAILURE);

@@ -35,7 +35,7 @@ private:
     bool m_hasPainted = false;
 };
 
-/// From nothing to the first paint: makes @p count widgets by @p makeWidget, which is given their parent to be, lays
+/// Measures from nothing to the first paint: makes @p count widgets by @p makeWidget, which is given their parent, lays
 /// them out in a panel, and shows it in a window that is there.
 template<typename MakeWidget>
 void showPanels(benchmark::State &state, int count, MakeWidget makeWidget)

@@ -67,11 +67,11 @@ public:
         QApplication::processEvents();
     }
 
-    // As an application does that has made the start-up calls, and knows its widgets and their keys.
+    // An application that has made the start-up calls, and knows its widgets and their keys, does this.
     void setByHand(const Theme &theme)
     {
         {
-            const LogCapture ofThePath; // which is there already
+            const LogCapture ofThePath; // the path is there already, which is logged
             UIPathManager::getInstance()->setPath(QStringLiteral("resource_path"), theme.folder);
         }
         ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
@@ -130,7 +130,7 @@ private:
 
 using Themes = std::array<Theme, 2>;
 
-// Changes between the themes, each time until the window is painted.
+// Changes between the themes, and waits each time until the window is painted.
 template<typename Change>
 void changeThemes(benchmark::State &state, int count, const Themes &themes, Change change)
 {

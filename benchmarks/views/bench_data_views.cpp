@@ -38,7 +38,7 @@ constexpr double RowPathTarget = 1.25;
 constexpr double DeepPathTarget = 1.0;
 
 constexpr int Columns = 50;
-constexpr int ColumnWidth = 10; // at least
+constexpr int ColumnWidth = 10; // least width of a column
 constexpr int Rows = 100000;
 constexpr int HeaderWidth = 20000;
 constexpr int HeaderHeight = 30;
@@ -69,7 +69,7 @@ QTableWidget *table(QWidget *parent)
     return widget->getTable();
 }
 
-// Has its columns share the width of the table, by a header above it.
+// A table whose columns share its width, by a header above it.
 class Stretcher : public QObject
 {
 public:
@@ -94,7 +94,7 @@ private:
     QHeaderView *const m_header;
 };
 
-// A header of its own above the rows, put together from what Qt has.
+// A header above the rows, put together from what Qt has.
 QTableWidget *bareTable(QWidget *parent)
 {
     auto *widget = new QWidget(parent);
@@ -178,7 +178,7 @@ void resizeTables(benchmark::State &state, const MakeTable &make)
     int width = WindowSize.width();
     for (auto iteration : state) {
         Q_UNUSED(iteration)
-        width = width == WindowSize.width() ? width + Columns : WindowSize.width(); // a pixel for each column
+        width = width == WindowSize.width() ? width + Columns : WindowSize.width(); // one pixel more for each column
         widget->resize(width, WindowSize.height());
         QApplication::processEvents();
     }
@@ -260,7 +260,7 @@ void constructTrees(benchmark::State &state, int count)
     }
 }
 
-// By step rows at a time, with the pointer at pointer; ours highlights the row under it, which is more to paint.
+// Scrolls by step rows at a time, with the pointer at pointer; ours highlights the row under it, so it paints more.
 template<typename Side>
 void scrollTrees(benchmark::State &state, int count, int step, const QPoint &pointer)
 {
@@ -442,7 +442,7 @@ private:
     QWidget *const m_row;
 };
 
-// What of a path is painted when it is.
+// The parts of a path that are painted when it is.
 QWidget *paintedPart(QTableWidget *path)
 {
     return path->viewport();
@@ -453,7 +453,7 @@ QWidget *paintedPart(ButtonRow *path)
     return path->row();
 }
 
-// From nothing to the first paint.
+// The time from nothing to the first paint.
 template<typename Path, typename Fill>
 void constructPaths(benchmark::State &state, Fill fill)
 {
@@ -589,7 +589,7 @@ int main(int argc, char *argv[])
     resources.writeCatalogue(images);
     ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
     StyleManager::getInstance()->initialize({resources.writeSheet(QStringLiteral("views.qss"), sheets())});
-    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false")); // texts and states left out
+    QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false")); // texts and states are left out
 
     compareTables("VelaTableWidget, first paint", 0);
     compareTables("VelaTableWidget, 100000 rows, first paint", Rows);

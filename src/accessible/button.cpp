@@ -109,7 +109,7 @@ void Button::doAction(const QString &name)
         return;
     }
     if (name == pressAction() || name == showMenuAction()) {
-        button()->animateClick(); // which returns before a menu or sheet that it opens is closed
+        button()->animateClick(); // returns before a menu or sheet that it opens is closed
     } else if (name == toggleAction()) {
         button()->toggle();
     } else {
@@ -141,7 +141,7 @@ QString IconButton::name() const
     return qobject_cast<VelaButtonPath *>(button()->parentWidget()) ? Look::spoken(SpokenText::PathMenu) : QString();
 }
 
-// Not what is the name already. Who turns the page has to hear where that leads.
+// What is the name already is left out. Who turns the page has to hear where that leads.
 QString IconButton::description() const
 {
     const QString toolTip = button()->toolTip();

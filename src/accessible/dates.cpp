@@ -43,7 +43,7 @@ QList<QWidget *> CalendarMonth::parts() const
     return named(widget(), {"qt_calendar_navigationbar", "qt_calendar_calendarview"});
 }
 
-// It hands the focus on to the days.
+// The calendar hands the focus on to the days.
 QAccessible::State CalendarMonth::state() const
 {
     QAccessible::State state = Group::state();

@@ -206,7 +206,7 @@ void Field::insertText(int offset, const QString &text)
     replaceText(offset, offset, text);
 }
 
-// As it would be typed, so that a validator or input mask is asked.
+// The text is inserted as it would be typed, so that a validator or input mask is asked.
 void Field::replaceText(int start, int end, const QString &text)
 {
     if (field()->isReadOnly() || !field()->isEnabled()) {

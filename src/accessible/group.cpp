@@ -24,7 +24,7 @@ int Group::indexOfChild(const QAccessibleInterface *child) const
     return child && child->object() ? parts().indexOf(qobject_cast<QWidget *>(child->object())) : -1;
 }
 
-// Of parts that lie over each other, the first.
+// The first of parts that lie over each other is found.
 QAccessibleInterface *Group::childAt(int x, int y) const
 {
     for (int i = 0; i < childCount(); ++i) {

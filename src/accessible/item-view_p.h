@@ -234,9 +234,9 @@ protected:
 private:
     const QVector<QPersistentModelIndex> &rows() const;
 
-    QObject m_context; // of the connections
+    QObject m_context; // context of the connections
     mutable QVector<QPersistentModelIndex> m_rows;
-    mutable QHash<QPersistentModelIndex, int> m_places; // of the rows
+    mutable QHash<QPersistentModelIndex, int> m_places; // places of the rows
     mutable bool m_isOutOfDate = true;
 };
 

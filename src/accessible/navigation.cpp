@@ -99,7 +99,7 @@ QList<QWidget *> Path::parts() const
     if (menuButton && !menuButton->isHidden()) {
         parts.append(menuButton);
     }
-    for (int column = 0; column < path->columnCount(); column += 2) { // arrows stand between
+    for (int column = 0; column < path->columnCount(); column += 2) { // arrows stand between the names
         if (QWidget *name = path->cellWidget(0, column)) {
             parts.append(name);
         }

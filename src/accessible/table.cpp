@@ -29,7 +29,7 @@ int Table::rowOf(const QModelIndex &index) const
     return index.row();
 }
 
-// That of the table around the rows, or else their titles.
+// The header of the table around the rows, or else their titles.
 QString Table::name() const
 {
     const VelaTableWidget *frame = frameOf(view());

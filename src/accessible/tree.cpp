@@ -57,7 +57,7 @@ public:
         return names;
     }
 
-    // A branch is folded or unfolded, another row that can be checked is.
+    // A branch is folded or unfolded; another row is checked, if it can be.
     void doAction(const QString &name) override
     {
         if (name != toggleAction() || !actionNames().contains(name)) {
@@ -81,7 +81,7 @@ Tree::Tree(QAbstractItemView *tree) : ItemView(tree, QAccessible::Tree)
     const auto outdate = [this] { m_isOutOfDate = true; };
     QObject::connect(treeOf(this), &QTreeView::expanded, &m_context, outdate);
     QObject::connect(treeOf(this), &QTreeView::collapsed, &m_context, outdate);
-    QAbstractItemModel *model = tree->model(); // of a tree of items it is always the same
+    QAbstractItemModel *model = tree->model(); // a tree of items keeps its model
     QObject::connect(model, &QAbstractItemModel::rowsInserted, &m_context, outdate);
     QObject::connect(model, &QAbstractItemModel::rowsRemoved, &m_context, outdate);
     QObject::connect(model, &QAbstractItemModel::rowsMoved, &m_context, outdate);

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int MaximalDepth = 100; // deeper than any window: something is below itself
+constexpr int MaximalDepth = 100; // depth that no window reaches unless something is below itself
 
 QString nameOf(QAccessible::Role role)
 {

@@ -56,7 +56,7 @@ QAccessibleInterface *Window::child(int index) const
     }
     for (int i = 0, shown = 0; i < QAccessibleWidget::childCount(); ++i) {
         QAccessibleInterface *child = QAccessibleWidget::child(i);
-        if (!child || qobject_cast<VelaMask *>(child->object())) { // which windows keep when it is empty
+        if (!child || qobject_cast<VelaMask *>(child->object())) { // windows keep their masks when these are empty
             continue;
         }
         if (shown++ == index) {
@@ -105,7 +105,7 @@ QAccessibleInterface *Sheet::parent() const
                                  : QAccessibleWidget::parent();
 }
 
-// Beginning with what says most about it.
+// What says most about it comes first.
 QStringList Sheet::texts() const
 {
     QStringList texts {widget()->windowTitle()};

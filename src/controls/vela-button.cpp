@@ -86,7 +86,7 @@ public:
     void renew(const LookChange &change);
 
     VelaIconButton *const q;
-    QString imageName; // where the icons are from, but those that were given as pixmaps
+    QString imageName; // name in the catalogue, of icons that were not given as pixmaps
     StateIcon icons[ImageManager::ImageFile::VariantCount];
     QSize iconSize; // logical pixels
 };

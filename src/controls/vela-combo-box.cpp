@@ -35,7 +35,7 @@ public:
     ~VelaComboBoxPrivate() { delete delegate; }
     Q_DISABLE_COPY(VelaComboBoxPrivate)
 
-    // Its view does not own it.
+    // The combo box's view does not own it.
     const QPointer<QStyledItemDelegate> delegate = new QStyledItemDelegate;
 };
 

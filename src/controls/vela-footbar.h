@@ -34,11 +34,11 @@ public:
 
     /// Margins around the row in logical pixels.
     void setMargins(int left, int top, int right, int bottom);
-    /// Those set last, by init() perhaps; null margins before.
+    /// Margins that were set last, by init() perhaps; null margins before.
     QMargins margins() const;
     /// Space between widgets in logical pixels.
     void setSpacing(int spacing);
-    /// That set last, by init() perhaps; -1, for the style's, before.
+    /// Space that was set last, by init() perhaps; -1, for the style's, before.
     int spacing() const;
 
 private:

@@ -42,7 +42,7 @@ public:
 
 VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaLineEditPrivate>())
 {
-    // Styled when they have their parent: a styled widget that is given another one is polished again.
+    // The labels have their parent before they are styled: a styled widget that is given another one is polished again.
     d->layout = new QHBoxLayout(this);
     d->preLabel = createText(this);
     d->lineEdit = new QLineEdit(this);

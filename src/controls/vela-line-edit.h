@@ -27,11 +27,11 @@ public:
 
     /// Margins around the row in logical pixels; 0 at first.
     void setMargins(int left, int top, int right, int bottom);
-    /// Those margins.
+    /// Margins around the row in logical pixels.
     QMargins margins() const;
     /// Space between the texts and the field in logical pixels; 0 at first.
     void setSpacing(int spacing);
-    /// That space.
+    /// Space between the texts and the field in logical pixels.
     int spacing() const;
 
     /// Sets what validate() asks, without asking it; null for nothing.
@@ -41,7 +41,7 @@ public:
 
     /// Sets the field's dynamic property "error", on which style sheets select, and brings its look up to date.
     void setError(bool error);
-    /// That property; false until it is set.
+    /// Whether the field looks like one with an error; false at first.
     bool hasError() const;
 
     /// The text in front of the field, empty at first. It belongs to this widget.

@@ -35,13 +35,13 @@ public:
     /// another.
     /// @{
 
-    /// The first day.
+    /// Sets the first day.
     void setMinimumDate(const QDate &date);
-    /// That day.
+    /// The first day.
     QDate minimumDate() const;
-    /// The last day.
+    /// Sets the last day.
     void setMaximumDate(const QDate &date);
-    /// That day.
+    /// The last day.
     QDate maximumDate() const;
     /// @}
 

@@ -146,7 +146,7 @@ void HelpWindow::slotReceiveReply(QNetworkReply *reply)
     reply->deleteLater();
     if (reply->error() == QNetworkReply::NoError) {
         const QByteArray page = reply->readAll();
-        // With the size, null bytes are read past.
+        // The size lets it read past null bytes.
         d->browser->setText(QString::fromUtf8(page.constData(), page.size()));
     } else {
         fallbackOfflineHelp();

@@ -81,7 +81,7 @@ void ImageManager::readJson()
     QString text;
     if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         const QByteArray bytes = file.readAll();
-        // Given the array itself, it would stop at a null byte.
+        // A conversion of the array itself would stop at a null byte.
         text = QString::fromUtf8(bytes.constData(), bytes.size());
     }
     QJsonParseError error;
@@ -145,7 +145,7 @@ void ImageManager::load(ImageFile &image)
             image.names[i].clear();
             continue;
         }
-        // Rounded at each step, so one multiplication would give other sizes.
+        // Each step rounds, so one multiplication would give other sizes.
         const QSize size = original.size() / DrawnScale * scale * ratio;
         image.pixmaps[i] = scaledTo(original, size);
         image.pixmaps[i].setDevicePixelRatio(ratio);

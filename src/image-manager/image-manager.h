@@ -25,8 +25,8 @@ class VELA_EXPORT ImageManager
 public:
     /// When images are loaded. Any other value loads nothing, ever.
     enum InitializeType : int {
-        INIT_PRELOAD = 0, ///< all of them by initialize()
-        INIT_LAZY = 1, ///< each, with its variants, at its first request
+        INIT_PRELOAD = 0, ///< loads all images in initialize()
+        INIT_LAZY = 1, ///< loads an image, with its variants, at its first request
     };
 
     /// State of an image.
@@ -43,9 +43,9 @@ public:
         /// How many states an image has.
         static constexpr int VariantCount = 4;
 
-        QString names[VariantCount]; ///< of the files, without ".png"; empty when the variant could not be loaded
-        QPixmap pixmaps[VariantCount]; ///< null when the variant could not be loaded
-        bool loaded = false; ///< whether at least one variant could be
+        QString names[VariantCount]; ///< file names without ".png"; empty for a variant that could not be loaded
+        QPixmap pixmaps[VariantCount]; ///< null for a variant that could not be loaded
+        bool loaded = false; ///< whether at least one variant could be loaded
     };
 
     /// The one instance, created on first use.
@@ -71,7 +71,7 @@ public:
     const QString &getTempImageFolder();
 
 private:
-    friend struct Vela::LookTables; // keeps and replaces all of it
+    friend struct Vela::LookTables; // friend that keeps and replaces the whole state
 
     ImageManager() = default;
     ~ImageManager() = default;

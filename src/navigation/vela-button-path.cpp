@@ -192,7 +192,7 @@ void VelaButtonPathPrivate::discard(QAction *action)
     menu->removeAction(action);
     action->setParent(nullptr);
     if (sources.contains(action)) {
-        // It is deleted once the choice is told.
+        // The action is deleted once the choice is told.
         menuMapper->removeMappings(action);
     } else {
         action->deleteLater();
@@ -205,7 +205,7 @@ void VelaButtonPathPrivate::discard(QPushButton *button)
         nameMapper->removeMappings(button);
         // Otherwise a neighbour of the bar might get the focus.
         button->clearFocus();
-        // It is deleted once the click is told; the table might do that earlier.
+        // The button is deleted once the click is told; the table might do that earlier.
         button->setParent(nullptr);
     } else {
         delete button;

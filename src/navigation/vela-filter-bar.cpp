@@ -52,7 +52,7 @@ VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_u
     d->createSearchButton();
     const QString fieldSheet = Look::sheet(Style::LineEdit);
     setStyleSheet(fieldSheet + Look::sheet(Style::FilterBarPadding));
-    d->placeSearchButton(this); // not before, as it would be styled anew with each sheet
+    d->placeSearchButton(this); // is styled anew with each sheet set before
     setFixedHeight(scaled(Metric::FieldHeight));
     connect(this, &QLineEdit::returnPressed, this, &VelaFilterBar::slotKeywordChange);
 }

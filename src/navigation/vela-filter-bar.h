@@ -28,7 +28,7 @@ public:
 
     /// Sets the menu that the button opens, and Key_Down in the field; the bar does not take ownership.
     void setMenu(QMenu *menu);
-    /// That menu; null without one.
+    /// The menu that the button opens; null without one.
     QMenu *menu() const;
 
 Q_SIGNALS:

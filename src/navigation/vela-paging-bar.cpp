@@ -151,7 +151,7 @@ void VelaPagingBarPrivate::layOut()
 
     border = new QWidget(q);
     border->setObjectName(QStringLiteral("PAGINGBARBORDER"));
-    border->setStyleSheet(Look::sheet(Style::PagingBarBorder)); // before it has children to style again
+    border->setStyleSheet(Look::sheet(Style::PagingBarBorder)); // comes before it has children to style again
     border->setLayout(pageLayout);
     border->setFixedHeight(scaled(BarHeight));
 

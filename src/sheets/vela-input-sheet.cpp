@@ -64,7 +64,7 @@ void VelaInputSheetPrivate::initialize()
 {
     const ButtonLook ok = buttonLook(Style::ApplyButton, QString(), Text::Ok);
     const ButtonLook cancel = buttonLook(Style::CancelButton, QString(), Text::Cancel);
-    // Before its buttons: styled children are polished again when an ancestor is given a style sheet.
+    // The sheet is styled before its buttons: styled children are polished again when an ancestor is given a sheet.
     // A frame loses its margins, the shadow's room, when it is styled.
     const QMargins shadow = q->contentsMargins();
     q->setStyleSheet(Look::sheet(Style::SheetOther));

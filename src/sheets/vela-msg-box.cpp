@@ -41,7 +41,7 @@ class MessageBox : public QMessageBox
 public:
     explicit MessageBox(Style style) : m_style(style)
     {
-        setStyleSheet(Look::sheet(style)); // before its buttons, which would be polished again
+        setStyleSheet(Look::sheet(style)); // comes before its buttons, which would be polished again
     }
 
 protected:

@@ -92,7 +92,7 @@ void VelaMessageSheetPrivate::initialize(const MsgBoxCustomBtnText &captions)
     if (look.buttons.testFlag(QDialogButtonBox::Discard)) {
         cancel = buttonLook(Style::CancelButton, captions.cancelText, Text::Cancel);
     }
-    // Before its buttons: styled children are polished again when an ancestor is given a style sheet.
+    // The sheet is styled before its buttons: styled children are polished again when an ancestor is given a sheet.
     q->setStyleSheet(Look::sheet(style()));
     setUpButtonBox(look.buttons);
     setUpButton(QMessageBox::Ok, ok);
@@ -219,7 +219,7 @@ bool VelaMessageSheetPrivate::hasIcon() const
 void VelaMessageSheetPrivate::fill(QVBoxLayout *column)
 {
     for (MessageLabel *label : {textLabel, informativeLabel}) {
-        // Otherwise it would keep the height of the text or width that it had before.
+        // The label would keep the height of the text or width that it had before.
         if (label) {
             label->setMinimumHeight(0);
             label->setMaximumHeight(QWIDGETSIZE_MAX);
@@ -248,7 +248,7 @@ void VelaMessageSheetPrivate::fill(QVBoxLayout *column)
 
 void VelaMessageSheetPrivate::fitToWidth()
 {
-    // Empty, it would lie over the texts and take their clicks.
+    // An empty box would lie over the texts and take their clicks.
     buttonBox->setVisible(!buttonBox->buttons().isEmpty());
 }
 

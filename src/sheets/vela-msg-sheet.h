@@ -103,7 +103,7 @@ public:
 
     /// Sets the text, which may be rich.
     void setText(const QString &text);
-    /// That text.
+    /// The text above the informative one.
     QString text() const;
     /// Sets the text below it, which may be rich; an empty one removes it.
     void setInformativeText(const QString &text);

@@ -27,7 +27,7 @@ struct ShadowPiece
     Place vertical;
 };
 
-// In the order in which their images are requested, so that missing ones are logged in it.
+// The pieces in the order in which their images are requested, so that missing ones are logged in it.
 constexpr ShadowPiece ShadowPieces[] = {
     // edges
     {Image::ShadowLeft, Start, Middle},

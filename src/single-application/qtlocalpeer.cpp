@@ -233,10 +233,10 @@ void QtLocalPeerPrivate::receiveMessage(QLocalSocket *socket)
     }
     const Message message = Message::takeFrom(socket);
     disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
-    // Before the signal, since its slots may take longer than the sender waits.
+    // This comes before the signal, since its slots may take longer than the sender waits.
     socket->write(Vela::Acknowledgement, Vela::AcknowledgementSize);
     socket->flush();
-    // Otherwise it would go on reading what nobody wants.
+    // The connection would go on reading what nobody wants.
     socket->disconnectFromServer();
     Q_EMIT q->messageReceived(message.text());
 }

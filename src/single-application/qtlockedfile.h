@@ -17,9 +17,9 @@ class VELA_EXPORT QtLockedFile : public QFile
 public:
     /// What other processes are kept from.
     enum LockMode {
-        NoLock = 0, ///< nothing
-        ReadLock, ///< write locks
-        WriteLock, ///< all locks
+        NoLock = 0, ///< nothing at all
+        ReadLock, ///< write locks of others
+        WriteLock, ///< all locks of others
     };
 
     /// A file without a name, which setFileName() gives it.

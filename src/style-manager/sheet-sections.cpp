@@ -146,7 +146,7 @@ QString linesOf(const QByteArray &text, int begin, int end)
     }
     const int size = end - begin - (text.at(end - 1) == LineBreak ? 1 : 0);
     if (begin > 0) {
-        // With the line break of the line before in front.
+        // The line with the line break of the one before in front.
         return QString::fromUtf8(text.constData() + begin - 1, 1 + size);
     }
     QByteArray lines(1 + size, LineBreak);
@@ -189,11 +189,11 @@ void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value
 QByteArray readSheets(QFile &file)
 {
     QByteArray text = file.readAll();
-    // As a device in text mode does, which looks for carriage returns a byte at a time.
+    // A device in text mode does the same, but looks for carriage returns a byte at a time.
     if (std::memchr(text.constData(), '\r', static_cast<std::size_t>(text.size()))) {
         text.replace("\r", "");
     }
-    // Given the whole array, QString::fromUtf8() would stop at a null byte.
+    // A conversion of the whole array would stop at a null byte.
     return isAscii(text) ? text : QString::fromUtf8(text.constData(), text.size()).toUtf8();
 }
 

@@ -14,8 +14,8 @@
 
 #include <utility>
 
-// In the room above all others, which none of them knows. It is to be there before the first widget, also in a static
-// library, of which a program gets nothing that is not named.
+// A function of the room above all others, which none of them knows. It must be there before the first widget, also in
+// a static library, of which a program gets nothing that is not named.
 namespace Vela::Accessible {
 void install();
 }

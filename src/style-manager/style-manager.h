@@ -39,7 +39,7 @@ public:
     QString getStyleSheet(const QString &key, bool raw);
 
 private:
-    friend struct Vela::LookTables; // keeps and replaces all of it
+    friend struct Vela::LookTables; // friend that keeps and replaces the whole state
 
     StyleManager() = default;
     ~StyleManager() = default;

@@ -18,7 +18,7 @@ public:
     {
         thread = QThread::currentThread();
         isRefused = false;
-        passOn = qInstallMessageHandler(nullptr); // known before it is asked for, by other threads perhaps
+        passOn = qInstallMessageHandler(nullptr); // is known before other threads may ask for it
         qInstallMessageHandler(listen);
     }
     ~RefusalListener() { qInstallMessageHandler(passOn); }
@@ -51,7 +51,7 @@ bool isUnderstood(const QString &sheet)
     constexpr int Width = 4321;
     const RefusalListener listener;
     QString filled = sheet;
-    filled.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // where a combo box puts in its own
+    filled.remove(QLatin1String("%1")).remove(QLatin1String("%2")); // places where a combo box puts in its own
     const bool hasRules = filled.contains(QLatin1Char('{'));
     QWidget probe;
     probe.setObjectName(QStringLiteral("vela_probe"));

@@ -26,7 +26,7 @@ using Problem = VelaTheme::Problem;
 
 const QString StringsFolder = QStringLiteral("strings/");
 
-// Counted from 1.
+// Number of the line, counted from 1; 0 for no position.
 int lineAt(const QByteArray &text, int position)
 {
     return position < 0 ? 0 : 1 + static_cast<int>(std::count(text.cbegin(), text.cbegin() + position, '\n'));
@@ -132,12 +132,12 @@ QString ThemeFolder::imagePath(const QString &name) const
 // Whether the file, if it is there, is a whole PNG; not what it shows, which would take as long as to load it.
 void ThemeFolder::checkImage(const QString &file)
 {
-    constexpr int TrailerSize = 64; // the chunk that ends it, and what some programs add
+    constexpr int TrailerSize = 64; // length of the chunk that ends it, and of what some programs add
     const QFileInfo info(file);
     if (!info.exists()) {
         return;
     }
-    if (!info.isFile()) { // what would never end to be read, perhaps
+    if (!info.isFile()) { // a pipe, for instance, might never end to be read
         add(Problem::Error, file, 0, QStringLiteral("This is no file"));
         return;
     }
@@ -241,7 +241,7 @@ void ThemeFolder::readSheets()
         add(Problem::Error, folder.path(), 0, QStringLiteral("There are no style sheets (*.qss) in it"));
         return;
     }
-    QByteArray text; // of all, as a section may go on at the beginning of the next file
+    QByteArray text; // text of all files, as a section may go on at the beginning of the next one
     QVector<SheetFile> files;
     for (const QString &name : names) {
         const QString file = folder.filePath(name);

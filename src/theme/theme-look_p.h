@@ -50,7 +50,7 @@ private:
     QVector<PaletteColor> m_toolTip;
     QString m_fontFamily;
     double m_fontSize = 0.0; // points, 0 for none
-    int m_fontWeight = -1; // as QFont counts, -1 for none
+    int m_fontWeight = -1; // weight as QFont counts, -1 for none
     Look::Colors m_colors;
 };
 

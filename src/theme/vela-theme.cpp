@@ -113,7 +113,7 @@ public:
     ImageManager::InitializeType imageLoading = ImageManager::INIT_LAZY;
     bool isChanging = false;
 
-    // What a theme that tells nothing of them leaves in force.
+    // Look of the application that a theme which tells nothing of it leaves in force.
     bool hasApplicationsOwn = false;
     QPalette palette;
     QFont font;
@@ -128,7 +128,7 @@ void VelaThemePrivate::apply(const ThemeLook &look)
         font = QApplication::font();
         toolTipPalette = QToolTip::palette();
     }
-    // Each is a change for every widget, and no longer the desktop's, once it is set.
+    // Setting one of them is a change for every widget, and takes it away from the desktop: only what differs is set.
     if (const QPalette wanted = look.palette(palette); wanted != QApplication::palette()) {
         QApplication::setPalette(wanted);
     }
@@ -193,7 +193,7 @@ VelaTheme::Problems VelaThemePrivate::load(const QString &newFolder, const QStri
         problems.append({VelaTheme::Problem::Warning, folderOfCopies, 0,
                          QStringLiteral("Cannot be written to: scaled images of style sheets are missing")});
     }
-    QPixmapCache::clear(); // of files that have the same names as former ones
+    QPixmapCache::clear(); // pictures are kept by the names of their files, which may be the former ones
     apply(theme.look());
 
     folder = absoluteFolder;

@@ -29,12 +29,12 @@ public:
 
     /// Sets the widgets that are left out.
     void setFilterWidgets(const QList<QWidget *> &filterWidgets);
-    /// Those widgets; none at first.
+    /// The widgets that are left out; none at first.
     QList<QWidget *> filterWidgets() const;
 
     /// Sets the least focus policy, as a number, of a widget that passes.
     void setFocusLevel(Qt::FocusPolicy focusLevel);
-    /// That policy; Qt::NoFocus at first.
+    /// The least focus policy of a widget that passes; Qt::NoFocus at first.
     Qt::FocusPolicy focusLevel() const;
 
 private:

@@ -23,7 +23,7 @@ namespace {
 constexpr int ShapedTextCount = 100; // more than the rows of a window
 constexpr int LongestShapedText = 1000; // characters, more than fit into a row
 
-// No dot in front; nowhere what some file system does not allow.
+// Names without a dot in front, and without what some file system does not allow.
 const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
 
 // A text that was laid out in one line, which takes longer than to draw it.
@@ -65,7 +65,7 @@ public:
     const ShapedText &shapedText(const QString &text, const QStyleOptionViewItem &option, int width);
 
     QCache<QString, ShapedText> shapedTexts {ShapedTextCount};
-    QMetaObject::Connection forgetting; // delegates may be there before the application
+    QMetaObject::Connection forgetting; // connection to the application, which may come after its delegates
 };
 
 const ShapedText &ItemDelegatePrivate::shapedText(const QString &text, const QStyleOptionViewItem &option, int width)

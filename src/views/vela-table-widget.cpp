@@ -62,7 +62,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override { event->ignore(); }
     bool focusNextPrevChild(bool next) override
     {
-        // The area's own one scrolls.
+        // The area's own function scrolls.
         return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
     }
 };
@@ -147,7 +147,7 @@ public:
 
 void VelaTableWidgetPrivate::createHeader(VelaTableWidget *table)
 {
-    // In its place before it is styled: a styled widget that is given another parent is polished again.
+    // The area is in its place before it is styled: a styled widget that is given another parent is polished again.
     headerArea = new HeaderArea(table);
     header = new TableHeader(headerArea);
     headerArea->setWidget(header);

@@ -22,9 +22,9 @@ public:
     /// One column.
     struct ColumnInfo
     {
-        QString title; ///< in the header
+        QString title; ///< title in the header
         qint32 width = 0; ///< logical pixels; the minimum when the column stretches
-        bool resizable = false; ///< by the user
+        bool resizable = false; ///< whether the user may resize it
         double stretchRatio = 0.0; ///< share of the free width that a resizable column takes; 0 for none
     };
 

@@ -83,13 +83,13 @@ public:
     QColor selectedColor;
     QColor hoverColor;
     QPersistentModelIndex hoveredRow; // highlighted row, as it is painted or will be by the updates that are due
-    bool isPaintOfAllDue = false; // so that no row need be updated by itself
+    bool isPaintOfAllDue = false; // whether a paint is due that spares rows their own updates
     std::optional<QPoint> paintPointer; // pointer's place during a paint
 };
 
 VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent), d(std::make_unique<VelaTreeWidgetPrivate>(this))
 {
-    viewport()->setAttribute(Qt::WA_Hover); // or rows would not be painted again when the pointer moves
+    viewport()->setAttribute(Qt::WA_Hover); // rows are painted again when the pointer moves
     // The base paints the rows again, but not what the outline covers of their neighbours.
     connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
 }
@@ -150,10 +150,10 @@ void VelaTreeWidget::focusInEvent(QFocusEvent *event)
 {
     const bool isScrolling = hasAutoScroll();
     if (event->reason() == Qt::MouseFocusReason) {
-        setAutoScroll(false); // or the click, which is still to come, would hit another row
+        setAutoScroll(false); // the click, which is still to come, would hit another row
     }
     if (currentItem()) {
-        const QPersistentModelIndex current = indexFromItem(currentItem()); // who is told may remove items
+        const QPersistentModelIndex current = indexFromItem(currentItem()); // those who are told may remove items
         setCurrentItem(nullptr);
         setCurrentItem(itemFromIndex(current));
     } else {
@@ -204,7 +204,7 @@ void VelaTreeWidget::scrollContentsBy(int dx, int dy)
     const bool isJump = qAbs(dy) > viewport()->height() / scaled(Metric::RowHeight);
     if (dx != 0 || isJump) {
         viewport()->update(); // the ends of highlights stay where they are; after a jump the base does so, too
-        d->isPaintOfAllDue = true; // or else looking for the row that was highlighted would walk all rows between
+        d->isPaintOfAllDue = true; // without it, looking for the row that was highlighted would walk all rows between
     } else if (viewport()->underMouse() || d->hoveredRow.isValid()) {
         d->updateHoveredRow(); // the next paint would do so too late for itself
     }
@@ -256,7 +256,7 @@ void VelaTreeWidgetPrivate::renew(const LookChange &change)
     for (QLineEdit *editor : editors) {
         change.restyle(editor, Style::TreeItem);
     }
-    q->viewport()->update(); // for what it paints in colours of its own
+    q->viewport()->update(); // the colours that it paints of its own are new
 }
 
 void VelaTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const

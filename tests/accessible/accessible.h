@@ -6,21 +6,21 @@
 #include <QAccessible>
 #include <QStringList>
 
-/// What speaks for @p object. The library's own need nothing to be there but a widget that was made before.
+/// The interface that speaks for @p object. Those of the library need no more than that a widget was made before.
 QAccessibleInterface *spoken(QObject *object);
 
 QString nameOf(QObject *object);
 QString descriptionOf(QObject *object);
 
-/// The children of @p interface that are told of.
+/// The children of @p interface that assistive tools are told of.
 QList<QAccessibleInterface *> childrenOf(QAccessibleInterface *interface);
-/// Their names.
+/// The names of those children.
 QStringList namesIn(QAccessibleInterface *interface);
 
-/// For each thing below @p interface and for itself, in order, "role name, description", of what has a name.
+/// A line "role name, description" for @p interface and each thing below it that has a name, in order.
 QStringList transcript(QAccessibleInterface *interface);
 
-/// For QCOMPARE of roles.
+/// The role as a number, which QCOMPARE can print.
 inline int number(QAccessible::Role role)
 {
     return static_cast<int>(role);

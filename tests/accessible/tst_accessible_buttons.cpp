@@ -37,8 +37,8 @@ void AccessibleButtonsTest::anIconButtonIsNamedByItsToolTip()
     QCOMPARE(nameOf(&button), QString());
     button.setToolTip(QStringLiteral("Settings"));
     QCOMPARE(nameOf(&button), QStringLiteral("Settings"));
-    QCOMPARE(descriptionOf(&button), QString()); // it would be said twice
-    QCOMPARE(button.accessibleName(), QString()); // which stays the application's
+    QCOMPARE(descriptionOf(&button), QString()); // a description like the name would be said twice
+    QCOMPARE(button.accessibleName(), QString()); // the accessible name stays the application's
 }
 
 void AccessibleButtonsTest::anIconButtonWithoutAToolTipIsNamedByItsMenu()

@@ -30,7 +30,7 @@ public:
     }
     QTableView *grid() const { return part<QTableView>("qt_calendar_calendarview"); }
 
-    /// Of a day in April 2024, which begins on a Monday.
+    // A day of April 2024, which begins on a Monday.
     QAccessibleInterface *day(int number) const
     {
         return spoken(grid())->tableInterface()->cellAt(number / 7, number % 7);
@@ -99,7 +99,7 @@ void AccessibleDatesTest::theGridIsNamedByItsMonth()
 void AccessibleDatesTest::daysHaveTheirFullDates_data()
 {
     QTest::addColumn<QDate>("firstDay");
-    for (int month = 1; month <= 24; ++month) { // all weekdays, leap years or not
+    for (int month = 1; month <= 24; ++month) { // months that begin on any weekday, in leap years or not
         const QDate firstDay = QDate(2023, 12, 1).addMonths(month);
         QTest::newRow(qPrintable(firstDay.toString(Qt::ISODate))) << firstDay;
     }
@@ -118,17 +118,17 @@ void AccessibleDatesTest::daysHaveTheirFullDates()
     for (int i = 0; i < 6 * 7; ++i) {
         const QDate date = firstDay.addDays(i - place);
         QCOMPARE(grid->cellAt(i / 7, i % 7)->text(QAccessible::Name), longName(date));
-        QCOMPARE(calendar.grid()->model()->index(i / 7, i % 7).data().toInt(), date.day()); // as it is seen
+        QCOMPARE(calendar.grid()->model()->index(i / 7, i % 7).data().toInt(), date.day()); // the number that is seen
     }
 }
 
 void AccessibleDatesTest::todaySaysSo()
 {
     Dates calendar;
-    const QDate today = QDate::currentDate();
-    if (today != QDate::currentDate().addDays(0) || QTime::currentTime() > QTime(23, 59, 50)) {
-        QTest::qWait(15000); // clear of midnight
+    if (QTime::currentTime() > QTime(23, 59, 50)) {
+        QTest::qWait(15000); // time enough to be clear of midnight
     }
+    const QDate today = QDate::currentDate();
     calendar.setCurrentPage(today.year(), today.month());
     QStringList described;
     for (const QAccessibleInterface *cell : childrenOf(spoken(calendar.grid()))) {
@@ -136,7 +136,7 @@ void AccessibleDatesTest::todaySaysSo()
             described << cell->text(QAccessible::Name) << cell->text(QAccessible::Description);
         }
     }
-    QCOMPARE(described, QStringList()); // nothing is told of that is not shown
+    QCOMPARE(described, QStringList()); // a view that is hidden tells of nothing
     calendar.show();
     for (const QAccessibleInterface *cell : childrenOf(spoken(calendar.grid()))) {
         if (!cell->text(QAccessible::Description).isEmpty()) {

@@ -142,7 +142,7 @@ void AccessibleEventsTest::aMessageIsAnnouncedAndTakenBack()
     sheet.done(0);
     QCOMPARE(listener.linesOf("(Alert|DialogStart|DialogEnd)"),
              QStringList {QStringLiteral("DialogEnd Careful, It is hot.")});
-    sheet.done(0); // which is no answer any more
+    sheet.done(0); // is no answer any more
     QCOMPARE(listener.linesOf("Dialog"), QStringList());
 }
 
@@ -177,7 +177,7 @@ void AccessibleEventsTest::whenASheetComesAndGoesItsWindowHasOtherChildren()
     QCOMPARE(listener.linesOf("ObjectReorder"), QStringList {QStringLiteral("ObjectReorder Window")});
 }
 
-// Told where the focus is, with a name that stays: a tool does not say it again.
+// The focus is told with a name that stays: a tool does not say it again.
 void AccessibleEventsTest::aCountdownIsAnnouncedAtItsStartAtTenAndAtItsEnd()
 {
     constexpr int Seconds = 13;

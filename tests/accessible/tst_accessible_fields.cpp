@@ -69,7 +69,7 @@ void AccessibleFieldsTest::aCompoundFieldHandsTheFocusOn()
     auto *compound = new VelaLineEdit(&window);
     compound->setFocus();
     QCOMPARE(window.focusWidget(), compound->getLineEdit());
-    QCOMPARE(compound->focusPolicy(), Qt::NoFocus); // it is no stop of its own
+    QCOMPARE(compound->focusPolicy(), Qt::NoFocus); // the compound is no stop of its own
 }
 
 void AccessibleFieldsTest::aFieldThatLooksWrongSaysSo()
@@ -120,7 +120,7 @@ void AccessibleFieldsTest::aPlaceholderIsTheNameOfAFilterBar()
     VelaFilterBar bar;
     bar.setPlaceholderText(QStringLiteral("Search files"));
     QCOMPARE(nameOf(&bar), QStringLiteral("Search files"));
-    QCOMPARE(descriptionOf(&bar), QString()); // it would be said twice
+    QCOMPARE(descriptionOf(&bar), QString()); // a description like the name would be said twice
     bar.setAccessibleName(QStringLiteral("Files"));
     QCOMPARE(descriptionOf(&bar), QStringLiteral("Search files"));
 }
@@ -161,7 +161,7 @@ void AccessibleFieldsTest::everyFieldTellsItsText()
     QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("some text"));
     QVERIFY(interface->state().editable);
     QVERIFY(interface->state().focusable);
-    QVERIFY(!interface->state().invalid); // which says that there is no field any more
+    QVERIFY(!interface->state().invalid); // an invalid state would mean that there is no field any more
     QVERIFY(interface->textInterface());
     QVERIFY(interface->editableTextInterface());
     QCOMPARE(interface->textInterface()->characterCount(), 9);

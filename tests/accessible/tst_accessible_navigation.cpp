@@ -59,7 +59,7 @@ void AccessibleNavigationTest::pagesAreNamedByTheirNumbers()
         QStringLiteral("Button Page 2 of 96, current"),          QStringLiteral("Button Page 3, Page 2 of 96"),
         QStringLiteral("Button Page 4, Page 2 of 96"),           QStringLiteral("Button Next 5 pages, Page 2 of 96"),
         QStringLiteral("Button Last page, Page 2 of 96"),        QStringLiteral("Button Refresh, Page 2 of 96")};
-    QCOMPARE(transcript(spoken(&bar)), expected); // and no blank button
+    QCOMPARE(transcript(spoken(&bar)), expected); // there is no blank button
 }
 
 void AccessibleNavigationTest::aPagingBarCanHaveAnotherName()
@@ -141,7 +141,7 @@ void AccessibleNavigationTest::aLinkIsFoundUnderThePointer()
     path.show();
     QVERIFY(QTest::qWaitForWindowExposed(&path));
     path.refresh(QStringLiteral("one/two"));
-    QTRY_VERIFY(path.cellWidget(0, 2)->x() > path.cellWidget(0, 0)->x()); // once they are laid out
+    QTRY_VERIFY(path.cellWidget(0, 2)->x() > path.cellWidget(0, 0)->x()); // laid out by then
     for (int column : {0, 2}) {
         QWidget *button = path.cellWidget(0, column);
         const QPoint middle = button->mapToGlobal(button->rect().center());

@@ -16,7 +16,7 @@
 
 namespace {
 
-// A sheet of an application's own.
+// A sheet that an application has made itself.
 class OwnSheet : public VelaSheet
 {
 public:

@@ -110,7 +110,7 @@ void AccessibleViewsTest::aTableTellsTheTitlesOfItsColumns()
     QCOMPARE(headers.size(), 1);
     QCOMPARE(headers.first()->text(QAccessible::Name), QStringLiteral("Size"));
     QCOMPARE(number(headers.first()->role()), number(QAccessible::ColumnHeader));
-    QVERIFY(!files.table->horizontalHeaderItem(0)); // what applications find there is what it was
+    QVERIFY(!files.table->horizontalHeaderItem(0)); // applications find there what they found before
 }
 
 void AccessibleViewsTest::theHeaderOfATableIsThatOfItsRows()
@@ -184,7 +184,7 @@ void AccessibleViewsTest::cellsTellTheirPlaces()
     QVERIFY(!files.cell(-1, 0));
 }
 
-// Row by row, behind a row of headers, each row behind a header of its own.
+// Cells row by row behind a row of headers, each row behind a header of its own.
 void AccessibleViewsTest::cellsAreNumberedAsTheToolkitNumbersThem()
 {
     const Files files;
@@ -279,7 +279,7 @@ void AccessibleViewsTest::aWidgetInACellIsFound()
     const Files files;
     auto *button = new QPushButton(QStringLiteral("Open"));
     files.table->setCellWidget(0, 1, button);
-    QCOMPARE(namesIn(files.cell(0, 1)).size(), 0); // while it is not shown
+    QCOMPARE(namesIn(files.cell(0, 1)).size(), 0); // the button is not shown yet
     QCOMPARE(files.cell(0, 1)->childCount(), 1);
     QCOMPARE(files.cell(0, 1)->child(0), spoken(button));
     QCOMPARE(files.cell(0, 1)->indexOfChild(spoken(button)), 0);
@@ -375,7 +375,7 @@ void AccessibleViewsTest::aTreeHasAName()
     QCOMPARE(nameOf(&folders), QStringLiteral("Backup"));
 }
 
-// Row by row, behind the header, hidden or not.
+// Rows one by one behind the header, hidden or not.
 void AccessibleViewsTest::rowsAreNumberedAsTheToolkitNumbersThem()
 {
     Folders folders;

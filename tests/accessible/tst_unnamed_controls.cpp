@@ -79,7 +79,7 @@ void UnnamedControlsTest::whatLiesBelowASheetIsNotTold()
     QCOMPARE(unnamedControls(&window).size(), 1);
 }
 
-// But for those that only the application can name: a combo box, an empty check box, a field alone.
+// Only the application can name these: a combo box, an empty check box, a field alone.
 void UnnamedControlsTest::theLibrarysWidgetsNeedNoNameOfTheApplication()
 {
     QWidget window;
@@ -114,12 +114,12 @@ void UnnamedControlsTest::theLibrarysWidgetsNeedNoNameOfTheApplication()
     column->addWidget(tree);
     window.show();
     QCOMPARE(unnamedControls(&window), QStringList());
-    delete bar; // before its model
+    delete bar; // the bar goes before its model
 }
 
 void UnnamedControlsTest::theHelpWindowNeedsNone()
 {
-    const LogCapture log; // of a network that is not there
+    const LogCapture log; // the network is not there, which is logged
     HelpContext context;
     HelpWindow window(context);
     window.show();

@@ -109,7 +109,7 @@ void AccessibleControlsTest::rolesAndNames_data()
     QTest::newRow("VelaMenu") << int(QAccessible::PopupMenu);
     QTest::newRow("VelaComboBox") << int(QAccessible::ComboBox);
     QTest::newRow("VelaFilterBar") << int(QAccessible::EditableText);
-    QTest::newRow("VelaLineEdit") << int(QAccessible::Client); // what holds others
+    QTest::newRow("VelaLineEdit") << int(QAccessible::Client); // role of what holds others
     QTest::newRow("VelaFootbar") << int(QAccessible::Client);
 }
 

@@ -14,7 +14,7 @@
 
 namespace {
 
-// The same for both, so that what they look like can be told from their states.
+// Rules that are the same for both, so that what they look like can be told from their states.
 constexpr char Rules[] = "%1 { spacing: 7px; padding: 5px; color: black; background: white }\n"
                          "%1::indicator { width: 22px; height: 18px; background: yellow; border: 1px solid black }\n"
                          "%1::indicator:hover { background: orange }\n"
@@ -57,7 +57,7 @@ std::unique_ptr<QAbstractButton> create(int kind, const QString &text = Caption,
     return std::make_unique<VelaRadioButton>(text, parent);
 }
 
-// The toolkit's own with the same sheet.
+// A button of the toolkit with the same sheet.
 std::unique_ptr<QAbstractButton> createPlain(int kind, const QString &text = Caption, QWidget *parent = nullptr)
 {
     std::unique_ptr<QAbstractButton> button;

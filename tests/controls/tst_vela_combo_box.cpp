@@ -21,7 +21,7 @@ namespace {
 const QString Border = QStringLiteral("border: 1px solid #C8D2DC;");
 const QString ScrollBarSheet = QStringLiteral("\nQScrollBar:vertical { width: %1px }");
 
-constexpr double OddScale = 100.0 / 96.0; // scale that OddDpi gives
+constexpr double OddScale = 100.0 / 96.0; // the scale of OddDpi
 const QString OddDpi = QStringLiteral("100");
 
 const char FullTemplate[] = "QComboBox { min-width: 111px; background: yellow; combobox-popup: 0; %1\n%2 }\n"
@@ -54,7 +54,7 @@ QStringList letters(int count)
     return texts;
 }
 
-// The toolkit's own with the same sheet and delegate.
+// A combo box of the toolkit with the same sheet and delegate.
 std::unique_ptr<QComboBox> createPlain(QWidget *parent = nullptr)
 {
     auto plain = std::make_unique<QComboBox>(parent);
@@ -172,7 +172,7 @@ void VelaComboBoxTest::theSheetIsAssembledToTheLetter()
     LogCapture log;
     const VelaComboBox box;
     QCOMPARE(box.styleSheet(), QString(QLatin1Char('\n') + expected + expectedScrollBarSheet()));
-    const QStringList logged = log.takeTexts(); // by the toolkit, of each text that has found no marker
+    const QStringList logged = log.takeTexts(); // what the toolkit says of each text without a marker
     QCOMPARE(logged.filter(QStringLiteral("QString::arg: Argument missing")).size(), argumentsLeftOver);
     QCOMPARE(logged.size(), argumentsLeftOver);
 }
@@ -319,7 +319,7 @@ void VelaComboBoxTest::theDelegateFollowsTheSheetsRulesForItems()
     QCOMPARE(paintedColor(box->view()->viewport(), item.center()), QColor(Qt::cyan));
     box->hidePopup();
 
-    QComboBox plain; // which the rules do not reach
+    QComboBox plain; // a box that the rules do not reach
     plain.addItems(letters(3));
     plain.setStyleSheet(box->styleSheet());
     plain.show();
@@ -423,7 +423,7 @@ void VelaComboBoxTest::aClickOpensTheListAndAClickChooses()
     window.click();
     QTRY_VERIFY(box->view()->isVisible());
     QVERIFY(QTest::qWaitForWindowExposed(box->view()->window()));
-    QTest::qWait(QApplication::doubleClickInterval() + 100); // till then a release belongs to the click that opened it
+    QTest::qWait(QApplication::doubleClickInterval() + 100); // until then a release belongs to the click that opened it
     const QPoint item = box->view()->visualRect(box->model()->index(2, 0)).center();
     QTest::mouseMove(box->view()->viewport(), item);
     QTest::mouseClick(box->view()->viewport(), Qt::LeftButton, {}, item);

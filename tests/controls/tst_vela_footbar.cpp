@@ -82,7 +82,7 @@ void VelaFootbarTest::nothingIsLaidOutOrOwnedBeforeInit()
         QCOMPARE(rowOf(bar)->count(), 0);
         QVERIFY(!left.parent());
         QVERIFY(!right.parent());
-    } // neither is deleted
+    } // neither is deleted here
     QVERIFY(!left.parent());
 }
 

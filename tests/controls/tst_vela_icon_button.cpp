@@ -246,7 +246,7 @@ void VelaIconButtonTest::thePointerAndTheMouseButtonsSwitchTheIcon()
     window.press();
     QCOMPARE(paintedColor(window.button), Press);
     window.release();
-    QCOMPARE(paintedColor(window.button), Normal); // though the pointer is over it
+    QCOMPARE(paintedColor(window.button), Normal); // the normal icon, though the pointer is over it
     QTest::mouseMove(window.windowHandle(), window.center() + QPoint(1, 1));
     QCOMPARE(paintedColor(window.button), Normal);
     window.neighbour->setFocus();
@@ -318,10 +318,10 @@ void VelaIconButtonTest::disablingAndEnablingSwitchTheIconAtOnce()
     window.button->setEnabled(false);
     QCOMPARE(colorOf(window.button->icon()), Disable);
     window.button->setEnabled(true);
-    QCOMPARE(colorOf(window.button->icon()), Normal); // though the pointer is over it
+    QCOMPARE(colorOf(window.button->icon()), Normal); // the normal icon, though the pointer is over it
     QVERIFY(window.button->underMouse());
 
-    window.setEnabled(false); // by its parent
+    window.setEnabled(false); // a button disabled by its parent
     QCOMPARE(colorOf(window.button->icon()), Disable);
     window.setEnabled(true);
     QCOMPARE(colorOf(window.button->icon()), Normal);
@@ -591,7 +591,7 @@ void VelaIconButtonTest::theImagesOfADisabledButtonAreNotGreyed_data()
     }) << Other;
     QTest::newRow("another name meanwhile") << Change([disable](VelaIconButton *button) {
         disable(button);
-        button->setAllIcon(QStringLiteral("large")); // shows the normal one until the next event
+        button->setAllIcon(QStringLiteral("large")); // the normal image until the next event
     }) << Other;
     QTest::newRow("a name without an image of its own for it") << Change([disable](VelaIconButton *button) {
         button->setAllIcon(QStringLiteral("one"));

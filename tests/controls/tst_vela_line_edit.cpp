@@ -25,7 +25,7 @@ constexpr char Sheets[] = "== component.lineedit_label ==\n"
                           "QLineEdit { background: white; border: 3px solid black; min-height: 21px }\n"
                           "QLineEdit[error=\"true\"] { background: red }\n";
 
-// Counts what becomes of widgets; the style under all style sheets.
+// A style under all style sheets that counts what becomes of widgets.
 class CountingStyle : public QProxyStyle
 {
 public:
@@ -588,7 +588,7 @@ void VelaLineEditTest::theFieldIsRepaintedEvenWithoutAChange()
 {
     ControlWindow window(new VelaLineEdit);
     auto *edit = static_cast<VelaLineEdit *>(window.control);
-    edit->getLineEdit()->setStyleSheet(QString()); // with one, polishing repaints it already
+    edit->getLineEdit()->setStyleSheet(QString()); // an edit with a sheet is repainted by the polishing already
     QVERIFY(window.showAndWait());
     QTest::qWait(50);
     EventCounter paints(edit->getLineEdit(), QEvent::Paint);
@@ -610,7 +610,7 @@ void VelaLineEditTest::anErrorMayBeSetBeforeItIsShown()
     QCOMPARE(paintedColor(edit->getLineEdit()), Error);
 }
 
-// As a label's access key, or an application, gives it to the whole.
+// A label's access key, or an application, gives the focus to the whole like this.
 void VelaLineEditTest::itHandsTheFocusToItsField()
 {
     ControlWindow window(new VelaLineEdit);

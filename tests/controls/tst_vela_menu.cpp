@@ -25,20 +25,20 @@ int expectedStart(int start, int size, int first, int last)
         return 0;
     }
     if (last < start + size) {
-        return last - size; // a pixel short of the last one
+        return last - size; // one pixel short of the last one
     }
     return start;
 }
 
 } // namespace
 
-// Shows the menu without opening it, so that nothing but showing it decides where it goes.
+// A menu that is shown without being opened, so that nothing but showing it decides where it goes.
 class ShownMenu : public VelaMenu
 {
 public:
     ShownMenu()
     {
-        setAttribute(Qt::WA_DontShowOnScreen); // no window manager has a say in it
+        setAttribute(Qt::WA_DontShowOnScreen); // keeps the window manager out of it
         setFixedSize(Width, Height);
     }
 
@@ -155,7 +155,7 @@ void VelaMenuTest::itsSizeWhenShownCounts()
     QCOMPARE(menu.placeWhenShownAt(position), position);
 }
 
-// Moved back from the far edge it stands out at the near one, where it jumps to 0 the next time.
+// A menu moved back from the far edge stands out at the near one, where it jumps to 0 the next time.
 void VelaMenuTest::aMenuLargerThanTheScreenAlternates()
 {
     ShownMenu menu;

@@ -22,7 +22,7 @@ constexpr char SeparateScreens[] = "separate screens";
 
 constexpr char WorkAreaName[] = "_NET_WORKAREA";
 
-// Small enough for the smaller screen at a device pixel ratio of 2.
+// A size that fits on the smaller screen at a device pixel ratio of 2.
 constexpr int Width = 90;
 constexpr int Height = 70;
 
@@ -125,7 +125,7 @@ void VirtualDesktopTest::outsideOfAllScreensTheFirstOneCounts()
     QCOMPARE(menu.placeWhenShownAt(QPoint(-300, -300)), QPoint(0, 0));
 }
 
-// The same with panels around the second screen, so that a menu on it can be outside of the available area.
+// The same two screens with panels around the second, so that a menu on it can be outside of the available area.
 class VirtualDesktopWithPanelsTest : public QObject
 {
     Q_OBJECT
@@ -199,7 +199,7 @@ void SeparateScreensTest::theScreenOfTheWindowCounts()
     QCOMPARE(first.placeWhenShownAt(lastOnFirst), lastOnFirst);
     ShownMenu second(screen(1));
     QCOMPARE(second.placeWhenShownAt(lastOnFirst), lastOnSecond);
-    QCOMPARE(second.placeWhenShownAt(QPoint(0, 0)), QPoint(0, 0)); // under the first one's panels
+    QCOMPARE(second.placeWhenShownAt(QPoint(0, 0)), QPoint(0, 0)); // a place under the first screen's panels
 }
 
 void SeparateScreensTest::fromUnderAPanelAMenuJumpsToZero()
@@ -258,7 +258,7 @@ int runOn(const XServer &server, const char *arrangement, const QVector<quint32>
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DISPLAY"), server.display());
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    environment.insert(QStringLiteral("QT_XCB_NO_XRANDR"), QStringLiteral("1")); // which knows of one screen only
+    environment.insert(QStringLiteral("QT_XCB_NO_XRANDR"), QStringLiteral("1")); // for one screen alone
     environment.insert(QStringLiteral("QT_RELY_ON_NET_WORKAREA_ATOM"), QStringLiteral("1")); // with several screens too
     environment.insert(QLatin1String(ArrangementVariable), QLatin1String(arrangement));
     DependentProcess tests;

@@ -20,7 +20,7 @@ const char *const Sheets =
     "== component.date_selector ==\nQComboBox { background: #f0d0d0; border: 3px solid #a01010 }\n"
     "== component.menu ==\nQComboBox { background: #d0f0d0; padding: 0px 9px }\n";
 
-// Waits for the new day at midnight, if that is near: today is read by the library too.
+// Waits for the new day if midnight is near: the library reads the date too.
 void keepClearOfMidnight()
 {
     constexpr int Margin = 20000; // milliseconds, longer than any test takes

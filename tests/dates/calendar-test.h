@@ -36,7 +36,7 @@ inline const QStringList JapaneseWeekdays {QStringLiteral("日曜日"), QStringL
                                            QStringLiteral("水曜日"), QStringLiteral("木曜日"), QStringLiteral("金曜日"),
                                            QStringLiteral("土曜日")};
 
-// In year 2024: Monday the 1st of April, Sunday the 1st of September.
+// Days of the year 2024: Monday the 1st of April, Sunday the 1st of September.
 inline const QDate SomeDay(2024, 4, 17);
 inline const QPoint Outside(1, 1);
 
@@ -44,7 +44,7 @@ void installTexts(const QStringList &months, const QStringList &weekdays);
 
 QStringList rotated(QStringList names, int first);
 QStringList reversed(QStringList names);
-/// Those that a signal was emitted with.
+/// The dates that a signal was emitted with.
 QList<QDate> dates(const QSignalSpy &spy);
 
 /// What a user finds in a calendar view, and does with it.
@@ -69,7 +69,7 @@ public:
     VelaButton *today() const { return child<VelaButton>("qt_calendar_today_button"); }
     QTableWidget *weekdays() const { return child<QTableWidget>("qt_calendar_weekdayview"); }
 
-    /// The page shown.
+    /// The month and year of the page that is shown.
     QDate page() const { return QDate(widget()->yearShown(), widget()->monthShown(), 1); }
 
     /// The cell of a day of the page: the days follow upon the first 1 that is seen.
@@ -84,7 +84,7 @@ public:
     void click(const QPoint &position) const { QTest::mouseClick(window(), Qt::LeftButton, {}, position); }
     void click(const QWidget *widget) const { click(middleIn(widget)); }
     void click(int day) const { click(middleOf(day)); }
-    /// As the system tells of it: the second press of a pair.
+    /// Clicks twice, which the system tells by the second press of a pair.
     void doubleClick(int day) const
     {
         click(day);

@@ -175,7 +175,7 @@ void VelaCalendarViewTest::theTodayButtonStandsCentredBelowTheCalendar()
 
 void VelaCalendarViewTest::theWeekStartsOnSundayWithoutHeadersOfQt()
 {
-    QLocale::setDefault(QLocale(QLocale::German)); // whose week starts on Monday
+    QLocale::setDefault(QLocale(QLocale::German)); // a locale whose week starts on Monday
     VelaCalanderView view;
     const Calendar calendar(&view);
     QCOMPARE(calendar.widget()->parentWidget(), &view);
@@ -234,8 +234,8 @@ void VelaCalendarViewTest::daysThatCannotBeChosenLookAsInADisabledGrid()
         const QRect rect = grid->visualRect(grid->model()->index(row, 0));
         return paintedColor(grid->viewport(), rect.topLeft() + QPoint(2, 2));
     };
-    QCOMPARE(surface(1), expected); // the seventh
-    QCOMPARE(surface(3), grid->palette().color(QPalette::Base)); // the 21st
+    QCOMPARE(surface(1), expected); // the seventh of the month
+    QCOMPARE(surface(3), grid->palette().color(QPalette::Base)); // the 21st of the month
 }
 
 void VelaCalendarViewTest::thePartsAreNamedForAssistiveTools()
@@ -260,7 +260,7 @@ void VelaCalendarViewTest::theButtonsOfTheBarTakeTheFocus()
 void VelaCalendarViewTest::theArrowsShowTheirImages()
 {
     const ShownCalendar calendar;
-    // An icon size is the image's, in pixels: a ratio of 2 has twice as many of the device in it.
+    // The icon size is the image's, in pixels: a ratio of 2 has twice as many of the device in it.
     QCOMPARE(calendar.previous()->iconSize(), expectedImageSize(QSize(64, 48)) / expectedRatio());
     QCOMPARE(calendar.next()->iconSize(), expectedImageSize(QSize(48, 64)) / expectedRatio());
     QCOMPARE(paintedColor(calendar.previous()), QColor(Qt::magenta));
@@ -352,7 +352,7 @@ void VelaCalendarViewTest::shortAndForeignMonthNamesAreCutAfterThreeCharacters()
 
 void VelaCalendarViewTest::theMonthButtonStartsWithThisMonth()
 {
-    const QStringList months = numbered(QStringLiteral("month %1"), MonthsPerYear); // as no locale names any
+    const QStringList months = numbered(QStringLiteral("month %1"), MonthsPerYear); // names that no locale has
     installTexts(months, EnglishWeekdays);
     VelaCalanderView view;
     const QDate today = QDate::currentDate();
@@ -371,7 +371,7 @@ void VelaCalendarViewTest::theMonthButtonFollowsThePage_data()
 void VelaCalendarViewTest::theMonthButtonFollowsThePage()
 {
     QFETCH(int, month);
-    QLocale::setDefault(QLocale(QLocale::German)); // which the calendar's own names would be of
+    QLocale::setDefault(QLocale(QLocale::German)); // a locale whose names the calendar would have of itself
     VelaCalanderView view;
     const Calendar calendar(&view);
     view.setCurrentPage(2021, month);
@@ -429,7 +429,7 @@ void VelaCalendarViewTest::aLaterLanguageIsNotPickedUp()
 void VelaCalendarViewTest::anotherLocaleChangesNeitherWeekNorMonths_data()
 {
     QTest::addColumn<Change>("change");
-    const QLocale german(QLocale::German); // whose week starts on Monday
+    const QLocale german(QLocale::German); // a locale whose week starts on Monday
     QTest::newRow("of the view") << Change([german](VelaCalanderView *view, QWidget *) { view->setLocale(german); });
     QTest::newRow("of the window") << Change([german](VelaCalanderView *view, QWidget *window) {
         view->setParent(window);
@@ -464,7 +464,7 @@ void VelaCalendarViewTest::anotherLocaleChangesNeitherWeekNorMonths()
 
     QCOMPARE(calendar.widget()->firstDayOfWeek(), Qt::Sunday);
     QCOMPARE(calendar.weekdays()->item(0, 1)->text(), QStringLiteral("M"));
-    QCOMPARE(calendar.cell(1).column(), 1); // a Monday
+    QCOMPARE(calendar.cell(1).column(), 1); // a Monday's column
     QCOMPARE(calendar.month()->text(), QStringLiteral("April"));
     QCOMPARE(calendar.page(), QDate(2024, 4, 1));
     const QList<QAction *> actions = calendar.month()->menu()->actions();
@@ -540,7 +540,7 @@ void VelaCalendarViewTest::anotherLayoutDirectionLeavesTheArrowsTheirImages()
     EventCounter changes(view, QEvent::LayoutDirectionChange);
     change(view, &window);
     QVERIFY(changes.take() > 0);
-    QCoreApplication::processEvents(); // which lays the bar out
+    QCoreApplication::processEvents(); // lays the bar out
 
     const bool isMirrored = view->isRightToLeft();
     QApplication::setLayoutDirection(Qt::LeftToRight);
@@ -759,7 +759,7 @@ void VelaCalendarViewTest::daysOutsideOfTheLimitsCannotBeChosen()
     calendar.click(calendar.previous());
     QCOMPARE(calendar.page(), QDate(2024, 4, 1));
 
-    const QDate today = QDate::currentDate(); // which is said, though it cannot be selected
+    const QDate today = QDate::currentDate(); // a day that is said, though it cannot be selected
     calendar.click(10);
     calendar.view->selectToday();
     QCOMPARE(dates(chosen).last(), today);
@@ -787,7 +787,7 @@ void VelaCalendarViewTest::aViewCanBeDeletedWhileItsYearIsEdited()
     QVERIFY(calendar->yearEdit()->value() != calendar->page().year());
     const QSignalSpy turned(calendar->widget(), &QCalendarWidget::currentPageChanged);
     calendar.reset();
-    QCOMPARE(turned.count(), 1); // by the end of the editing, when there is no view any longer
+    QCOMPARE(turned.count(), 1); // the end of the editing, when there is no view any longer, turns the page
 }
 
 void VelaCalendarViewTest::itTellsItsLimits()

@@ -75,7 +75,7 @@ void VelaCalendarViewFocusTest::fromTheYearEditTabGoesOnToTheGridAndRound()
         calendar.click(calendar.weekdays());
         QVERIFY(!calendar.yearEdit()->isVisible());
         calendar.click(calendar.weekdays());
-        QVERIFY(calendar.grid()->hasFocus()); // of which this is the header
+        QVERIFY(calendar.grid()->hasFocus()); // the grid, whose header was clicked
         QCOMPARE(calendar.visit(Qt::Key_Tab, stops.size()), rotated(stops, grid + 1));
     }
 }

@@ -108,7 +108,7 @@ private Q_SLOTS:
     void clearingWhileThePopupIsOpenLeavesItOpen();
     void theCalendarGoesWithTheSelector();
 
-    // The last: the reference theme's texts and sheets stay.
+    // This test comes last: the reference theme's texts and sheets stay.
     void thePopupFitsItsCalendarInTheReferenceTheme_data();
     void thePopupFitsItsCalendarInTheReferenceTheme();
 
@@ -127,7 +127,7 @@ void VelaDateSelectorTest::init()
     }
 }
 
-// The first: no texts are installed yet.
+// This test comes first: no texts are installed yet.
 void VelaDateSelectorTest::missingTextsShowTheirKeysAndAreLogged()
 {
     LogCapture log;
@@ -201,8 +201,8 @@ void VelaDateSelectorTest::aDateFromCodeIsShownInTheLocalesShortFormat()
     QFETCH(QString, locale);
     QFETCH(QString, expected);
     VelaDateSelector selector(EmptyText);
-    QLocale::setDefault(QLocale(locale)); // the default as it is when the date comes
-    selector.setLocale(QLocale(QLocale::Hungarian)); // and not the widget's
+    QLocale::setDefault(QLocale(locale)); // the default when the date comes counts
+    selector.setLocale(QLocale(QLocale::Hungarian)); // the widget's own does not
     const QDate date(2024, 4, 7);
     selector.dateSelect(date);
     QCOMPARE(selector.currentText(), expected);
@@ -330,7 +330,7 @@ void VelaDateSelectorTest::aReleaseAloneDoesNotCloseThePopup()
 {
     ShownSelector shown;
     shown.open();
-    const QPoint margin(2, shown.view->height() / 2); // of the view, where no child of it takes the mouse
+    const QPoint margin(2, shown.view->height() / 2); // a place of the view where no child of it takes the mouse
     QCOMPARE(shown.view->childAt(margin), shown.view->viewport());
     for (QWidget *target : {static_cast<QWidget *>(shown.view), shown.view->viewport()}) {
         EventCounter arrived(target, QEvent::MouseButtonRelease);
@@ -528,7 +528,7 @@ void VelaDateSelectorTest::theLimitsHoldInThePopup()
     QVERIFY(!shown.isOpen());
     QCOMPARE(shown.date(), QDate(2024, 4, 20));
 
-    shown.selector->dateSelect(QDate(2030, 1, 1)); // the limits are the calendar's
+    shown.selector->dateSelect(QDate(2030, 1, 1)); // a date beyond the limits, which are the calendar's
     QCOMPARE(shown.date(), QDate(2030, 1, 1));
 }
 
@@ -608,7 +608,7 @@ void VelaDateSelectorTest::thePopupFitsItsCalendarInTheReferenceTheme()
 
     for (int month = 1; month <= MonthsPerYear; ++month) {
         shown.view->setCurrentPage(2024, month);
-        QCoreApplication::processEvents(); // which lays the bar out, or begins to
+        QCoreApplication::processEvents(); // lays the bar out, or begins to
         int end = 0;
         for (const QToolButton *button : {shown.previous(), shown.month(), shown.year(), shown.next()}) {
             const QByteArray place = QString(button->objectName() + QLatin1Char(' ') + button->text()).toUtf8();

@@ -169,7 +169,7 @@ void GalleryTest::init()
     m_folder.reset(new QTemporaryDir);
     m_environment = QProcessEnvironment::systemEnvironment();
     m_environment.insert(QStringLiteral("XDG_DATA_HOME"), m_folder->filePath(QStringLiteral("data")));
-    // A place of its own for its socket, too: it must not find a gallery that somebody runs.
+    // A socket of its own, too, so that it does not find a gallery that somebody runs.
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("t")));
     m_environment.insert(QStringLiteral("TMPDIR"), m_folder->filePath(QStringLiteral("t")));
     m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("en_US.UTF-8"));
@@ -191,7 +191,7 @@ Result GalleryTest::runForScreenshots(const QStringList &arguments) const
     return run(arguments + QStringList {QStringLiteral("--screenshots"), m_folder->filePath(QStringLiteral("shots"))});
 }
 
-// The page of buttons only.
+// Takes the page of buttons only.
 Result GalleryTest::runForScreenshot(const QStringList &arguments) const
 {
     return runForScreenshots(arguments + QStringList {QStringLiteral("--page"), QStringLiteral("buttons")});
@@ -313,7 +313,7 @@ void GalleryTest::theWindowStaysOpen()
     QVERIFY(process.waitForFinished(PatienceMs));
 }
 
-// The sockets of those that run.
+// The sockets of the galleries that run.
 QStringList GalleryTest::sockets() const
 {
     return QDir(m_folder->filePath(QStringLiteral("t")))
@@ -443,7 +443,7 @@ void GalleryTest::screenshotsThatCannotBeWrittenAreAnError()
 void GalleryTest::screenshotsAreInTheTheme_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("window"); // color of the palette
+    QTest::addColumn<QString>("window"); // colour of the palette
     const auto row = [](const char *theme, const char *window) {
         QTest::newRow(theme) << QStringList {QStringLiteral("--theme"), QString::fromLatin1(theme)}
                              << QString::fromLatin1(window);

@@ -33,7 +33,7 @@
 
 namespace {
 
-// Of a start with arguments behind the program's name.
+// The instance's id after a start with arguments behind the program's name.
 QString instanceId(const QStringList &arguments)
 {
     CommandLine commandLine;
@@ -57,7 +57,7 @@ void settle()
     }
 }
 
-// Animations are at their beginning.
+// What the page looks like with its animations at their beginning.
 QImage picture(GalleryPage *page)
 {
     settle();
@@ -202,7 +202,7 @@ void GalleryWindowTest::everyPageOpens()
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
-// For those who hear the page.
+// A page has listeners, too, who know of a control by its name.
 void GalleryWindowTest::nothingOnAPageIsWithoutAName()
 {
     QFETCH(QString, name);
@@ -291,7 +291,7 @@ void GalleryWindowTest::eachDisplayHasAnInstance()
     QVERIFY(idOn(option, display) != own);
     QVERIFY(idOn(option, display) != idOn(option, QStringLiteral(":78")));
     QCOMPARE(idOn(QStringLiteral("-") + option, display), idOn(option, display));
-    QCOMPARE(instanceId({option}), own); // without the value
+    QCOMPARE(instanceId({option}), own); // an option without its value
 
     const QByteArray outer = qgetenv("DISPLAY");
     const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY");
@@ -301,7 +301,7 @@ void GalleryWindowTest::eachDisplayHasAnInstance()
     QCOMPARE(onDisplay, idOn(option, display));
 }
 
-// As a person does it who has the focus there.
+// Chooses an entry as a person does who has the focus there.
 void GalleryWindowTest::choose(const char *comboBox, const QString &text)
 {
     auto *choice = m_window->findChild<VelaComboBox *>(QString::fromLatin1(comboBox));
@@ -356,7 +356,7 @@ void GalleryWindowTest::whatTheGalleryStylesItselfFollows()
     for (const VelaMenu *menu : menus) {
         QCOMPARE(menu->styleSheet(), menuSheet);
     }
-    // Those of date selectors have their sheet from the selector.
+    // Popups of date selectors have their sheet from the selector.
     const auto calendars = m_window->findChildren<VelaCalanderView *>();
     const QString calendarSheet = getStyleSheet("component.date_selector", false) + menuSheet;
     QCOMPARE(std::count_if(calendars.begin(), calendars.end(),
@@ -364,7 +364,7 @@ void GalleryWindowTest::whatTheGalleryStylesItselfFollows()
              2);
     const QScrollBar *bar = m_window->currentPage()->parentWidget()->parentWidget()->findChild<QScrollBar *>();
     QCOMPARE(bar->styleSheet(), getStyleSheet("component.scrollbar", false));
-    // The side bar, and the chosen page in its list.
+    // The side bar has a look of its own, and so has the chosen page in its list.
     const QImage picture = m_window->grab().toImage();
     QCOMPARE(picture.pixelColor(1, 1), QColor(0x1C, 0x23, 0x2B));
     const auto *list = m_window->findChild<QListWidget *>();
@@ -395,7 +395,7 @@ void GalleryWindowTest::everyPageFollows_data()
     everyPageOpens_data();
 }
 
-// It looks like a page that is made afterwards. The windows are where no pointer is.
+// The page looks like one that is made afterwards. The windows are where no pointer is.
 void GalleryWindowTest::everyPageFollows()
 {
     QFETCH(QString, name);
@@ -492,7 +492,7 @@ void GalleryWindowTest::savedThemesAreReadAgain()
     load(theme.path());
     const QString file = QStringLiteral("styles/zz.qss");
     QAbstractButton *apply = button(QStringLiteral("Apply"));
-    // A file that is new, and the same one saved again and again.
+    // The file is new at first, and then saved again and again.
     for (const char *color : {"#ff0000", "#00ff00", "#0000ff"}) {
         Saves[save].make(theme, file, applyButtonSheet(color).toLatin1());
         QTRY_VERIFY(apply->styleSheet().contains(QString::fromLatin1(color)));

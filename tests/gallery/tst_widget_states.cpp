@@ -50,7 +50,7 @@ QImage picture(const QWidget *widget)
 
 void movePointer(QWindow *window, const QWidget *widget)
 {
-    QTest::mouseMove(window, Outside + QPoint(1, 1)); // a move to where the pointer was already is none
+    QTest::mouseMove(window, Outside + QPoint(1, 1)); // a move to where the pointer is already counts for none
     QTest::mouseMove(window, widget->geometry().center());
     QCoreApplication::processEvents();
 }
@@ -194,7 +194,7 @@ void WidgetStatesTest::focusMovesNoTextOfAComboBox()
     };
     QVERIFY(textArea(QStyle::State_None).isValid());
     QCOMPARE(textArea(QStyle::State_HasFocus), textArea(QStyle::State_None));
-    QCOMPARE(textArea(QStyle::State_On), textArea(QStyle::State_None)); // with its list open
+    QCOMPARE(textArea(QStyle::State_On), textArea(QStyle::State_None)); // the area while its list is open
 }
 
 void WidgetStatesTest::eachStateHasAColumn()

@@ -12,13 +12,13 @@
 
 #include <memory>
 
-constexpr int Patience = 8000; // milliseconds for what is to come at once
+constexpr int Patience = 8000; // milliseconds for what comes at once
 
 inline const QString Online = QStringLiteral("Online Grüße ü 日本");
 inline const QString Offline = QStringLiteral("Offline Grüße ü 日本");
 
 QByteArray page(const QString &text);
-/// Of the page "page.html".
+/// The context of the page "page.html".
 HelpContext context(const QString &root, const QString &lang = QStringLiteral("enu"));
 /// Rows of a column "isOnline".
 void addOnlineAndOffline();
@@ -48,7 +48,7 @@ protected:
     QString root() const { return m_help.path(); }
     void writeHelp(const QString &name, const QByteArray &content) const;
     void answerWith(const QByteArray &answer);
-    /// Returns the context of a page that only the knowledge base has, or only the installed help.
+    /// The context of a page that only the knowledge base has, or only the installed help.
     HelpContext offer(const QByteArray &content, bool isOnline);
 
     Certificates m_certificates;

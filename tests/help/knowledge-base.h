@@ -19,7 +19,7 @@
 class Certificates
 {
 public:
-    /// An empty text, or what has gone wrong.
+    /// What has gone wrong, or an empty text.
     QString create();
 
     QSslCertificate certificate(const QString &name) const;
@@ -37,7 +37,7 @@ private:
 class KnowledgeBase : public QTcpServer
 {
 public:
-    /// What it does with a connection; each is done up to here and then waits.
+    /// What it does with a connection: each step up to the named one, and then it waits.
     enum Manner { Answers, RefusesTheConnection, IgnoresTheConnection, IgnoresTheHandshake };
 
     explicit KnowledgeBase(const Certificates &certificates) : m_certificates(certificates)

@@ -147,7 +147,7 @@ void HelpWindowTest::theRequestIsAPlainGetOfTheFixedAddress()
     QNetworkAccessManager network;
     network.get(QNetworkRequest(QUrl(QStringLiteral("https://") + Host + QString::fromLatin1(address))));
     QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->requests.size(), 2, Patience);
-    QCOMPARE(request, m_knowledgeBase->requests.last()); // no headers but those that Qt adds by itself
+    QCOMPARE(request, m_knowledgeBase->requests.last()); // there are no headers but those that Qt adds by itself
 }
 
 void HelpWindowTest::theLanguageIsNormalised_data()
@@ -214,7 +214,7 @@ void HelpWindowTest::itsContextIsACopy()
 void HelpWindowTest::anAnswerIsShown()
 {
     const Help help(context(root()));
-    QTRY_COMPARE_WITH_TIMEOUT(help.text(), Online, Patience); // UTF-8, and HTML as such
+    QTRY_COMPARE_WITH_TIMEOUT(help.text(), Online, Patience); // the text is read as UTF-8, and as HTML
 }
 
 void HelpWindowTest::anAnswerOfAnotherStatusIsShownToo_data()
@@ -247,7 +247,7 @@ void HelpWindowTest::anAnswerInPiecesIsShownWhole()
     const QByteArray body = page(QString(Online + QStringLiteral("x").repeated(200000)));
     m_knowledgeBase->answer = [body](QSslSocket *socket, const QByteArray &) {
         const QByteArray whole = KnowledgeBase::ok(body);
-        const int split = whole.indexOf("Gr\xC3") + 3; // within a letter
+        const int split = whole.indexOf("Gr\xC3") + 3; // a split within a letter
         socket->write(whole.left(split));
         QTimer::singleShot(200, socket, [socket, whole, split] { socket->write(whole.mid(split)); });
     };
@@ -311,7 +311,7 @@ void HelpWindowTest::anEndlessBodyShowsTheOfflinePage()
     const Help help(context(root()));
     const QSignalSpy aborted(help.window.get(), &HelpWindow::sigAbortRequest);
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(Offline + QStringLiteral(" enu")), Patience);
-    QCOMPARE(aborted.count(), 0); // nor has the time run out
+    QCOMPARE(aborted.count(), 0); // the time has not run out either
     QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->openConnections(), 0, Patience);
 }
 
@@ -384,7 +384,7 @@ void HelpWindowTest::aMissingOfflinePageLeavesItEmpty()
     QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->connectLines.size(), 1, Patience);
     QTest::qWait(300);
     QCOMPARE(help.text(), QString());
-    QVERIFY(!QFileInfo(root + QStringLiteral("/enu/") + link).isFile()); // nor is it made
+    QVERIFY(!QFileInfo(root + QStringLiteral("/enu/") + link).isFile()); // the file is not made either
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
@@ -471,7 +471,7 @@ void HelpWindowTest::destroyingItCancelsTheRequest()
     QCOMPARE(m_knowledgeBase->openConnections(), 1);
     help.reset();
     QTRY_COMPARE_WITH_TIMEOUT(m_knowledgeBase->openConnections(), 0, Patience);
-    for (int delay : {0, 5, 20, 50}) { // while it is being connected, encrypted, sent
+    for (int delay : {0, 5, 20, 50}) { // times at which it is connecting, encrypting or sending
         const Help brief(context(root()));
         QTest::qWait(delay);
     }

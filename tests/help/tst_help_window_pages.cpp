@@ -13,7 +13,7 @@
 
 namespace {
 
-// Records what is asked to be opened outside.
+// Records the addresses that are to be opened outside.
 class ExternalLinks : public QObject
 {
     Q_OBJECT

@@ -144,7 +144,7 @@ void ImageManagerTest::init()
     m_folder->setAsPaths();
 }
 
-// Initialises without a word.
+// Initialises the manager, which is to log nothing.
 void ImageManagerTest::initialize(InitializeType type) const
 {
     LogCapture log;
@@ -209,7 +209,7 @@ void ImageManagerTest::askingForAFolderBeforeInitializeAborts()
 {
     QFETCH(QString, folder);
     bool crashed = false;
-    qputenv("QT_MESSAGE_PATTERN", "%{category} %{type}: %{message}"); // read by the program, which inherits it
+    qputenv("QT_MESSAGE_PATTERN", "%{category} %{type}: %{message}"); // the program inherits the pattern
     const QString errors = runAndReadErrors(QStringLiteral(VELA_UNINITIALIZED), {folder}, &crashed);
     qunsetenv("QT_MESSAGE_PATTERN");
     QVERIFY(crashed);
@@ -310,7 +310,7 @@ void ImageManagerTest::theRatioOfAPixmapIsTheScreens()
 
 void ImageManagerTest::scalingIsSmoothAndKeepsTheAspectRatio()
 {
-    const QSize size(202, 90); // a quarter of either side is no whole number
+    const QSize size(202, 90); // a size whose quarter has a fraction in either direction
     m_folder->writeImage(QStringLiteral("icon"), drawing(size));
     m_folder->writeCatalogue({QStringLiteral("icon")});
     initialize();
@@ -398,7 +398,7 @@ void ImageManagerTest::anUnlistedNameIsNullAndLogged()
     initialize();
     LogCapture log;
 
-    for (int i = 0; i < 2; ++i) { // asking does not list it
+    for (int i = 0; i < 2; ++i) { // asking does not list the image
         QVERIFY(getGlobalImage("unlisted", ImageManager::IMAGE_NORMAL).isNull());
         QCOMPARE(log.takeTexts(), QStringList {unlisted(QStringLiteral("unlisted"))});
     }
@@ -543,7 +543,7 @@ void ImageManagerTest::preloadingAgainLoadsEverythingAgain()
     m_folder->writeCatalogue({QStringLiteral("bt")});
     initialize(ImageManager::INIT_PRELOAD);
     m_folder->writeImage(QStringLiteral("bt"), QSize(64, 64), Qt::black);
-    m_folder->writeCatalogue({}); // so the image is not listed anew, but kept as it is
+    m_folder->writeCatalogue({}); // the image is not listed anew, but kept as it is
     initialize(ImageManager::INIT_PRELOAD);
 
     QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::black));
@@ -602,7 +602,7 @@ void ImageManagerTest::aNameListedTwiceIsOneImageReset()
     QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::red));
 
     m_folder->writeImage(QStringLiteral("bt"), QSize(64, 64), Qt::black);
-    initialize(); // lists it once more
+    initialize(); // lists the image once more
     QCOMPARE(colorOf(getGlobalImage("bt", ImageManager::IMAGE_NORMAL)), QColor(Qt::black));
 }
 
@@ -690,7 +690,7 @@ void ImageManagerTest::aMissingOriginalLeavesAnEmptyCopy()
     m_folder->writeCatalogue({}, {QStringLiteral("icon"), QStringLiteral("never there")});
     initialize();
     m_folder->removeImage(QStringLiteral("icon"));
-    initialize(); // which fails if anything is logged
+    initialize(); // fails if anything is logged
     for (const QString &name : {QStringLiteral("icon"), QStringLiteral("neverthere")}) {
         QVERIFY(QFile::exists(m_folder->tempImagePath(name)));
         QCOMPARE(QFileInfo(m_folder->tempImagePath(name)).size(), qint64(0));
@@ -748,7 +748,7 @@ void ImageManagerTest::otherKeysOfTheCatalogueAreIgnored()
 void ImageManagerTest::aNameThatIsNoStringIsAnEmptyName()
 {
     writeAllStates(QStringLiteral("bt"));
-    writeAllStates(QString()); // "_hover.png" and so on
+    writeAllStates(QString()); // files such as "_hover.png"
     m_folder->writeFile(QStringLiteral("images.json"), "{ \"images\": [1, \"bt\", null], \"tmp_images\": [true] }");
     initialize();
 
@@ -823,7 +823,7 @@ void ImageManagerTest::namesMayHaveSlashesAndAnyLetters()
         QCOMPARE(colorOf(getGlobalImage(name, ImageManager::IMAGE_CLICK)), QColor(Qt::blue));
     }
     QCOMPARE(log.takeTexts(), QStringList());
-    // Folders below the generated images' are not made.
+    // No folder is made below that of the generated images.
     QVERIFY(!QFile::exists(m_folder->tempImagePath(QStringLiteral("folder/icon"))));
     QVERIFY(QFileInfo(m_folder->tempImagePath(QStringLiteral("a%1b"))).size() > 0);
 }

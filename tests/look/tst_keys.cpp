@@ -21,7 +21,7 @@ namespace {
 
 using Names = QSet<QString>;
 
-// Names that entries have in the field name.
+// The names that entries have in the field name.
 template<typename Entry, std::size_t Size>
 Names namesOf(const Entry (&entries)[Size], const char *Entry::*name)
 {
@@ -160,10 +160,10 @@ private Q_SLOTS:
             UIPathManager::getInstance()->setPath(QString::fromLatin1(entry.key), m_folder.path());
         }
         ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
-        QCOMPARE(log.takeTexts(), QStringList()); // which would name any other folder that is asked for
+        QCOMPARE(log.takeTexts(), QStringList()); // any other folder that is asked for would be named there
     }
 
-    // First, while nothing is installed, so that every request is told of.
+    // This test comes first, while nothing is installed, so that every request is told of.
     void widgetsAskForAllThatIsListedAndForNothingElse()
     {
         Requests requests;
@@ -178,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(sorted(requests.texts()), sorted(namesOf(Vela::TextEntries, &Vela::TextEntry::key)));
     }
 
-    // While they are listed, but there are no files of theirs.
+    // The images are listed here, but there are no files of theirs.
     void imagesAreAskedForInTheListedStates()
     {
         QStringList names;

@@ -29,21 +29,21 @@ namespace {
 
 using Make = QWidget *(*)(QWidget *parent);
 
-// Of a class whose parent is the only argument, and may be left out.
+// A widget whose parent is the only argument, and may be left out.
 template<typename Widget>
 QWidget *make(QWidget *parent)
 {
     return parent ? new Widget(parent) : new Widget;
 }
 
-// The same with a text in front.
+// A widget with a text in front of its parent.
 template<typename Widget>
 QWidget *makeWithText(QWidget *parent)
 {
     return parent ? new Widget(QStringLiteral("text"), parent) : new Widget(QStringLiteral("text"));
 }
 
-// Buttons have no parent at first.
+// A button, which has no parent at first.
 template<int Kind>
 QWidget *makeButton(QWidget *parent)
 {
@@ -95,7 +95,7 @@ QWidget *makeHelp(QWidget *parent)
     return parent ? new HelpWindow(HelpContext(), parent) : new HelpWindow(HelpContext());
 }
 
-// A class, what it declares itself apart from its base, and the sections of style sheets that it asks for, in order.
+// A class, what it declares apart from its base, and the sections of style sheets that it asks for, in order.
 struct WidgetClass
 {
     const QMetaObject &type;
@@ -210,7 +210,7 @@ void WidgetsTest::theParentMayBeLeftOut()
     QVERIFY(!std::unique_ptr<QWidget>(widget->make(nullptr))->parent());
 }
 
-// And told from others of its base.
+// Each class can be told from others of its base.
 void WidgetsTest::itIsFoundAmongItsParentsChildren()
 {
     QFETCH_GLOBAL(const WidgetClass *, widget);

@@ -108,7 +108,7 @@ public:
         bar->resize(expectedPixels(BarWidth), expectedPixels(29));
         resize(bar->size());
     }
-    ~BarWindow() override { delete bar; } // before its model
+    ~BarWindow() override { delete bar; } // the bar goes before its model
 
     QList<VelaButton *> pageButtons() const { return sortedByPlace(bar->findChildren<VelaButton *>(), bar); }
     QList<VelaIconButton *> iconButtons() const { return sortedByPlace(bar->findChildren<VelaIconButton *>(), bar); }
@@ -135,7 +135,7 @@ public:
         return row->itemAt(row->indexOf(widget))->alignment();
     }
 
-    /// From the right to the left.
+    /// The footer's labels from the right to the left.
     QList<QLabel *> labels() const
     {
         QList<QLabel *> shown;

@@ -22,7 +22,7 @@ constexpr int WideBar = 4000;
 /// The parts of @p path that have a character, found one character at a time.
 QStringList namesIn(const QString &path);
 
-/// A bar in a window, wide enough for any path of the tests at first.
+/// A bar in a window, wide enough at first for any path of the tests.
 class PathWindow : public TestWindow
 {
 public:

@@ -107,7 +107,7 @@ void VelaButtonPathTest::theMenuButtonLiesOverTheLeftEnd()
     window.refresh(QStringLiteral("a long name/and another one"));
     QVERIFY(button->isVisible());
     const QPoint center = button->geometry().center();
-    QCOMPARE(window.childAt(center), button); // in front of the row
+    QCOMPARE(window.childAt(center), button); // the menu's button lies in front of the row
     QCOMPARE(window.bar->cellWidget(0, 0)->parentWidget(), window.bar->viewport());
 }
 
@@ -219,7 +219,7 @@ void VelaButtonPathTest::namesAreAsWideAsTheRuleSays()
     Shown<PathWindow> window;
     window.refresh(QStringLiteral("x/") + name);
     const QPushButton *button = window.nameButton(1);
-    QCOMPARE(button->font().pixelSize(), expectedPixels(14)); // the sheet's
+    QCOMPARE(button->font().pixelSize(), expectedPixels(14)); // the font of the sheet
     const int width = expectedPixels(button->fontMetrics().horizontalAdvance(name) + 16);
     QCOMPARE(button->minimumSize(), QSize(width, expectedPixels(26)));
     QCOMPARE(button->maximumSize(), QSize(width, expectedPixels(26)));
@@ -356,7 +356,7 @@ void VelaButtonPathTest::aPathThatFitsIsNotScrolled()
     Shown<PathWindow> window;
     const QString path = QStringLiteral("first/second/third");
     window.refresh(path);
-    window.setVisibleWidth(window.totalWidth()); // exactly
+    window.setVisibleWidth(window.totalWidth()); // just enough room
     window.refresh(path);
     QVERIFY(window.menuButton()->isHidden());
     QVERIFY(window.menuTexts().isEmpty());
@@ -408,7 +408,7 @@ void VelaButtonPathTest::aNameAfterACutArrowIsListedToo()
     window.setVisibleWidth(window.totalWidth() - window.button(0)->width() - 1);
     window.refresh(path);
     QCOMPARE(window.button(1)->x(), -1);
-    QVERIFY(window.button(2)->x() > 0); // in full view
+    QVERIFY(window.button(2)->x() > 0); // a button in full view
     QCOMPARE(window.menuTexts(), (QStringList {QStringLiteral("first"), QStringLiteral("second")}));
 }
 
@@ -493,7 +493,7 @@ void VelaButtonPathTest::theWholeRowCanBeHidden()
 {
     Shown<PathWindow> window;
     window.refresh(QStringLiteral("a/b"));
-    window.bar->setChangeFolderBtn(2 * WideBar); // more than there is
+    window.bar->setChangeFolderBtn(2 * WideBar); // more room than there is
     QVERIFY(window.menuButton()->isVisible());
     QCOMPARE(window.menuTexts(), (QStringList {QStringLiteral("a"), QStringLiteral("b")}));
 }

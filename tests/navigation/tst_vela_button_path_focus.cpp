@@ -74,7 +74,7 @@ void VelaButtonPathFocusTest::tabVisitsTheNamesAndLeavesAtTheEnds()
     QFETCH(bool, hasMenu);
     Shown<Neighbours> window(width);
     for (const QString &path : {LongPath, QStringLiteral("alone and long enough for a menu"), LongPath}) {
-        window.refresh(path); // and what is made last is visited in its place
+        window.refresh(path); // what is made last is visited in its place all the same
         QCOMPARE(window.menuButton()->isVisible(), hasMenu);
         QVector<QWidget *> order {window.before};
         if (hasMenu) {
@@ -171,7 +171,7 @@ void VelaButtonPathFocusTest::aNameThatTheKeyboardFindsIsInFullView()
         }
         window.after->setFocus();
         window.scrollBar()->setValue(start);
-        window.nameButton(1)->setFocus(Qt::ShortcutFocusReason); // which is the current one
+        window.nameButton(1)->setFocus(Qt::ShortcutFocusReason); // the button of the current folder
         QVERIFY(isInFullView(window.nameButton(1)));
     }
 }

@@ -16,8 +16,8 @@ namespace {
 
 using Reaction = void (*)(VelaButtonPath *, const QString &);
 
-// Has the focus, and refreshes a bar with its own path when a closing menu gives it back, as a list in step with the
-// bar would. (Window managers give and take the focus of windows when they get round to it, a menu being open or not.)
+// A list in step with a bar: has the focus, and refreshes the bar with its own path when a closing menu gives it back.
+// (Window managers give and take the focus of windows when they get round to it, a menu being open or not.)
 class Follower : public QWidget
 {
 public:
@@ -38,7 +38,7 @@ public:
         return hasFocus();
     }
 
-    // How many there were since the focus was taken.
+    // How many menus have closed since the focus was taken.
     int popupClosings() const { return m_popupClosings; }
 
 protected:
@@ -113,7 +113,7 @@ void VelaButtonPathSlotsTest::aRefreshAsTheMenuClosesLosesNoChoice()
     QCOMPARE(window.chosen.at(0).at(0).toString(), QStringLiteral("first/second"));
     QTRY_VERIFY(!action);
     QCOMPARE(window.menuTexts(), menuTexts);
-    window.clickInMenu(0); // those made meanwhile are chosen from as well
+    window.clickInMenu(0); // names made meanwhile can be chosen as well
     QCOMPARE(follower.popupClosings(), 2);
     QCOMPARE(window.chosen.count(), 2);
     QCOMPARE(window.chosen.at(1).at(0).toString(), QStringLiteral("first"));
@@ -123,7 +123,7 @@ void VelaButtonPathSlotsTest::aRefreshAsTheMenuClosesLosesNoChoice()
 void VelaButtonPathSlotsTest::addReactions()
 {
     QTest::addColumn<Reaction>("react");
-    QTest::addColumn<QString>("path"); // after it
+    QTest::addColumn<QString>("path"); // the path after it
     const struct
     {
         const char *name;
@@ -165,7 +165,7 @@ void VelaButtonPathSlotsTest::addReactions()
     }
 }
 
-// That window is in order after a slot's reaction to a click on source.
+// Whether the window is in order after a slot's reaction to a click on source.
 void VelaButtonPathSlotsTest::checkAfterReaction(PathWindow *window, const QPointer<QObject> &source,
                                                  const QString &path)
 {
@@ -219,7 +219,7 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction()
 {
     QFETCH(Reaction, react);
     QFETCH(QString, path);
-    for (bool isFollowed : {false, true}) { // if it is, the action is no longer the menu's when it is triggered
+    for (bool isFollowed : {false, true}) { // a followed action is no longer the menu's when it is triggered
         for (bool isByKey : {false, true}) {
             Shown<PathWindow> window(expectedPixels(60));
             window.refresh(LongPath);
@@ -230,7 +230,7 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction()
                 QVERIFY(follower->takeFocus());
             }
             const QPointer<QAction> action(window.menuButton()->menu()->actions().at(1));
-            const QSignalSpy told(action, &QAction::triggered); // after the bar
+            const QSignalSpy told(action, &QAction::triggered); // hears of it after the bar
             connect(window.bar, &VelaButtonPath::sigUpdatePath, this, [&](const QString &chosen) {
                 react(window.bar, chosen);
                 QVERIFY(!window.menuButton()->menu()->actions().contains(action));
@@ -257,7 +257,7 @@ void VelaButtonPathSlotsTest::aSlotMayClickTheRowThatItMade()
     std::vector<std::unique_ptr<QSignalSpy>> told;
     const auto clickNext = [&] {
         if (told.size() < Clicks) {
-            told.push_back(std::make_unique<QSignalSpy>(window.nameButton(1), &QPushButton::clicked)); // after the bar
+            told.push_back(std::make_unique<QSignalSpy>(window.nameButton(1), &QPushButton::clicked));
             window.nameButton(1)->click();
         }
     };

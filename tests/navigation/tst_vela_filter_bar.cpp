@@ -114,7 +114,7 @@ void VelaFilterBarTest::theFieldTakesBothSheetsInTheirOrder()
                  .arg(expectedPixels(3))
                  .arg(expectedPixels(40)));
     Shown<ControlWindow> window(bar);
-    QCOMPARE(paintedColor(bar, QPoint(bar->width() - 2, 2)), Padded); // the second one wins
+    QCOMPARE(paintedColor(bar, QPoint(bar->width() - 2, 2)), Padded); // the second sheet wins
 }
 
 void VelaFilterBarTest::theHeightIsFixed()
@@ -193,9 +193,9 @@ void VelaFilterBarTest::downWithoutAMenuDoesNothing()
     window.key(Qt::Key_Down);
     QCOMPARE(bar->cursorPosition(), 1);
     QVERIFY(bar->hasFocus());
-    QCOMPARE(passedOn.take(), 0); // consumed
+    QCOMPARE(passedOn.take(), 0); // the bar has taken it
     window.key(Qt::Key_Up);
-    QCOMPARE(passedOn.take(), 1); // as a field passes it on
+    QCOMPARE(passedOn.take(), 1); // a field passes it on
 }
 
 void VelaFilterBarTest::downWithAMenuThatIsGoneDoesNothing()
@@ -242,13 +242,13 @@ void VelaFilterBarTest::downOpensTheMenu()
     bar->setCursorPosition(1);
     EventCounter passedOn(&window, QEvent::KeyPress);
     const MenuUser user(&menu);
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, modifiers); // without the press of the modifier's own key
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, modifiers); // the modifier's own key is not pressed before
     QCoreApplication::sendEvent(bar, &press); // returns when the menu is closed
     QVERIFY(user.hasUsed());
     QVERIFY(bar->hasFocus());
     QCOMPARE(bar->cursorPosition(), 1);
     QVERIFY(!bar->hasSelectedText());
-    QCOMPARE(passedOn.take(), 0); // consumed
+    QCOMPARE(passedOn.take(), 0); // the bar has taken it
 }
 
 void VelaFilterBarTest::otherKeysReachTheField()
@@ -293,7 +293,7 @@ void VelaFilterBarTest::aPressOnTheButtonOpensTheMenuAndLeavesTheFocus()
     auto *button = bar->findChild<VelaIconButton *>();
     const QPoint center = button->mapTo(&window, button->rect().center());
 
-    window.click(center); // without a menu
+    window.click(center); // there is no menu yet
     QVERIFY(bar->hasFocus());
 
     bar->setMenu(&menu);

@@ -369,7 +369,7 @@ void VelaPagingBarTest::setItemCountKeepsThePageBeyondTheLast()
 void VelaPagingBarTest::setItemCountShowsTheModelsPage()
 {
     Shown<BarWindow> window(50, 1000);
-    window.model.setNowPage(3); // past the bar
+    window.model.setNowPage(3); // a change that the bar has not made
     window.bar->setItemCount(500);
     QCOMPARE(window.model.nowPage(), 3);
     QCOMPARE(window.numbers(), QStringLiteral("1|2|3|4|5"));
@@ -432,7 +432,7 @@ void VelaPagingBarTest::navigationSlotsClampAndEmitOnce()
 void VelaPagingBarTest::jumpsStartFromTheModelsPage()
 {
     BarWindow window(50, 1000);
-    window.model.setNowPage(12); // past the bar
+    window.model.setNowPage(12); // a change that the bar has not made
     window.bar->next_5_page();
     QCOMPARE(window.model.nowPage(), 17);
     window.model.setNowPage(9);
@@ -454,7 +454,7 @@ void VelaPagingBarTest::clicksOnTheNavigationButtonsReachTheirSlots()
         QCOMPARE(window.model.nowPage(), step.page);
         QCOMPARE(window.pageChanged.count(), ++emitted);
     }
-    window.click(window.navigation(First)); // disabled
+    window.click(window.navigation(First)); // a button that is disabled
     QCOMPARE(window.pageChanged.count(), emitted);
 }
 
@@ -484,7 +484,7 @@ void VelaPagingBarTest::pageClickTurnsToTheNumberEvenBeyondTheLastPage()
 {
     BarWindow window(50, 1000);
     window.bar->setPage(10);
-    window.model.setItemCount(50); // past the bar, whose buttons keep their numbers
+    window.model.setItemCount(50); // a change that the bar has not made, whose buttons keep their numbers
     window.bar->pageClick(3);
     QCOMPARE(window.model.nowPage(), 11);
 }

@@ -128,7 +128,7 @@ void LengthScalingTest::aTextWithoutLengthsComesBackUnchanged()
     QFETCH(QString, sheet);
     const QString scaled = scaleLengths(sheet, 1.5);
     QCOMPARE(scaled, sheet);
-    QCOMPARE(scaled.constData(), sheet.constData()); // and is not copied
+    QCOMPARE(scaled.constData(), sheet.constData()); // a text without lengths is not copied
 }
 
 void LengthScalingTest::aLongNumberPutsTextAndNumbersOutOfStep_data()
@@ -198,7 +198,7 @@ void LengthScalingTest::aThousandDigitsAreTheLowestInteger()
     QCOMPARE(scaled.count(text("px")), 334);
 }
 
-// Exactly between two doubles, of which the lower one is even: only the last digit rounds it up.
+// Numbers exactly between two doubles, of which the lower one is even: only the last digit rounds them up.
 void LengthScalingTest::aDigitFarBehindThePointCanDecide()
 {
     const QString tie = text("2.3999999999999996891375531049561686813831329345703125");

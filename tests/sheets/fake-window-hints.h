@@ -12,7 +12,7 @@ class QWidget;
 
 constexpr int FakeHintsAway = -1; // hints of a window whose close button is away
 
-/// Of the windows that have some.
+/// The hints of the windows that have some.
 QHash<const QWidget *, int> &fakeHints();
-/// How many are kept and have not been freed.
+/// How many states are kept and have not been freed.
 int fakeHintsKept();

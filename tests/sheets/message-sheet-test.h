@@ -36,7 +36,7 @@ constexpr int ButtonSpacing = 20;
 constexpr int OkCode = 0x400;
 constexpr int CancelCode = 0x800000;
 
-constexpr int IconFileSize = 160; // 40 logical pixels
+constexpr int IconFileSize = 160; // size of the file of an icon of 40 logical pixels
 
 inline const char *const IconNames[] = {"app_img", "icon_information", "icon_warning", "icon_question"};
 inline const QColor IconColors[] = {Qt::red, Qt::green, Qt::blue, Qt::yellow};
@@ -189,7 +189,7 @@ inline QString outline(const QLayout *layout, const Parts &parts)
         + QLatin1Char(')');
 }
 
-// An application's style with one answer of its own.
+// The style of an application, with one answer of its own.
 class HintStyle : public QProxyStyle
 {
 public:
@@ -206,7 +206,7 @@ private:
     const int m_answer;
 };
 
-// Answers each hint differently and keeps what it was asked.
+// A style that answers each hint differently and keeps what it was asked.
 class AskedStyle : public QProxyStyle
 {
 public:
@@ -226,7 +226,7 @@ public:
     mutable const QStyleHintReturn *lastReturnData = nullptr;
 };
 
-// What the tests of the message sheet start with, and leave behind.
+// What the tests of the message sheet begin with, and undo at their end.
 class MessageSheetTest : public QObject
 {
 protected:

@@ -77,7 +77,7 @@ void CloseButtonClaimTest::itGivesTheButtonBackWhenItIsDestroyed()
     QCOMPARE(window.hints(), Hints);
 }
 
-// Or it would take what it has changed itself for the window's.
+// A second making would take what the claim has changed itself for the window's hints.
 void CloseButtonClaimTest::itIsMadeOnce()
 {
     HintedWindow window;
@@ -104,7 +104,7 @@ void CloseButtonClaimTest::itCanBeMadeAgain()
 
 void CloseButtonClaimTest::withoutHintsItIsNotMade()
 {
-    QWidget window; // on another platform, for instance
+    QWidget window; // a window without hints, as on other platforms
     CloseButtonClaim claim;
     claim.make(&window);
     QVERIFY(!claim.isMade());

@@ -16,7 +16,7 @@
 
 namespace {
 
-// Where a key is pressed.
+// The widget that a key is pressed in.
 enum Target { ForTheWindow, OnTheSheet, OnTheFirst, OnOk, OnCancel };
 
 const auto Nothing = [] {};
@@ -88,7 +88,7 @@ void ModalAnswersTest::cleanup()
     QVERIFY(QApplication::topLevelWidgets().isEmpty());
 }
 
-// It stays what it was when another one becomes it.
+// The former default button keeps its look when another one becomes it.
 void ModalAnswersTest::okIsTheDefaultButtonAndAnotherMayBeToo()
 {
     QWidget window;
@@ -192,7 +192,7 @@ void ModalAnswersTest::keysAnswer_data()
     const char *const targets[] = {"for the window", "on the sheet", "on the first", "on Ok", "on cancel"};
     for (const auto &key : keys) {
         for (const int target : {ForTheWindow, OnTheSheet, OnTheFirst, OnOk, OnCancel}) {
-            // A button presses itself by Space. The other keys it passes on, and for the window Return means Ok.
+            // A button presses itself by Space. It passes the other keys on, and for the window Return means Ok.
             const bool pressesItself = target == OnCancel && key.key == Qt::Key_Space;
             QTest::addRow("%s %s", key.name, targets[target])
                 << key.key << target << (pressesItself ? CancelCode : key.result);
@@ -207,7 +207,7 @@ void ModalAnswersTest::keysAnswer()
     QFETCH(int, result);
     ShownSheet shown;
     if (key == Qt::Key_Space && target == OnTheFirst && qobject_cast<QLineEdit *>(shown.sheet.firstFocus())) {
-        return; // a line edit takes it
+        return; // a line edit takes the key
     }
     QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
     const int answer = shown.execute([&] {
@@ -266,7 +266,7 @@ void ModalAnswersTest::otherKeysEndAtTheWindow()
     ShownSheet shown;
     shown.execute([&] {
         shown.sheet.firstFocus()->setFocus();
-        shown.window.press(Qt::Key_F5); // which a line edit passes on
+        shown.window.press(Qt::Key_F5); // a key that a line edit passes on
         shown.sheet->setFocus();
         for (const int key : {Qt::Key_A, Qt::Key_F1, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Down, Qt::Key_Alt}) {
             QVERIFY(shown.window.send(key));
@@ -380,7 +380,7 @@ void ModalAnswersTest::doneInASlotOfFinishedIsNoSecondAnswer()
     connect(shown.sheet.get(), &VelaSheet::finished, this, [&] { shown.sheet.done(9); });
     QCOMPARE(shown.execute([&] { shown.sheet.done(4); }), 4);
     QCOMPARE(finished.count(), 1);
-    QCOMPARE(shown.execute([&] { shown.sheet.done(5); }), 5); // the next one is an answer again
+    QCOMPARE(shown.execute([&] { shown.sheet.done(5); }), 5); // a run that is answered anew
     QCOMPARE(finished.count(), 2);
 }
 
@@ -495,7 +495,7 @@ void ModalAnswersTest::aSecondSheetMayBeAnsweredFirst()
     QCOMPARE(first, CancelCode);
 }
 
-// Its result waits until the second one, whose loop runs inside, is answered as well.
+// The first sheet's result waits until the second one, whose loop runs inside, is answered as well.
 void ModalAnswersTest::aFirstSheetMayBeAnsweredFirst()
 {
     ShownSheet shown;
@@ -524,7 +524,7 @@ void ModalAnswersTest::quittingEndsTheWait()
     });
     QApplication::exec();
     QCOMPARE(answers, QList<int> {0});
-    QVERIFY(shown.sheet->isVisible()); // as it was not answered
+    QVERIFY(shown.sheet->isVisible()); // a sheet that was not answered
 }
 
 void ModalAnswersTest::theWindowMayBeResizedHiddenAndShown()

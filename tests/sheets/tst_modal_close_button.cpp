@@ -142,7 +142,7 @@ void ModalCloseButtonTest::theWindowManagersRequestToCloseIsRefused()
     shown.sheet.setBlockWindowButton(isBlocked);
     const XConnection x;
     shown.execute([&] {
-        EventCounter requests(&shown.window, QEvent::Close); // sees them before the sheet does
+        EventCounter requests(&shown.window, QEvent::Close); // counts them before the sheet swallows them
         x.askToClose(static_cast<XWindow>(shown.window.winId()));
         int arrived = 0;
         QTRY_COMPARE_WITH_TIMEOUT(arrived += requests.take(), 1, Patience);
@@ -179,14 +179,14 @@ void ModalCloseButtonTest::theCloseButtonGoesAndComesBack()
     QCOMPARE(after, isBlocked && before.elements.isEmpty() ? ButtonBack : before);
     QCOMPARE(x.changes(), isBlocked ? 2 : 0);
 
-    shown.sheet->showSheet(); // takes no button away
+    shown.sheet->showSheet(); // shows the sheet without taking the button
     QCOMPARE(hints(), after);
     shown.sheet.quit();
     QCOMPARE(hints(), after);
     QCOMPARE(x.changes(), isBlocked ? 2 : 0);
 }
 
-// It stays away then, and the next answer gives back what was there before the first one took it.
+// The button stays away then, and the next answer gives back what was there before the first one took it.
 void ModalCloseButtonTest::theCloseButtonComesBackWhenBlockingEndsMeanwhile()
 {
     if (!isOnX()) {
@@ -215,7 +215,7 @@ void ModalCloseButtonTest::theCloseButtonComesBackWhenBlockingEndsMeanwhile()
 
 void ModalCloseButtonTest::theCloseButtonIsAwayUntilTheLastSheetIsAnswered_data()
 {
-    QTest::addColumn<QVector<int>>("order"); // of the answers to the sheets, which come up as 0, 1, 2
+    QTest::addColumn<QVector<int>>("order"); // order in which the sheets, which come up as 0, 1, 2, are answered
     QTest::newRow("last first") << QVector<int> {2, 1, 0};
     QTest::newRow("first first") << QVector<int> {0, 1, 2};
     QTest::newRow("middle first") << QVector<int> {1, 0, 2};

@@ -84,7 +84,7 @@ void ModalFocusTest::theFocusGoesBackFromAnAnsweredSheet()
     });
     QCOMPARE(QApplication::focusWidget(), window.below);
 
-    // Where that is gone any other will do.
+    // Any other widget will do where that one is gone.
     shown.execute([&] {
         window.below->hide();
         window.press(Qt::Key_Return);
@@ -94,12 +94,12 @@ void ModalFocusTest::theFocusGoesBackFromAnAnsweredSheet()
 
 void ModalFocusTest::theFocusPassesToTheSheetBelow_data()
 {
-    QTest::addColumn<bool>("isInACover"); // or on the button, which had the focus before
+    QTest::addColumn<bool>("isInACover"); // whether it is in a cover, or on the button that had the focus before
     QTest::newRow("to the button that had it") << false;
     QTest::newRow("to the first that takes it") << true;
 }
 
-// And not to what is below its mask, where Qt would move it.
+// Qt would move the focus to what is below the mask.
 void ModalFocusTest::theFocusPassesToTheSheetBelow()
 {
     QFETCH(bool, isInACover);
@@ -107,7 +107,7 @@ void ModalFocusTest::theFocusPassesToTheSheetBelow()
     shown.window.below->setFocus();
     shown.execute([&] {
         if (isInACover) {
-            shown.window.below->setFocus(); // as an application may do
+            shown.window.below->setFocus(); // an application may do so
         } else {
             shown.cancel()->setFocus();
         }
@@ -124,7 +124,7 @@ void ModalFocusTest::theFocusPassesToTheSheetBelow()
     QCOMPARE(shown.window.above->text() + shown.window.below->text(), QString());
 }
 
-// It is up still, but nobody sees it.
+// The sheet is up still, but nobody sees it.
 void ModalFocusTest::theFocusPassesOverASheetThatWasHidden()
 {
     ShownSheet shown;

@@ -83,7 +83,7 @@ static std::unique_ptr<SheetWindow> shownWindow()
 
 void ModalLifetimeTest::aSheetThatIsMovedWatchesItsNewWindow_data()
 {
-    QTest::addColumn<bool>("isInAPanel"); // that moves with it
+    QTest::addColumn<bool>("isInAPanel"); // whether the sheet is in a panel that moves with it
     QTest::newRow("the sheet") << false;
     QTest::newRow("a panel with it") << true;
 }
@@ -129,7 +129,7 @@ void ModalLifetimeTest::theWindowMayDieWhileASheetIsShown()
     ModalSheet sheet(window.get());
     sheet->showSheet();
     window.reset();
-    QVERIFY(!sheet.get()); // as any widget in it
+    QVERIFY(!sheet.get()); // the sheet died like any widget in the window
 }
 
 void ModalLifetimeTest::theWindowMayDieWhileASheetWaits_data()
@@ -239,7 +239,7 @@ void ModalLifetimeTest::aSheetOnTheHeapOutlivesItsWindow()
     QCOMPARE(finished.count(), 0);
 }
 
-// Once it is answered it is the window's again.
+// The sheet is the window's again once it is answered.
 void ModalLifetimeTest::anAnsweredSheetOnTheHeapDiesWithItsWindow()
 {
     auto window = shownWindow();

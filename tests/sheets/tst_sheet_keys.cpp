@@ -70,7 +70,7 @@ protected:
 
 private:
     static bool isAltAlone(const QString &key) { return key == QLatin1String("Alt"); }
-    // As the X server knows it.
+    // The key as the X server knows it.
     static QString nameOf(const QString &key)
     {
         const QHash<QString, QString> names {
@@ -81,7 +81,7 @@ private:
         };
         QStringList parts = key.split(QLatin1Char('+'));
         parts.last() = names.value(parts.last(), parts.last());
-        if (parts.last().size() == 1) { // or it would be typed with Shift
+        if (parts.last().size() == 1) { // the X server takes a capital for a letter with Shift
             parts.last() = parts.last().toLower();
         }
         return parts.join(QLatin1Char('+'));
@@ -102,7 +102,7 @@ private:
     Keyboard m_keyboard;
 };
 
-// What a key does in a window: installed there, it is told whenever it happens.
+// What a key does in a window that it is installed in, which tells each time that it happens.
 using Install = std::function<void(SheetWindow &window, const std::function<void()> &happened)>;
 
 Install action(const char *key, Qt::ShortcutContext context)
@@ -299,7 +299,7 @@ void SheetKeysTest::theWindowsShortcutsRestMeanwhile()
         shown.press(key);
         QCOMPARE(happened, 0);
         QVERIFY(shown.sheet.ok()->hasFocus());
-        shown.window.setFocus(); // nothing of the sheet has it
+        shown.window.setFocus(); // takes the focus away from the sheet
         shown.press(key);
         QCOMPARE(happened, 0);
         QVERIFY(shown.sheet->isVisible());
@@ -324,7 +324,7 @@ void SheetKeysTest::theWindowsShortcutsComeBack()
     Keyboard keyboard;
     const auto works = [&] {
         window.activateWindow(); // the offscreen platform leaves a closed menu active
-        window.setFocus(); // the fields would take letters
+        window.setFocus(); // keeps letters out of the fields
         happened = 0;
         if (!QTest::qWaitForWindowActive(&window)) {
             return false;
@@ -371,7 +371,7 @@ void SheetKeysTest::aShortcutOfTheWindowKeepsNoKeyFromTheSheet()
     QShortcut shortcut(QKeySequence(key), &shown.window);
     const QSignalSpy activated(&shortcut, &QShortcut::activated);
     const int answer = shown.sheet.execute([&] {
-        shown.sheet->setFocus(); // a line edit would take Space
+        shown.sheet->setFocus(); // keeps Space out of a line edit
         shown.press(key);
     });
     QCOMPARE(answer, result);
@@ -442,7 +442,7 @@ void SheetKeysTest::theSheetsAccessKeysWork()
     ModalSheet sheet(&window);
     sheet.setBlockWindowButton(false);
     sheet.cancel()->setText(QStringLiteral("&Keep"));
-    for (QPushButton *later : {sheet.ok(), &below}) { // of two the key means the earlier one first
+    for (QPushButton *later : {sheet.ok(), &below}) { // of two buttons the key means the earlier one first
         later->setText(QString());
         later->setText(QStringLiteral("&Delete"));
         QCOMPARE(sheet.execute([&] { keyboard.press(QStringLiteral("Alt+D")); }), OkCode);
@@ -471,7 +471,7 @@ void SheetKeysTest::aDisabledButtonHasNoAccessKey()
         sheet.ok()->setEnabled(true);
         sheet.ok()->hide();
         keyboard.press(QStringLiteral("Alt+D"));
-        QTimer::singleShot(300, sheet.get(), [&] { sheet.done(3); }); // a click takes a third of that
+        QTimer::singleShot(300, sheet.get(), [&] { sheet.done(3); }); // three times what a click takes
     });
     QCOMPARE(result, 3);
     QCOMPARE(clicked.count(), 0);
@@ -498,7 +498,7 @@ void SheetKeysTest::theSheetsOwnShortcutsWork()
 void SheetKeysTest::theLineEditKeepsItsEditingKeys()
 {
     if (ModalSheet::currentKind() == ModalSheet::Message) {
-        return; // without a line edit
+        return; // a sheet without a line edit
     }
     KeyedSheet shown;
     int happened = 0;
@@ -579,7 +579,7 @@ void SheetKeysTest::aMenuOfTheSheetIsUsedByKeys()
 void SheetKeysTest::aCompletersListIsUsedByKeys()
 {
     if (ModalSheet::currentKind() == ModalSheet::Message) {
-        return; // without a line edit
+        return; // a sheet without a line edit
     }
     KeyedSheet shown;
     int happened = 0;
@@ -628,8 +628,8 @@ void SheetKeysTest::theUppermostOfTwoSheetsRules()
         second.ok()->setText(QStringLiteral("&Discard"));
         QCOMPARE(second.execute([&] {
             keyboard.press(QStringLiteral("F1"));
-            keyboard.press(QStringLiteral("Alt+K")); // of the one below
-            keyboard.press(QStringLiteral("Alt+D")); // of both
+            keyboard.press(QStringLiteral("Alt+K")); // an access key of the sheet below
+            keyboard.press(QStringLiteral("Alt+D")); // an access key of both sheets
         }),
                  OkCode);
         QCOMPARE(activated.count(), 0);

@@ -163,7 +163,7 @@ void SheetRunTest::anAnswerWithoutARunIsToldToo()
     QCOMPARE(sheet.run->state(), SheetRun::State::Down);
 }
 
-// As its loop is ended with the application's.
+// A sheet waits in vain whose loop ends with the application's.
 void SheetRunTest::aSheetThatWaitsInVainIsUp()
 {
     SheetWindow window;
@@ -219,7 +219,7 @@ void SheetRunTest::aMovedSheetIsUpInItsNewWindow()
     QCOMPARE(sheet.run->state(), SheetRun::State::Down);
 }
 
-// Though it was shown before another.
+// The sheet was shown before the other one.
 void SheetRunTest::theSheetThatBeginsIsUppermost()
 {
     SheetWindow window;
@@ -264,7 +264,7 @@ void SheetRunTest::theCloseButtonIsAwayBetweenBeginAndEnd()
     SheetWindow window;
     fakeHints()[&window] = Hints;
     BareSheet sheet(&window);
-    sheet.showSheet(); // takes no button
+    sheet.showSheet(); // shows the sheet without taking the button
     QCOMPARE(fakeHints().value(&window), Hints);
     sheet.run->begin();
     QCOMPARE(fakeHints().value(&window), FakeHintsAway);
@@ -282,7 +282,7 @@ void SheetRunTest::theCloseButtonIsTakenOnlyWhenItIsToldTo()
     QCOMPARE(fakeHints().value(&window), Hints);
     sheet.run->end(0);
 
-    // Nor is it given back: the next answer that is told to does it.
+    // The button does not come back either: the next answer does that.
     sheet.run->setBlockWindowButton(true);
     sheet.run->begin();
     sheet.run->setBlockWindowButton(false);
@@ -296,7 +296,7 @@ void SheetRunTest::theCloseButtonIsTakenOnlyWhenItIsToldTo()
 
 void SheetRunTest::theCloseButtonComesBackWithTheRunsEnd_data()
 {
-    QTest::addColumn<bool>("isPanelsEnd"); // or the sheet's
+    QTest::addColumn<bool>("isPanelsEnd"); // whether the panel ends, or else the sheet
     QTest::newRow("the sheet is deleted") << false;
     QTest::newRow("what it is in is deleted while it waits") << true;
 }

@@ -22,7 +22,7 @@ namespace {
 constexpr int OkResult = 0x400;
 constexpr int DiscardResult = 0x800000;
 constexpr int VisibleClick = 100; // milliseconds
-constexpr int Tolerance = 60; // milliseconds that timers may be early
+constexpr int Tolerance = 60; // milliseconds by which timers may be early
 constexpr int Patience = 20000; // milliseconds
 
 QString okCaption(const VelaCountdownMessageBox &box)
@@ -159,7 +159,7 @@ void VelaCountdownMessageBoxTest::theWholeCountShowsUntilTheBoxIsShown()
 void VelaCountdownMessageBoxTest::theTextsAreThoseOfTheLanguage()
 {
     auto *strings = ComponentStrings::getInstance();
-    const QString odd = QStringLiteral("%2 & %1"); // nothing in it is a place for the count
+    const QString odd = QStringLiteral("%2 & %1"); // a text that has no place for the count
     strings->installStrings({{QStringLiteral("ok"), odd}, {QStringLiteral("cancel"), QStringLiteral("Zrušit")}});
     const VelaCountdownMessageBox box(3);
     strings->installStrings(
@@ -205,7 +205,7 @@ void VelaCountdownMessageBoxTest::theStepBelowZeroClicksOk()
     QCOMPARE(okCaption(box), captionAt(0));
     QVERIFY(!box.button(QMessageBox::Ok)->isDown());
     box.slotTick();
-    QCOMPARE(okCaption(box), captionAt(0)); // never less
+    QCOMPARE(okCaption(box), captionAt(0)); // the count never gets below zero
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, Patience);
     QCOMPARE(finished.at(0).at(0).toInt(), OkResult);
     QCOMPARE(clicked.count(), 1);
@@ -250,7 +250,7 @@ void VelaCountdownMessageBoxTest::noCountClicksAtOnce()
     QCOMPARE(box.exec(), OkResult);
     QVERIFY(wasDown);
     QCOMPARE(clicked.count(), 1);
-    QCOMPARE(okCaption(box), captionAt(seconds)); // as before it was shown
+    QCOMPARE(okCaption(box), captionAt(seconds)); // the count from before it was shown
 }
 
 void VelaCountdownMessageBoxTest::aStepIsASecond()
@@ -264,7 +264,7 @@ void VelaCountdownMessageBoxTest::aStepIsASecond()
             seen.append({okCaption(box), sinceShown.elapsed()});
         }
     });
-    // On a machine that stalls it is late as the box is.
+    // The click is as late on a machine that stalls as the box is.
     QTimer halfSeconds;
     halfSeconds.setTimerType(Qt::PreciseTimer);
     const QSignalSpy halfSecondsPassed(&halfSeconds, &QTimer::timeout);
@@ -300,7 +300,7 @@ void VelaCountdownMessageBoxTest::discardEndsItWithoutAnAutomaticClick()
     QTest::mouseClick(box.windowHandle(), Qt::LeftButton, {}, discard->mapTo(&box, discard->rect().center()));
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).toInt(), DiscardResult);
-    countDown(&box, 5); // the seconds go on
+    countDown(&box, 5); // the seconds go on all the same
     QTest::qWait(3 * VisibleClick);
     QCOMPARE(finished.count(), 1);
     QCOMPARE(clicked.count(), 0);
@@ -329,7 +329,7 @@ void VelaCountdownMessageBoxTest::anAnswerDuringTheVisibleClickStands()
     QCOMPARE(finished.count(), 1);
     QCOMPARE(box.result(), result);
 
-    box.show(); // the next click is heard
+    box.show(); // lets the next click be heard
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, Patience);
     QCOMPARE(finished.at(1).at(0).toInt(), OkResult);
 }

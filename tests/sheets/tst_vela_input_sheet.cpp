@@ -83,7 +83,7 @@ const QDialogButtonBox *buttonBoxOf(const QWidget &sheet)
     return sheet.findChild<QDialogButtonBox *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
-// Height of the text of label at a width, as a label without limits tells it.
+// Height of the text of a label at a width, as a label without limits tells it.
 int neededHeight(const QLabel &label, int width)
 {
     QLabel unlimited(label.text());
@@ -230,7 +230,7 @@ void VelaInputSheetTest::theButtonBoxHasNoStyleOfItsOwn()
     QVERIFY(!buttonBoxOf(sheet)->testAttribute(Qt::WA_SetStyle));
     QWidget window;
     const VelaMessageSheet message(VelaMessageSheet::QuestionMessage, &window);
-    QVERIFY(buttonBoxOf(message)->testAttribute(Qt::WA_SetStyle)); // that of a message has
+    QVERIFY(buttonBoxOf(message)->testAttribute(Qt::WA_SetStyle)); // the box of a message has it
 }
 
 void VelaInputSheetTest::theButtonsAreNotFiltered()
@@ -385,7 +385,7 @@ void VelaInputSheetTest::thePromptIsAsHighAsItsText()
         const int needed = neededHeight(*promptOf(sheet), sheet.width() - 2 * inset);
         QCOMPARE(promptOf(sheet)->height(), needed);
         QCOMPARE(sheet.height(), rest + needed);
-        QCoreApplication::sendPostedEvents(); // and it was so at once
+        QCoreApplication::sendPostedEvents(); // the layout has nothing left to change
         QCOMPARE(promptOf(sheet)->height(), needed);
         QCOMPARE(sheet.height(), rest + needed);
         QCOMPARE(sheet.getLineEdit()->y(), inset + needed + expectedPixels(8));
@@ -489,9 +489,9 @@ void VelaInputSheetTest::keysAreSwallowedWhileItIsHiddenToo()
     PromptWindow window;
     VelaInputSheet sheet(Prompt, &window);
     QVERIFY(window.showAndWait());
-    EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
+    EventCounter presses(&window, QEvent::KeyPress); // asked after the sheet's filter, which is installed later
     sheet.showSheet();
-    sheet.hide(); // without an answer
+    sheet.hide(); // ends without an answer
     const QSignalSpy finished(&sheet, &VelaSheet::finished);
     window.control->setFocus();
     window.key(Qt::Key_F5);
@@ -530,7 +530,7 @@ void VelaInputSheetTest::aDyingWindowAnswers()
     sheet.getLineEdit()->setText(QStringLiteral("kept"));
     QCOMPARE(execute(&sheet, [&] { window.reset(); }), 0);
     QVERIFY(!window);
-    QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // it is its caller's
+    QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // the sheet is its caller's
 }
 
 void VelaInputSheetTest::gettersGiveBackWhatWasSet()

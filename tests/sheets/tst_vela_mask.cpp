@@ -335,7 +335,7 @@ void VelaMaskTest::allColorGroupsHaveTheColor()
     QVERIFY(mask.autoFillBackground());
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         QCOMPARE(mask.palette().color(group, QPalette::Window), QColor(1, 2, 3, 4));
-        QCOMPARE(mask.palette().color(group, QPalette::WindowText), QColor(Qt::red)); // the others stay
+        QCOMPARE(mask.palette().color(group, QPalette::WindowText), QColor(Qt::red)); // the other colours stay
     }
 }
 
@@ -383,7 +383,7 @@ void VelaMaskTest::theContentIsNotDimmed()
     VelaMask::createMask(content, &window, QColor(0, 0, 0, 128));
     QVERIFY(window.showAndWait());
     content->show();
-    QCoreApplication::sendPostedEvents(); // the layout's
+    QCoreApplication::sendPostedEvents(); // what the layout has posted
     QCOMPARE(paintedColor(&window, content->mapTo(&window, content->rect().center())), QColor(Qt::yellow));
 }
 
@@ -422,7 +422,7 @@ void VelaMaskTest::theMaskOfAHiddenWindowIsShownWithIt()
     QVERIFY(content->isVisible());
     window.hide();
     window.show();
-    QVERIFY(window.mask()->isVisible()); // the content was not hidden to its parent
+    QVERIFY(window.mask()->isVisible()); // hiding the window did not count as hiding the content
     QVERIFY(content->isVisible());
 }
 
@@ -524,7 +524,7 @@ void VelaMaskTest::resizingTheCoveredWidgetGivesTheWindowsSize()
     mask->setFixedSize(1, 1);
     covered.resize(120, 60);
     QCOMPARE(mask->size(), WindowSize);
-    QCOMPARE(mask->pos(), QPoint(0, 0)); // in the covered widget
+    QCOMPARE(mask->pos(), QPoint(0, 0)); // a place in the covered widget
 }
 
 void VelaMaskTest::onlyTheCoveredWidgetIsWatched()
@@ -615,7 +615,7 @@ void VelaMaskTest::theMaskPassesClicksOnToTheCoveredWidget()
     window.cover()->show();
     EventCounter onWindow(&window, QEvent::MouseButtonPress);
     window.click(ButtonPlace.center());
-    QCOMPARE(onWindow.take(), 1); // as any widget does that handles no input
+    QCOMPARE(onWindow.take(), 1); // a widget that handles no input does the same
 }
 
 void VelaMaskTest::aHiddenMaskKeepsNoClicks()
@@ -677,7 +677,7 @@ void VelaMaskTest::aMaskOutlivesItsContentHiddenAndEmpty()
     QVERIFY(window.mask()->isHidden());
 }
 
-// As when a sheet is put into a new mask for each answer, in one window or another.
+// A sheet that is put into a new mask for each answer, in one window or another, does this.
 void VelaMaskTest::contentInANewMaskLeavesTheFormerOneAlone()
 {
     CoveredWindow window;
@@ -725,7 +725,7 @@ void VelaMaskTest::contentThatComesBackHasItsMaskAgain()
 
 void VelaMaskTest::anEmptyMaskWatchesNothing_data()
 {
-    QTest::addColumn<bool>("isContentDeleted"); // or in another window
+    QTest::addColumn<bool>("isContentDeleted"); // whether the content is deleted, or else moves to another window
     QTest::newRow("content deleted") << true;
     QTest::newRow("content in another window") << false;
 }

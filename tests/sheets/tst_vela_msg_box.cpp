@@ -24,8 +24,8 @@ namespace {
 constexpr int OkCode = 0x400;
 constexpr int DiscardCode = 0x800000;
 constexpr int BoxCancelCode = 0x400000;
-constexpr int NoResult = -2; // of a shortcut that returns none
-constexpr int NoAnswer = -1; // of a message that nobody answered in time
+constexpr int NoResult = -2; // result of a shortcut that returns none
+constexpr int NoAnswer = -1; // result of a message that nobody answered in time
 constexpr int Patience = 5000; // milliseconds
 
 const QString Title = QStringLiteral("A title");
@@ -53,13 +53,13 @@ constexpr const char *Keys[] = {
     "component.message_sheet_other",   "component.message_sheet_text",  "component.message_sheet_informative_text",
 };
 
-// What stands under key: different for each, and without a look.
+// The text under key: another one for each, and without a look.
 QString styleOf(const char *key)
 {
     return QStringLiteral("\nNothing#%1 { color: red }").arg(QString::fromLatin1(key).section(QLatin1Char('.'), 1));
 }
 
-// One of the shortcuts and what its message is like, in a window and as one.
+// A shortcut and its message, in a window and as one.
 struct Shortcut
 {
     const char *name;
@@ -353,7 +353,7 @@ void VelaMsgBoxTest::aSheetShowsTheMessage()
                }
                ok->click();
            });
-    QVERIFY(!shown); // it ends with the call
+    QVERIFY(!shown); // the message ends with the call
 }
 
 void VelaMsgBoxTest::aSheetIgnoresTheTitle()
@@ -475,7 +475,7 @@ void VelaMsgBoxTest::eachCallLeavesOneHiddenEmptyMask()
 void VelaMsgBoxTest::aSheetIsAnswered_data()
 {
     QTest::addColumn<const Shortcut *>("shortcut");
-    QTest::addColumn<QMessageBox::StandardButton>("clicked"); // or none
+    QTest::addColumn<QMessageBox::StandardButton>("clicked"); // the button, or none
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<int>("expected");
     for (const Shortcut &shortcut : Shortcuts) {
@@ -527,7 +527,7 @@ void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
     QFETCH(const Shortcut *, shortcut);
     MessageWindow window;
     QVERIFY(window.showAndWait());
-    EventCounter presses(&window, QEvent::KeyPress); // before the sheet, whose filter is asked first so
+    EventCounter presses(&window, QEvent::KeyPress); // asked after the sheet's filter, which is installed later
     const int result = answer([&] { return shortcut->call(&window); },
                               [&] {
                                   window.key(Qt::Key_Escape);
@@ -630,7 +630,7 @@ void VelaMsgBoxTest::aBoxIsAWindowOfItsOwn()
 void VelaMsgBoxTest::aBoxIsAnswered_data()
 {
     QTest::addColumn<const Shortcut *>("shortcut");
-    QTest::addColumn<QMessageBox::StandardButton>("clicked"); // or none
+    QTest::addColumn<QMessageBox::StandardButton>("clicked"); // the button, or none
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<int>("expected");
     for (const Shortcut &shortcut : Shortcuts) {

@@ -169,7 +169,7 @@ void VelaMessageSheetTest::captionsComeFromTheCallerOrFromTheTexts_data()
     QTest::addColumn<QString>("okText");
     QTest::addColumn<QString>("cancelText");
     QTest::addColumn<QString>("okCaption");
-    QTest::addColumn<QString>("cancelCaption"); // null where there is no such button
+    QTest::addColumn<QString>("cancelCaption"); // null for a sheet without such a button
 
     struct Kind
     {
@@ -296,7 +296,7 @@ void VelaMessageSheetTest::everyConstructorTakesTheParent()
         QCOMPARE(sheet->parentWidget(), &host);
         QVERIFY(!sheet->isWindow());
         QCOMPARE(sheet->width(), expectedPixels(540));
-        QVERIFY(isWatched(Parts(*sheet).text)); // its window's close button is blocked
+        QVERIFY(isWatched(Parts(*sheet).text)); // the sheet keeps its window's close button away
     }
 }
 
@@ -340,7 +340,7 @@ void VelaMessageSheetTest::aMovieWithoutAFileStillTakesItsPlace()
     const Parts parts(sheet);
     QVERIFY(parts.icon->movie());
     QVERIFY(!parts.icon->movie()->isValid());
-    QCOMPARE(parts.icon->movie()->format(), QByteArray()); // it would be found in the file
+    QCOMPARE(parts.icon->movie()->format(), QByteArray()); // there is no file to find a format in
     QVERIFY(outline(sheet.layout(), parts).contains(QLatin1String("icon")));
 }
 
@@ -471,7 +471,7 @@ void VelaMessageSheetTest::aNullIconTakesNoPlace()
     QVERIFY(outline(sheet.layout(), Parts(sheet)).startsWith(QLatin1String("column(row(column(text)) ")));
 }
 
-// An empty box of buttons would lie over it.
+// An empty box of buttons would lie over the text.
 void VelaMessageSheetTest::aTextWithoutButtonsTakesAllClicksOnIt()
 {
     Host host;

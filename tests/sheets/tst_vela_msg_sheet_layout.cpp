@@ -74,7 +74,7 @@ void VelaMessageSheetLayoutTest::aMessageLabelIsAsHighAsItsTextNeeds_data()
 void VelaMessageSheetLayoutTest::aMessageLabelIsAsHighAsItsTextNeeds()
 {
     QFETCH(QString, text);
-    QWidget parent; // a child of it gets its first size when it is shown
+    QWidget parent; // a parent gives its child the first size when that is shown
     parent.show();
     QLabel reference;
     reference.setWordWrap(true);
@@ -178,8 +178,8 @@ void VelaMessageSheetLayoutTest::theBoxStyleIsBasedOnTheApplications()
 
 void VelaMessageSheetLayoutTest::buttonsComeInTheSameOrderInEveryStyle_data()
 {
-    QTest::addColumn<QString>("styleName"); // empty for the usual one
-    QTest::addColumn<int>("layout"); // that the application's style asks for, -1 for its own
+    QTest::addColumn<QString>("styleName"); // empty for the usual style
+    QTest::addColumn<int>("layout"); // layout that the application's style asks for, -1 for its own
 
     const QStringList names = QStyleFactory::keys();
     for (const QString &name : names) {
@@ -223,7 +223,7 @@ void VelaMessageSheetLayoutTest::aPlainBoxFollowsTheApplicationsStyle()
 
 void VelaMessageSheetLayoutTest::theWidthFollowsThatOfTheParent()
 {
-    // In ninety-sixths of a pixel, so that nothing is rounded.
+    // Widths are in ninety-sixths of a pixel, so that nothing is rounded.
     const int dpi = qRound(96 * expectedScale());
     const auto preferred = [dpi](int parentWidth) {
         const int width = 96 * parentWidth;
@@ -603,7 +603,7 @@ void VelaMessageSheetLayoutTest::anEmptyInformativeTextRemovesLabelAndSpacing()
     const QPointer<MessageLabel> label(Parts(sheet).informative);
     QVERIFY(label->isVisible());
     sheet.setInformativeText(QString());
-    QVERIFY(label); // it may be in the middle of an event
+    QVERIFY(label); // a label that is in the middle of an event is not deleted yet
     QVERIFY(label->isHidden());
     deleteWhatIsForgotten();
     QVERIFY(!label);

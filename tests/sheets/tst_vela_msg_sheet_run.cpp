@@ -21,7 +21,7 @@
 namespace {
 
 constexpr int Shortcuts = 200;
-constexpr int ShortcutsOnX = 20; // each keeps two connections to the server, of which it takes 255
+constexpr int ShortcutsOnX = 20; // messages; each keeps two connections to the server, which takes 255
 
 const QString Text = QStringLiteral("Is it so?");
 
@@ -278,18 +278,18 @@ void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet()
     QCOMPARE(QApplication::focusWidget(), shown.window.above);
 }
 
-// What takes the focus next to the window is a field of its own here.
+// A field of its own takes the focus next to the window here.
 void VelaMessageSheetRunTest::aTabForTheWindowGoesToTheFirstAndABacktabToTheLast()
 {
     ShownMessage shown;
     shown.execute([&] {
-        auto *last = new QLineEdit(&shown.window); // behind the sheet in the focus chain
+        auto *last = new QLineEdit(&shown.window); // lies behind the sheet in the focus chain
         last->show();
         shown.cancel()->setFocus();
         const FocusReasons focus(shown.sheet.get());
         shown.window.send(Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), shown.text());
-        shown.window.send(Qt::Key_Tab); // from the window again, not from the message
+        shown.window.send(Qt::Key_Tab); // goes on from the window, not from the message
         QCOMPARE(QApplication::focusWidget(), shown.text());
         shown.window.send(Qt::Key_Backtab);
         QCOMPARE(QApplication::focusWidget(), shown.cancel());
@@ -304,8 +304,8 @@ void VelaMessageSheetRunTest::aTabForTheWindowGoesToTheFirstAndABacktabToTheLast
 void VelaMessageSheetRunTest::aTabForTheWindowTakesTheWidgetNextToItIfItIsTheSheets()
 {
     ShownMessage shown;
-    // The message, the window, then the icon and the buttons' box, neither of which takes the focus, and Ok.
-    shown.window.setFocusPolicy(Qt::TabFocus); // or it has no place in the order
+    // The order is the message, the window, the icon and the buttons' box, neither of which takes the focus, and Ok.
+    shown.window.setFocusPolicy(Qt::TabFocus); // gives it a place in the order
     QWidget::setTabOrder(shown.text(), &shown.window);
     shown.window.setFocusPolicy(Qt::NoFocus);
     shown.execute([&] {

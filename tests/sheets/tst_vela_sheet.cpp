@@ -38,7 +38,7 @@ struct Piece
     bool isHigh;
 };
 
-// In the order in which their images are requested.
+// The pieces in the order in which their images are requested.
 constexpr Piece Pieces[] = {
     {"bg_tutorial_l", false, false, false, true},   {"bg_tutorial_r", true, false, false, true},
     {"bg_tutorial_t", false, false, true, false},   {"bg_tutorial_b", false, true, true, false},
@@ -59,7 +59,7 @@ QColor quarterColor(int piece, int quarter)
     return {30 * piece, 10 + 60 * quarter, 240 - 20 * piece};
 }
 
-// Of images of one colour; another one for each set of images.
+// The colour of an image of one colour only; each set of images has others.
 QColor plainColor(int piece, int set = 0)
 {
     return QColor::fromHsv(piece * 40 + set * 20, 255, 255).toRgb();
@@ -92,7 +92,7 @@ public:
     void showSheet() override { show(); }
 };
 
-// What widget paints, a pixel for each logical one; null where the pixels of one differ.
+// What a widget paints, a pixel for each logical one; null where the pixels of one differ.
 QImage paintedImage(QWidget *widget)
 {
     const QImage painted = widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -125,7 +125,7 @@ std::set<QRgb> colorsIn(const QImage &image)
     return colors;
 }
 
-// The point in quarter quarter of place that is farthest from the borders of the quarters.
+// The point in a quarter of place that is farthest from the borders of the quarters.
 QPoint middleOfQuarter(const QRect &place, int quarter)
 {
     const int column = quarter % 2;
@@ -199,7 +199,7 @@ private:
     void installQuarteredImages(const QSize &fileSize);
 
     ResourceFolder m_folder;
-    QVector<QStringList> m_loggedWithoutImages; // at each paint
+    QVector<QStringList> m_loggedWithoutImages; // what was logged at each paint
     QImage m_paintedWithoutImages;
 };
 
@@ -307,7 +307,7 @@ void VelaSheetTest::theSignalHandsOnTheResult()
     const QSignalSpy finished(&sheet, &VelaSheet::finished);
     sheet.show();
     sheet.close();
-    QCOMPARE(finished.count(), 0); // the subclasses emit it
+    QCOMPARE(finished.count(), 0); // only subclasses emit it
     Q_EMIT sheet.finished(0x400);
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).toInt(), 0x400);
@@ -470,7 +470,7 @@ void VelaSheetTest::everyPixelIsShadowOrBody()
     Sheet sheet;
     sheet.resize(body + 2 * QSize(shadowWidth(), shadowWidth()));
     QImage expected(sheet.size(), QImage::Format_RGB32);
-    expected.fill(Qt::black); // seen nowhere
+    expected.fill(Qt::black); // a colour that is seen nowhere
     QPainter painter(&expected);
     for (int i = 0; i < PieceCount; ++i) {
         painter.fillRect(placeOf(Pieces[i], sheet.size()), plainColor(i));
@@ -560,7 +560,7 @@ void VelaSheetTest::edgesFollowTheSizeAndTheImagesOfEachPaint()
             QImage image(fileSize, fileSize, QImage::Format_RGB32);
             for (int y = 0; y < fileSize; ++y) {
                 for (int x = 0; x < fileSize; ++x) {
-                    image.setPixel(x, y, qRgb(x * 20, y * 20, piece * 30)); // no pixel like the next one
+                    image.setPixel(x, y, qRgb(x * 20, y * 20, piece * 30)); // colours unlike those beside them
                 }
             }
             return image;

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int Patience = 60000; // milliseconds, for a machine that runs other tests beside
+constexpr int Patience = 60000; // milliseconds, enough for a machine that runs other tests beside
 
 } // namespace
 

@@ -34,7 +34,7 @@ void say(const QString &line)
     QTextStream(stdout) << line << '\n' << Qt::flush;
 }
 
-// Short, whatever the message is like.
+// A text that is short, whatever the message is like.
 QString digest(const QString &message)
 {
     return QString::fromLatin1(QCryptographicHash::hash(message.toUtf8(), QCryptographicHash::Md5).toHex());
@@ -59,7 +59,7 @@ void useUpDescriptors()
                        [descriptors] { std::for_each(descriptors->begin(), descriptors->end(), ::close); });
 }
 
-// Tells whether it is the first. If so, reports the messages until its standard input is closed; otherwise ends.
+// Tells whether this process is the first. If so, reports the messages until its standard input is closed.
 int serve(QtSingleApplication *application, const QString &manner)
 {
     if (application->isRunning()) {
@@ -110,7 +110,7 @@ int showWindow(QtSingleApplication *application, const QString &manner)
     application->setActivationWindow(&window, manner != QLatin1String("passive"));
     const int patience = manner == QLatin1String("passive") ? 3000 : 20000;
     QObject::connect(application, &QtSingleApplication::messageReceived, &window, [&window, patience](const QString &) {
-        // Window managers take their time; tell it as soon as it is so, or that it has not come about.
+        // Window managers take their time: tells it as soon as it is so, or that it has not come about.
         auto *poll = new QTimer(&window);
         auto elapsed = std::make_shared<int>(0);
         QObject::connect(poll, &QTimer::timeout, &window, [&window, poll, elapsed, patience] {

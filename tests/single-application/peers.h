@@ -89,7 +89,7 @@ class PeerTest : public QObject
     Q_OBJECT
 
 protected:
-    /// Sends bytes to the first process, which is this one, and returns what it answers till it is disconnected or has
+    /// Sends bytes to the first process, which is this one, and returns what it answers until it is disconnected or has
     /// acknowledged.
     QByteArray exchange(const QByteArray &sent) const;
 

@@ -55,7 +55,7 @@ void QtLocalPeerTest::theIdIsThatGivenOrTheFilePath()
 void QtLocalPeerTest::theFirstIsNoClient()
 {
     QtLocalPeer peer(nullptr, m_id);
-    QVERIFY(!QFileInfo::exists(m_socket)); // it is nothing yet
+    QVERIFY(!QFileInfo::exists(m_socket)); // a peer has no socket before it is asked
     QVERIFY(!peer.isClient());
     QVERIFY(canConnect(QFile::encodeName(m_socket)));
 }
@@ -75,7 +75,7 @@ void QtLocalPeerTest::theFirstSendsNothing()
     QtLocalPeer peer(nullptr, m_id);
     const QSignalSpy received(&peer, &QtLocalPeer::messageReceived);
     QVERIFY(!peer.sendMessage(QStringLiteral("to myself"), ShortTimeout));
-    QVERIFY(QFileInfo::exists(m_socket)); // it became the first by that
+    QVERIFY(QFileInfo::exists(m_socket)); // the question has made it the first
     QTest::qWait(100);
     QCOMPARE(received.count(), 0);
 }
@@ -207,7 +207,7 @@ void QtLocalPeerTest::aSenderTakesThePlaceOfAFirstThatHasEnded()
         isFirst = clock.elapsed() < Timeout && canConnect(QFile::encodeName(m_socket));
     });
     isReady.acquire();
-    QThread::msleep(ShortTimeout); // so that it is trying
+    QThread::msleep(ShortTimeout); // the sender is trying by then
     const bool hasEnded = holder.end();
     sender->wait();
     QVERIFY(hasEnded);

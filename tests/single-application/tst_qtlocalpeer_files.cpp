@@ -113,13 +113,13 @@ void QtLocalPeerFilesTest::aSocketThatCannotBeMadeIsLogged()
     QCOMPARE(
         log.takeTexts(),
         QStringList {QStringLiteral("Cannot receive messages of other instances: %1").arg(qt_error_string(error))});
-    // It is the first one nevertheless, though nobody can tell it anything.
+    // The peer is the first one nevertheless, though nobody can tell it anything.
     QCOMPARE(InstanceProcess(m_id, QStringLiteral("serve")).line(), QStringLiteral("client"));
 }
 
 void QtLocalPeerFilesTest::onlyItsUserMayOpenTheFiles()
 {
-    QVERIFY(QFile(m_lock).open(QIODevice::WriteOnly)); // left by an edition that cared less
+    QVERIFY(QFile(m_lock).open(QIODevice::WriteOnly)); // a file left by an edition that cared less
     QCOMPARE(::chmod(QFile::encodeName(m_lock).constData(), 0666), 0);
     const mode_t outerMask = ::umask(0);
     QtLocalPeer peer(nullptr, m_id);
@@ -142,7 +142,7 @@ void QtLocalPeerFilesTest::anotherUserCanNeitherLockNorConnectNorTakeTheName()
     const QByteArray own = socket + "-of-another-user";
     const int done = asAnotherUser([&] {
         int successes = 0;
-        successes |= ::open(own.constData(), O_CREAT | O_RDWR, 0600) != -1 ? 1 : 0; // so the folder is not the reason
+        successes |= ::open(own.constData(), O_CREAT | O_RDWR, 0600) != -1 ? 1 : 0; // the folder keeps nobody out
         successes |= ::open(lock.constData(), O_RDONLY) != -1 ? 2 : 0;
         successes |= ::open(lock.constData(), O_WRONLY) != -1 ? 4 : 0;
         successes |= canConnect(socket) ? 8 : 0;
@@ -193,7 +193,7 @@ void QtLocalPeerFilesTest::aServerOfAnotherUserIsToldNothing()
         const int server = listenAt(socket);
         const int connection = ::accept(server, nullptr, nullptr);
         char bytes[64];
-        const auto size = ::read(connection, bytes, sizeof(bytes)); // till it is closed
+        const auto size = ::read(connection, bytes, sizeof(bytes)); // all until it is closed
         return connection == -1 || size < 0 ? 254 : static_cast<int>(size);
     });
     sender->wait();
@@ -293,7 +293,7 @@ void QtLocalPeerFilesTest::aRemovedFileIsMadeAnew()
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
-// Its event loop does not run.
+// The event loop of the first process does not run.
 void QtLocalPeerFilesTest::aFirstIsFoundWithoutItsLockFile()
 {
     QtLocalPeer peer(nullptr, m_id);
@@ -339,7 +339,7 @@ void QtLocalPeerFilesTest::whoConnectedToARemovedSocketIsHeard()
     }
     remove(m_socket);
     QVERIFY(!peer.isClient());
-    QVERIFY(canConnect(QFile::encodeName(m_socket))); // it has been made anew by that
+    QVERIFY(canConnect(QFile::encodeName(m_socket))); // the call before has made it anew
     QTRY_COMPARE(received.count(), 20);
     for (const int sender : senders) {
         char answer[8];
@@ -390,7 +390,7 @@ void QtLocalPeerFilesTest::aFirstThatHasLostBothFilesGivesWay()
     QCOMPARE(logged + log.takeTexts(), expected);
 }
 
-// By a process of an edition that does not ask whether there is a first one.
+// A process of an edition that does not ask whether there is a first one takes the lock.
 void QtLocalPeerFilesTest::aSocketThatAnotherHasPutThereIsNotRemoved()
 {
     for (const bool isLockRemoved : {true, false}) {

@@ -20,11 +20,11 @@
 
 namespace {
 
-constexpr int ConnectionTimeout = 10000; // that an idle connection lives
+constexpr int ConnectionTimeout = 10000; // milliseconds for which an idle connection lives
 constexpr int MaximalConnections = 100;
 constexpr int MaximalMessageSize = 64 * 1024 * 1024; // bytes
 
-// They open a pipe to look at an object.
+// Sanitizers open a pipe to look at an object.
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool HasSanitizers = true;
 #else
@@ -176,7 +176,7 @@ void QtLocalPeerReceivingTest::nothingIsReadBehindAMessage()
     QCOMPARE(received.count(), 1);
     QVERIFY2(taken < Flood, qPrintable(QString::number(taken)));
     char answer[8];
-    QCOMPARE(::recv(flooder, answer, sizeof(answer), 0), 3); // it has come nevertheless
+    QCOMPARE(::recv(flooder, answer, sizeof(answer), 0), 3); // the answer has come nevertheless
 }
 
 void QtLocalPeerReceivingTest::aPeerThatSendsNothingHindersNobody()

@@ -57,7 +57,7 @@ void QtLockedFileTest::init()
 QString QtLockedFileTest::otherProcessTries(const QString &manner) const
 {
     InstanceProcess process(m_name, QStringLiteral("lock"), manner);
-    process.line(); // "trying"
+    process.line();
     return process.line();
 }
 
@@ -78,7 +78,7 @@ void QtLockedFileTest::itIsNotLockedAtFirst()
 void QtLockedFileTest::itOpensLikeAnyFileButNotTruncated()
 {
     QtLockedFile file(m_name);
-    QVERIFY(!file.open(QIODevice::ReadOnly)); // there is none yet
+    QVERIFY(!file.open(QIODevice::ReadOnly)); // there is no such file yet
     LogCapture log;
     QVERIFY(!file.open(QIODevice::ReadWrite | QIODevice::Truncate));
     QCOMPARE(log.takeTexts(), QStringList {QStringLiteral("A locked file cannot be opened with Truncate.")});
@@ -117,7 +117,7 @@ void QtLockedFileTest::noLockUnlocks()
 {
     QtLockedFile file(m_name);
     QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.unlock()); // nothing to do
+    QVERIFY(file.unlock()); // there is nothing to unlock
     for (const bool byMode : {false, true}) {
         QVERIFY(file.lock(QtLockedFile::WriteLock));
         QVERIFY(byMode ? file.lock(QtLockedFile::NoLock) : file.unlock());
@@ -190,7 +190,7 @@ void QtLockedFileTest::itWaitsForAnotherProcess()
     QVERIFY(!file.isLocked());
     QCOMPARE(log.takeTexts(), QStringList());
     process.closeInput();
-    QVERIFY(file.lock(QtLockedFile::WriteLock)); // waits till then
+    QVERIFY(file.lock(QtLockedFile::WriteLock)); // waits until then
     QVERIFY(process.end());
 }
 
@@ -249,7 +249,7 @@ void QtLockedFileTest::whatIsWrittenIsThereWhenTheLockIsGone()
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.lock(QtLockedFile::WriteLock));
     QCOMPARE(file.write("content"), 7);
-    QCOMPARE(QFileInfo(m_name).size(), 0); // it is buffered till then
+    QCOMPARE(QFileInfo(m_name).size(), 0); // what was written is buffered until then
     QVERIFY(file.lock(static_cast<QtLockedFile::LockMode>(mode)));
     QCOMPARE(QFileInfo(m_name).size(), 7);
 }

@@ -69,8 +69,8 @@ bool isAbove(quint32 upper, quint32 lower)
         && frames.indexOf(upperFrame) > frames.indexOf(lowerFrame);
 }
 
-// Whether it comes to be so, asking until the first time. (QTRY_VERIFY asks again after that, when the window manager
-// may be moving the windows past each other.)
+// Whether the windows come to be so, asking until the first time. (QTRY_VERIFY asks again after that, when the window
+// manager may be moving them past each other.)
 bool comesAbove(quint32 upper, quint32 lower)
 {
     return QTest::qWaitFor([=] { return isAbove(upper, lower); }, Patience);
@@ -131,7 +131,7 @@ private:
 
 void QtSingleApplicationTest::init()
 {
-    // A folder of its own for sockets and locks. Their paths must be short.
+    // A folder for this test's sockets and locks. Their paths must be short.
     m_folder = std::make_unique<QTemporaryDir>(QStringLiteral("/tmp/vela-XXXXXX"));
     QVERIFY(m_folder->isValid());
     qputenv("TMPDIR", QFile::encodeName(m_folder->path()));
@@ -269,7 +269,7 @@ void QtSingleApplicationTest::manyFindAFirstThatHasLostAFile()
     }
     QCOMPARE(first.lines(Senders).size(), Senders);
     QVERIFY(first.end());
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::System).size(), 1); // the lock file
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::System).size(), 1); // the lock file alone
 }
 
 void QtSingleApplicationTest::noMessageIsLost()
@@ -310,7 +310,7 @@ void QtSingleApplicationTest::aKilledFirstIsFollowedByTheNext()
     InstanceProcess first(Id, QStringLiteral("serve"));
     QCOMPARE(first.line(), First);
     first.kill();
-    // What it leaves behind: the lock file and the socket.
+    // A process that was killed leaves the lock file and the socket.
     QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("qtsingleapp-*")}, QDir::Files | QDir::System).size(), 2);
 
     InstanceProcess next(Id, QStringLiteral("serve"));
@@ -374,7 +374,7 @@ int main(int argc, char **argv)
     // The object under test takes the place of the application that the test macros make. Nobody else has its files.
     const QTemporaryDir folder(QStringLiteral("/tmp/vela-XXXXXX"));
     qputenv("TMPDIR", QFile::encodeName(folder.path()));
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path())); // or each process complains that it has none
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path())); // every process complains where there is none
     QtSingleApplication application(Id, argc, argv);
     QtSingleApplicationTest test;
     return QTest::qExec(&test, argc, argv);

@@ -60,7 +60,7 @@ QString text(const char *utf8)
 
 QString withoutComments(const QString &text)
 {
-    const QByteArray plain = removeComments('.' + text.toUtf8()); // so that a byte order mark is a character
+    const QByteArray plain = removeComments('.' + text.toUtf8()); // a leading dot makes a byte order mark a character
     return QString::fromUtf8(plain.constData(), plain.size()).mid(1);
 }
 
@@ -84,7 +84,7 @@ QString decoded(const QByteArray &text, TextRange range)
     return QString::fromUtf8(text.constData() + range.begin, range.end - range.begin);
 }
 
-// A section's body, made from the lines that it tells.
+// The body of a section, made from the lines that it tells.
 QString bodyFromLines(const QByteArray &text, const SheetSection &section)
 {
     QString body;

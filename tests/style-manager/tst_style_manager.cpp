@@ -286,7 +286,7 @@ void StyleManagerTest::aHeaderBehindALineCommentIsNone()
 {
     read("== a ==\ncolor: red; // note\n== b ==\nx");
     QCOMPARE(raw("a"), QStringLiteral("\ncolor: red; == b ==\nx"));
-    QCOMPARE(raw("b"), QString()); // as it was cleared before the test
+    QCOMPARE(raw("b"), QString()); // the empty text that the test began with
 }
 
 void StyleManagerTest::aFileThatCannotBeReadAddsALineBreakOnly_data()

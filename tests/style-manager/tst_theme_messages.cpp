@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY2(told.at(2).startsWith(section), qPrintable(told.at(2)));
     }
 
-    // Whose first rule holds what a combo box puts its own in the place of.
+    // A sheet whose first rule holds what a combo box replaces by its own.
     void aBrokenRuleOfATemplateIsToldWithItsLine()
     {
         QLoggingCategory::setFilterRules(QStringLiteral("vela.theme=true"));

@@ -49,8 +49,8 @@ void AllWidgets::addSheets()
     for (int type = VelaMessageSheet::AppMessage; type <= VelaMessageSheet::ProcessingMessage; ++type) {
         const auto messageType = static_cast<VelaMessageSheet::MessageType>(type);
         auto *sheet = new VelaMessageSheet(messageType, QStringLiteral("text"), QStringLiteral("more"), this);
-        sheet->setMessageType(messageType); // which styles the second text
-        sheet->grab(); // which paints the shadow
+        sheet->setMessageType(messageType); // styles the second text
+        sheet->grab(); // paints the shadow
     }
     new VelaInputSheet(QStringLiteral("text"), this);
     (new VelaCountdownMessageBox(1, this))->setInformativeText(QStringLiteral("more"));

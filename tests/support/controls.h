@@ -37,7 +37,7 @@ class ControlWindow : public TestWindow
 public:
     explicit ControlWindow(QWidget *shownControl);
 
-    /// Whether the window became active.
+    /// Returns whether the window became active.
     bool showAndWait();
 
     /// The control's middle, where the user acts.
@@ -48,7 +48,7 @@ public:
     void release(Qt::MouseButton which = Qt::LeftButton);
     using TestWindow::click;
     void click();
-    /// To what has the focus.
+    /// Presses a key in what has the focus.
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     void type(const QString &text);
 

@@ -24,7 +24,7 @@ public:
         return text;
     }
 
-    /// One of the numbers from 0 up to, but without @p end.
+    /// A number from 0 up to, but without, @p end.
     int bounded(int end) { return m_random.bounded(end); }
 
 private:

@@ -19,7 +19,7 @@ LogCapture::~LogCapture()
 void LogCapture::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (text.startsWith(
-            QLatin1String("This plugin does not support"))) { // said by the offscreen platform of any window
+            QLatin1String("This plugin does not support"))) { // the offscreen platform says so of any window
         return;
     }
     const QString category = QString::fromUtf8(context.category);

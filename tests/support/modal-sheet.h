@@ -34,9 +34,9 @@ class SheetWindow : public TestWindow
 public:
     SheetWindow();
 
-    /// What an application would be sent by its user, through the window and whatever has the focus in it.
+    /// Sends what a user's key makes of itself, through the window and whatever has the focus in it.
     void press(int key, Qt::KeyboardModifiers modifiers = {});
-    /// A key that nothing in the window has wanted. Whether it ended there.
+    /// Sends the window a key that nothing in it has wanted. Returns whether it ended there.
     bool send(int key);
 
     QLineEdit *const above;
@@ -49,7 +49,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 };
 
-/// Runs exec() of a sheet with @p action in its event loop; nobody waits for ever.
+/// Runs exec() of a sheet with @p action in its event loop, which ends after a while if nobody answers.
 template<typename Sheet>
 int execute(Sheet *sheet, const std::function<void()> &action)
 {
@@ -68,7 +68,7 @@ public:
 
     /// Rows "message" and "input" of a column "kind"; a test runs with both when its global data are these.
     static void addKinds();
-    /// That of the global row.
+    /// The kind of the global row.
     static Kind currentKind();
 
     ModalSheet(Kind kind, QWidget *parent);
@@ -93,7 +93,7 @@ public:
     QPushButton *button(QMessageBox::StandardButton which) const;
     QPushButton *ok() const;
     QPushButton *cancel() const;
-    /// What has the focus at first.
+    /// The widget that has the focus at first.
     QWidget *firstFocus() const;
 
 private:

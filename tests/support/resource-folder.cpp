@@ -21,7 +21,7 @@ namespace {
 
 void setPaths(const QString &resources, const QString &userData)
 {
-    const LogCapture silence; // setting a key again is logged
+    const LogCapture silence; // a key that is set again is logged
     UIPathManager::getInstance()->setPath(QStringLiteral("resource_path"), resources);
     UIPathManager::getInstance()->setPath(QStringLiteral("user_data_path"), userData);
 }

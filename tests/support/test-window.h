@@ -12,7 +12,7 @@
 class TestWindow : public QWidget
 {
 public:
-    /// Whether the window became active.
+    /// Returns whether the window became active.
     bool showAndWait()
     {
         show();

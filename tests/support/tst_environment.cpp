@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-// What the tests see is the same on every machine, whatever desktop, style, fonts and language its user has chosen.
+// What the tests see, the same on every machine, whatever desktop, style, fonts and language its user has chosen.
 class EnvironmentTest : public QObject
 {
     Q_OBJECT
@@ -49,10 +49,10 @@ void EnvironmentTest::noPluginOfADesktopIsLoaded()
 void EnvironmentTest::theFontIsTheTests()
 {
     const QFontInfo font(QApplication::font());
-    // See fonts.conf.
+    // The fonts are those of fonts.conf.
     const bool isOffscreen = QGuiApplication::platformName() == QLatin1String("offscreen");
     QCOMPARE(font.family(), isOffscreen ? QStringLiteral("DejaVu Sans") : QStringLiteral("Noto Sans"));
-    QVERIFY(font.pointSize() < 13); // a default of the platform's
+    QVERIFY(font.pointSize() < 13); // a default size of the platform
 }
 
 void EnvironmentTest::theLanguageIsNobodys()

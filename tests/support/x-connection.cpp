@@ -139,7 +139,7 @@ void XConnection::watch(XWindow window, const char *name)
     xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &mask);
     m_watchedWindow = window;
     m_watchedProperty = atom(name);
-    changes(); // takes those away that were before
+    changes(); // forgets the changes that were before
     m_changes = 0;
 }
 

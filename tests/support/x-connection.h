@@ -25,7 +25,7 @@ struct XProperty
 
 bool operator==(const XProperty &left, const XProperty &right);
 
-/// For QCOMPARE.
+/// Makes QCOMPARE tell what properties hold.
 char *toString(const XProperty &property);
 
 /// A connection to an X server for looking at windows and at what others do to them, apart from the toolkit's.

@@ -22,11 +22,11 @@ class XServer
 public:
     /// One with a single screen.
     XServer();
-    /// @p program with @p arguments, and with those that each needs; one that draws into a window does so on
+    /// A server that is @p program with @p arguments and those that each needs; one that draws into a window does so on
     /// @p hostDisplay.
     XServer(const QString &program, const QStringList &arguments, const QString &hostDisplay = QString());
 
-    /// Of a server that is running and accepts connections; empty if it has not started.
+    /// Name of the display of a server that accepts connections; empty if the server has not started.
     QString display() const;
     /// Why the server has not started.
     QString errorString() const;

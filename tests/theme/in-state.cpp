@@ -46,7 +46,7 @@ InState::InState(QWidget *widget, State state) : m_widget(widget), m_state(state
 InState::~InState()
 {
     if (m_state == State::Pressed) {
-        // Outside, so that nothing is clicked.
+        // The release lies outside, so that nothing is clicked.
         sendMouse(m_widget, QEvent::MouseMove, Qt::LeftButton, QPoint(-100, -100));
         sendMouse(m_widget, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(-100, -100));
     }
@@ -74,7 +74,7 @@ void hover(QWidget *widget, const QPoint &place)
     QHoverEvent move(QEvent::HoverMove, place, QPoint(-1, -1));
     widget->setAttribute(Qt::WA_UnderMouse);
     QCoreApplication::sendEvent(widget, &enter);
-    sendMouse(widget, QEvent::MouseMove, Qt::NoButton, place); // a button takes itself for hovered only after a move
+    sendMouse(widget, QEvent::MouseMove, Qt::NoButton, place); // a button counts as hovered only after a move
     QCoreApplication::sendEvent(widget, &move);
 }
 

@@ -18,7 +18,7 @@ constexpr int Enlargement = 4;
 /// Contrast of two opaque colours, from 1 to 21.
 double contrast(const QColor &one, const QColor &other);
 
-/// rect of @p widget, in its logical pixels, as it is painted with its children.
+/// The part @p rect of a widget, in its logical pixels, as it is painted with its children.
 QImage enlargedPicture(QWidget *widget, const QRect &rect);
 
 /// What is painted, and what is painted in its place where it is missing.
@@ -26,7 +26,7 @@ struct ColorPair
 {
     QColor ink;
     QColor ground;
-    int count = 0; ///< of pixels of an enlarged picture
+    int count = 0; ///< pixels of the enlarged picture
 };
 
 /// What is to be told of a pair that has less contrast than @p least, or else nothing.

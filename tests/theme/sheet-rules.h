@@ -20,7 +20,7 @@ struct Selector
     QStringList states; ///< pseudo states and attribute conditions
 
     bool isValid() const { return !type.isEmpty(); }
-    /// All but the states.
+    /// Everything but the states.
     QString target() const;
     /// Pseudo states alone, without attributes.
     bool hasState(const QString &state) const { return states.contains(state); }

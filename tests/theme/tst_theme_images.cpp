@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int FileScale = 4; // a file's pixels for each logical pixel
+constexpr int FileScale = 4; // pixels of a file for each logical pixel
 constexpr int ShadowWidth = 22; // logical pixels
 constexpr int ShadowFile = ShadowWidth * FileScale;
 
@@ -25,7 +25,7 @@ struct Drawing
     QSize size; // logical pixels
 };
 
-// What widgets of the library ask for by name.
+// Images that widgets of the library ask for by name.
 constexpr Drawing Requested[] = {
     {"app_img", {32, 32}},
     {"bg_tutorial_b", {22, 22}},
@@ -92,7 +92,7 @@ bool isStateOfAnother(const QString &name, const QStringList &names)
     });
 }
 
-// From the body outwards.
+// The opacity of a shadow's edge from the body outwards.
 QVector<int> fallOff(const QImage &edge, const QPoint &from, const QPoint &step)
 {
     QVector<int> alphas;

@@ -55,7 +55,7 @@ const char Keyword[] = "HHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHHH"; // more than 
 
 constexpr int BoxWait = 5; // milliseconds between two looks for a box
 
-// rect of widget, in its logical pixels.
+// The part rect of a widget, in logical pixels.
 QImage picture(QWidget *widget, const QRect &rect)
 {
     return widget->grab(rect).toImage().convertToFormat(QImage::Format_RGB32);
@@ -85,7 +85,7 @@ QColor inkOn(const QColor &surface, const QImage &image)
     return ink;
 }
 
-// Where something stands on surface.
+// The place of something that stands on surface.
 QRect inkRect(const QColor &surface, const QImage &image)
 {
     QRect rect;
@@ -100,7 +100,7 @@ QRect inkRect(const QColor &surface, const QImage &image)
 // Thin strokes are smoothed, so that none of their pixels may have the very colour.
 bool isNear(const QColor &one, const QColor &other)
 {
-    constexpr int Tolerance = 16; // for each channel
+    constexpr int Tolerance = 16; // difference of a channel
     return qAbs(one.red() - other.red()) <= Tolerance && qAbs(one.green() - other.green()) <= Tolerance
         && qAbs(one.blue() - other.blue()) <= Tolerance;
 }
@@ -193,8 +193,8 @@ QImage fieldPicture(QWidget *field, const QString &text, bool isEnabled)
     field->setEnabled(isEnabled);
     field->ensurePolished();
     field->resize(expectedPixels(200), field->sizeHint().height());
-    const int inset = expectedPixels(4); // the border
-    const int left = expectedPixels(45); // the filter bar's button
+    const int inset = expectedPixels(4); // width of the border
+    const int left = expectedPixels(45); // width of the filter bar's button
     const QRect middle = lineEdit->rect().adjusted(left, inset, -expectedPixels(30), -inset);
     return picture(lineEdit, middle);
 }
@@ -479,14 +479,14 @@ void ThemeLooksTest::daysThatCannotBeChosenLookAnotherWay()
     view.setStyleSheet(getStyleSheet("component.date_selector", false) + getStyleSheet("component.menu", false));
     view.resize(expectedPixels(280), expectedPixels(260));
     view.show();
-    view.setCurrentPage(2026, 9); // begins on a Tuesday
+    view.setCurrentPage(2026, 9); // a month that begins on a Tuesday
     auto *calendar = view.findChild<QCalendarWidget *>();
     calendar->setSelectedDate(QDate(2026, 9, 15));
     auto *grid = view.findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"));
     const auto dayPicture = [grid](int row, int column) {
         return picture(grid->viewport(), grid->visualRect(grid->model()->index(row, column)));
     };
-    const QImage free = dayPicture(1, 4); // the tenth
+    const QImage free = dayPicture(1, 4); // the tenth of the month
     QCOMPARE(free.pixelColor(1, 1), Surface);
     QVERIFY(isNear(inkOn(Surface, free), Text));
 
@@ -495,16 +495,16 @@ void ThemeLooksTest::daysThatCannotBeChosenLookAnotherWay()
     view.setMinimumDate(QDate(2026, 9, 9));
     view.setMaximumDate(QDate(2026, 9, 23));
     QCOMPARE(dayPicture(1, 4), free);
-    for (const int column : {0, 1, 2}) { // the eighth and before
+    for (const int column : {0, 1, 2}) { // days up to the eighth
         const QImage day = dayPicture(1, column);
         QCOMPARE(day.pixelColor(1, 1), DisabledSurface);
         QVERIFY(isNear(inkOn(DisabledSurface, day), DisabledText));
     }
-    const QRect moved = inkRect(DisabledSurface, dayPicture(1, 2)); // by parts of a pixel at most, and not up or down
+    const QRect moved = inkRect(DisabledSurface, dayPicture(1, 2)); // may be off sideways by parts of a pixel
     QVERIFY(eighth.adjusted(-1, 0, 1, 0).contains(moved));
     QCOMPARE(moved.height(), eighth.height());
-    QCOMPARE(dayPicture(1, 3).pixelColor(1, 1), Surface); // the ninth
-    QCOMPARE(dayPicture(3, 3).pixelColor(1, 1), Surface); // the 23rd
+    QCOMPARE(dayPicture(1, 3).pixelColor(1, 1), Surface); // the ninth of the month
+    QCOMPARE(dayPicture(3, 3).pixelColor(1, 1), Surface); // the 23rd of the month
     QCOMPARE(dayPicture(3, 4).pixelColor(1, 1), DisabledSurface);
 }
 

@@ -52,7 +52,7 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr double VisibleContrast = 3.0; // of rings, of borders that tell something, and of icons
+constexpr double VisibleContrast = 3.0; // least contrast of rings, of borders that tell something, and of icons
 
 QRect indicatorRect(QAbstractButton *button)
 {
@@ -82,7 +82,7 @@ QColor drawingColor(const QString &image)
     return QColor(color);
 }
 
-// Where a widget's left border is, in the middle of its height.
+// The left border of a widget, in the middle of its height, on what it is to be told from.
 ColorPair borderPair(QWidget *stage, const QWidget *field, const QColor &against)
 {
     const QRect rect = rectIn(field, stage);
@@ -117,7 +117,7 @@ QString focusFault(QWidget *root, QWidget *widget, const QColor &outside)
     const QImage idle = enlargedPicture(root, rect);
     const InState inState(widget, State::Focused);
     const QVector<ColorPair> pairs = differences(enlargedPicture(root, rect), idle);
-    const int least = qMin(rect.width(), rect.height()) * Enlargement * 2; // of pixels
+    const int least = qMin(rect.width(), rect.height()) * Enlargement * 2; // pixels of the enlarged picture
     const bool isSeen = std::any_of(pairs.cbegin(), pairs.cend(), [&](const ColorPair &pair) {
         const double around = qMin(contrast(pair.ink, outside), contrast(pair.ink, inside));
         return pair.count >= least && qMax(contrast(pair.ink, pair.ground), around) >= VisibleContrast;

@@ -375,7 +375,7 @@ void ThemeTextContrastTest::daysOfTheCalendarCanBeRead()
     QStringList faults =
         cellFaults(selector, selector->rect().adjusted(4, 2, -30, -2), textContrast(), QStringLiteral("selector"));
     VelaCalanderView *view = selector->getCalendarView();
-    view->setCurrentPage(2026, 2); // begins on a Sunday
+    view->setCurrentPage(2026, 2); // a month that begins on a Sunday
     view->setMaximumDate(QDate(2026, 2, 20));
     selector->dateSelect(QDate(2026, 2, 4));
     selector->showPopup();

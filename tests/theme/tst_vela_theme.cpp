@@ -46,7 +46,6 @@ class VelaThemeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // While nothing has been loaded.
     void beforeLoadingItHasNoFolderAndNoLanguage()
     {
         QCOMPARE(theme()->folder(), QString());
@@ -128,7 +127,7 @@ private Q_SLOTS:
             const LogCapture log;
             paths->setPath(QStringLiteral("resource_path"), light());
         }
-        installReferenceTheme(); // in a folder for user data of its own
+        installReferenceTheme(); // has a folder for user data of its own
         {
             const LogCapture log;
             paths->setPath(QStringLiteral("user_data_path"),
@@ -296,7 +295,7 @@ private Q_SLOTS:
         QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
     }
 
-    // As a dialog may wait there, in which another theme is chosen.
+    // A dialog may wait there, in which another theme is chosen.
     void onceItIsToldTheNextChangeMayCome()
     {
         QVERIFY(theme()->load(light(), English).isEmpty());

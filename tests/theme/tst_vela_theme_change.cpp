@@ -59,7 +59,7 @@ QString nameOf(const QWidget *widget)
     return name;
 }
 
-// What of a widget is of its look, but for what it paints.
+// The part of a widget's look that is not painted.
 QStringList traitsOf(const QWidget *widget)
 {
     QStringList traits {nameOf(widget), widget->styleSheet(), widget->toolTip(), widget->accessibleName()};
@@ -395,7 +395,7 @@ private Q_SLOTS:
         QCOMPARE(buttons.at(2)->geometry(), geometry);
     }
 
-    // As wide as they would have been made.
+    // The columns are as wide as they would have been made.
     void namesInAPathAreAsWideAsTheirNewFont()
     {
         load(Light, English);

@@ -191,10 +191,10 @@ private Q_SLOTS:
         }
         QCOMPARE(theme()->folder(), referenceTheme(QStringLiteral("light")));
         QCOMPARE(log.takeTexts(), QStringList());
-        QFile::remove(copy.path()); // where it is a link
+        QFile::remove(copy.path()); // some rows have put a link in its place
     }
 
-    // As an editor or a copy that was interrupted leaves them. Living widgets go through all of it.
+    // Files as an editor or an interrupted copy leaves them. Living widgets go through all of it.
     void filesCutOffAnywhereNeverStopTheWidgets()
     {
         AllWidgets widgets;

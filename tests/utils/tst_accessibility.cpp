@@ -205,7 +205,7 @@ void AccessibilityTest::theOrderFollowsTheListOfChildren()
     addChild("third", &window);
     window.show();
 
-    first->raise(); // makes it the last of the list
+    first->raise(); // makes the child the last of the list
     QCOMPARE(namesOf(accessibleList(&window, Widgets())), QStringLiteral("second third first"));
     QCOMPARE(namesOf(accessibleList(&window, AccessibleFilter({}, Qt::TabFocus))),
              QStringLiteral("second third first"));

@@ -30,7 +30,7 @@ void ComponentStringsTest::thereIsOneInstance()
     QCOMPARE(ComponentStrings::getInstance(), ComponentStrings::getInstance());
 }
 
-// The first to look anything up: no table is installed yet.
+// This test is the first to look anything up: no table is installed yet.
 void ComponentStringsTest::withoutATableAKeyIsItsOwnTextAndLogged()
 {
     LogCapture log;

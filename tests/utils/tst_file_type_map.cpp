@@ -16,7 +16,7 @@ struct Row
     const char *extensions;
 };
 
-// A copy of its own, so that a slip in the library's table is found.
+// A copy of the library's table, so that a slip there is found.
 constexpr Row Rows[] = {
     {"acc", "acc ade adp adn accdr accdb accdt mdb mda mdn mdt mdw mdf mde accde mam maq mar mat maf"},
     {"ai", "ai"},

@@ -99,7 +99,7 @@ void ToolTipTest::aToolTipShowsTheTextWithItsLinesAndBlanks()
     QCOMPARE(document.toPlainText(), text);
 
     document.setTextWidth(1.0);
-    document.documentLayout()->documentSize(); // lays out
+    document.documentLayout()->documentSize(); // lays the text out
     QCOMPARE(document.firstBlock().layout()->lineCount(), text.count(QLatin1Char('\n')) + 1);
 }
 

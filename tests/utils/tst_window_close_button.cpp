@@ -15,7 +15,7 @@ namespace {
 using Words = QVector<quint32>;
 
 constexpr char HintsName[] = "_MOTIF_WM_HINTS";
-constexpr int LongEnough = 100; // milliseconds for what must not come
+constexpr int LongEnough = 100; // milliseconds in which nothing may come
 
 XProperty hints(const Words &words)
 {
@@ -23,13 +23,13 @@ XProperty hints(const Words &words)
 }
 
 const Words Disabled {1, 0, 6, 0, 0};
-const Words Defaults {0, 0, 1, 0, 1}; // of a window without hints
+const Words Defaults {0, 0, 1, 0, 1}; // words of a window without hints
 
 Words countedUp(int count)
 {
     Words words;
     for (int i = 0; i < count; ++i) {
-        words.append(0x80706050 + 0x01010101 * quint32(i)); // no two alike, no byte zero
+        words.append(0x80706050 + 0x01010101 * quint32(i)); // words no two of which are alike, and no byte zero
     }
     return words;
 }
@@ -278,7 +278,7 @@ void WindowCloseButtonTest::disablingTwiceRestoresWhatTheFirstCallWrote()
     QTest::qWait(LongEnough);
     QCOMPARE(hintsOf(m_window.get()), hints(Disabled));
 
-    // The first state is the caller's only way back, and still good.
+    // The first state is the caller's only way back, and is still good.
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), true, &first);
     QTRY_COMPARE(hintsOf(m_window.get()), hints(countedUp(5)));
 }
@@ -411,7 +411,7 @@ void WindowCloseButtonTest::withoutADisplayNothingHappens()
     int something = 0;
     void *state = &something;
 
-    qputenv("DISPLAY", ":59000"); // nobody's
+    qputenv("DISPLAY", ":59000"); // a display that nobody has
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), false, &m_state);
     SHAPISetCloseButtonOfWindowEnable(m_window.get(), true, &state);
     qputenv("DISPLAY", display);

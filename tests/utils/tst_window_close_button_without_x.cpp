@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <QtTest>
 
-// On the offscreen platform, whatever platform the other tests run on.
+// These tests run on the offscreen platform, whatever platform the others run on.
 class WindowCloseButtonWithoutXTest : public QObject
 {
     Q_OBJECT

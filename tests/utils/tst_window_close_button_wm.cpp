@@ -19,7 +19,7 @@ namespace {
 constexpr char PreparedVariable[] = "VELA_TEST_HAS_WINDOW_MANAGER";
 
 constexpr int Patience = 10000; // milliseconds until the window manager must have started
-constexpr int LongEnough = 100; // milliseconds for what must not come
+constexpr int LongEnough = 100; // milliseconds in which nothing may come
 
 // The close button is the outermost on the right, and title bars look the same with and without the focus.
 constexpr char Configuration[] = R"(<?xml version="1.0"?>
@@ -112,7 +112,7 @@ private:
 
 } // namespace
 
-// Under a window manager on which the effect shows.
+// These tests run under a window manager on which the effect shows.
 class WindowCloseButtonWmTest : public QObject
 {
     Q_OBJECT
@@ -191,7 +191,7 @@ QStringList WindowCloseButtonWmTest::allowedFunctions() const
     return functions;
 }
 
-// The place of a button of the title bar, in the window manager's frame.
+// The place of a title bar's button, in the window manager's frame.
 QRect WindowCloseButtonWmTest::squareOfTitleBar(int indexFromRight) const
 {
     const XWindow id(m_window->winId());

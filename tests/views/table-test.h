@@ -43,7 +43,7 @@ public:
     bool showAndWait();
     void addRows(int count);
 
-    /// Of the declared columns, as the header and as the rows show them.
+    /// The widths of the declared columns, as the header and as the rows show them.
     QVector<int> headerWidths() const { return widthsOf(header, m_count); }
     QVector<int> bodyWidths() const { return widthsOf(body->horizontalHeader(), m_count); }
 
@@ -52,7 +52,7 @@ public:
     int bodyLeft(int column) const;
 
     QPoint headerCenter() const { return area->mapTo(this, area->rect().center()); }
-    /// Just inside of the right edge of a section, where it is dragged.
+    /// A point just inside of the right edge of a section, where it is dragged.
     QPoint rightEdge(int section) const;
 
     /// Drags the right edge of @p section in steps, as a hand does.

@@ -18,7 +18,7 @@ PlainTree::PlainTree(int rowCount)
     setHeaderHidden(true);
     setRootIsDecorated(false);
     setFrame(0);
-    setFocusPolicy(Qt::NoFocus); // or the first item would be selected once the window is active
+    setFocusPolicy(Qt::NoFocus); // the first item would be selected once the window is active
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setColumnCount(1);
     setSheetlessPalette();

@@ -11,7 +11,7 @@
 class QLineEdit;
 
 // What a PlainTree is painted in.
-inline const QColor Ground(0x20, 0x30, 0x40); // what a white line shows on
+inline const QColor Ground(0x20, 0x30, 0x40); // colour that a white line shows on
 inline const QColor EnabledText(Qt::red);
 inline const QColor DisabledText(Qt::blue);
 
@@ -27,13 +27,13 @@ public:
 
     /// Puts the pointer at @p position, in the tree's coordinates.
     void pointAt(const QPoint &position);
-    /// Lets the window know, too, which not every platform does; a move to where the pointer is would be none.
+    /// Lets the window know, too, which not every platform does by itself. The pointer must not be there already.
     void moveTo(const QPoint &position);
     void leaveBehind();
 
     QRect rowRect(int row) const;
 
-    /// The viewport, painted for the occasion.
+    /// The viewport as it is painted now.
     QImage painted() const;
     /// The viewport as it is on the screen.
     QImage shown() const;
@@ -52,7 +52,7 @@ public:
 
     FileSystemTreeWidgetItem *add(const QString &name);
 
-    /// Shows it with a tree that can be scrolled sideways by 300 pixels and more.
+    /// Shows the window with a tree that can be scrolled sideways by 300 pixels and more.
     bool showWide();
 
     /// Opens the editor of the first row by the keyboard.

@@ -28,7 +28,7 @@ public:
     using ItemDelegate::eventFilter;
 };
 
-// Knows which check rectangles it was asked to draw.
+// A delegate that keeps the check rectangles it was asked to draw.
 class CheckRecorder : public ItemDelegate
 {
 public:
@@ -56,7 +56,7 @@ QImage drawnText(const Delegate &delegate, const QStyleOptionViewItem &option, c
     image.fill(Ground);
     QPainter painter(&image);
     delegate.drawDisplay(&painter, option, rect, text);
-    painter.drawText(rect.bottomLeft(), QStringLiteral("after")); // by the pen that is left
+    painter.drawText(rect.bottomLeft(), QStringLiteral("after")); // drawn by the pen that is left
     return image;
 }
 
@@ -106,7 +106,7 @@ private:
 void ItemDelegateTest::initTestCase()
 {
     m_firstCheckRect = g_check_rect;
-    qRegisterMetaType<QKeyEvent *>("QKeyEvent*"); // for spies
+    qRegisterMetaType<QKeyEvent *>("QKeyEvent*"); // spies ask for it by name
 
     LogCapture log;
     QLineEdit editor;
@@ -193,7 +193,7 @@ void ItemDelegateTest::everyCallMakesANewValidator()
     QLineEdit *editor = window.startRenaming();
     QVERIFY(editor);
     const QPointer<const QValidator> first = editor->validator();
-    window.tree->topLevelItem(0)->setText(0, QStringLiteral("Papers")); // shown in the editor at once
+    window.tree->topLevelItem(0)->setText(0, QStringLiteral("Papers")); // is shown in the editor at once
     QCOMPARE(editor->text(), QStringLiteral("Papers"));
     QVERIFY(editor->validator());
     QVERIFY(editor->validator() != first);
@@ -464,7 +464,7 @@ void ItemDelegateTest::textsAreDrawnAsByTheBase()
         option.fontMetrics = QFontMetrics(option.font);
         const QImage expected = drawnText(base, option, rect, text);
         QCOMPARE(drawnText(delegate, option, rect, text), expected);
-        QCOMPARE(drawnText(delegate, option, rect, text), expected); // as it is kept
+        QCOMPARE(drawnText(delegate, option, rect, text), expected); // the text as it is kept
     };
     const QVector<QStyle::State> states {QStyle::State_None,
                                          QStyle::State_Active,

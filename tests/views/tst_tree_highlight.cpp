@@ -38,7 +38,7 @@ QImage expectedPicture(const PlainTree &tree, const QMap<int, QColor> &highlight
     return image;
 }
 
-// Where the pictures differ by more than rounding; empty if nowhere.
+// Where the pictures differ by more than rounding; empty if they do not.
 QString difference(const QImage &actual, const QImage &expected)
 {
     if (actual == expected) {
@@ -61,7 +61,7 @@ QString difference(const QImage &actual, const QImage &expected)
     return QString();
 }
 
-// How many pixels of row have just that colour.
+// How many pixels of a row have exactly that colour.
 int pixelsOf(const PlainTree &tree, int row, const QColor &color)
 {
     const QImage image = tree.painted();
@@ -297,12 +297,12 @@ void TreeHighlightTest::theWindowFollowsThePointer()
         tree.moveTo(tree.viewport()->pos() + QPoint(rows.center().x(), y));
         QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
     }
-    for (const int row : {0, 5, 2}) { // a fast one
+    for (const int row : {0, 5, 2}) { // a fast hand
         tree.moveTo(tree.viewport()->pos() + tree.rowRect(row).center());
         QTRY_COMPARE(difference(tree.shown(), tree.painted()), QString());
     }
-    const QPoint nowhere = frameWidth > 0 ? QPoint(tree.width() - 1, tree.height() / 2) // the frame
-                                          : QPoint(tree.width() / 2, tree.height() - 1); // below all rows
+    const QPoint nowhere = frameWidth > 0 ? QPoint(tree.width() - 1, tree.height() / 2) // a point on the frame
+                                          : QPoint(tree.width() / 2, tree.height() - 1); // a point below all rows
     tree.moveTo(nowhere);
     QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {})), QString());
 }
@@ -411,7 +411,7 @@ void TreeHighlightTest::aJumpLooksForNoMoreRowsThanInTheBase()
 
 void TreeHighlightTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest_data()
 {
-    QTest::addColumn<bool>("isExpanded"); // or else rows are inserted
+    QTest::addColumn<bool>("isExpanded"); // whether rows are expanded, or else inserted
     QTest::newRow("expanding") << true;
     QTest::newRow("inserting") << false;
 }
@@ -473,7 +473,7 @@ void TreeHighlightTest::allRowsOfAPaintSeeThePointerAtOnePlace()
             ItemDelegate::paint(painter, option, index);
         }
 
-        QMap<int, QPoint> positions; // where the pointer goes when a row is painted
+        QMap<int, QPoint> positions; // places that the pointer goes to when a row is painted
     };
     PlainTree tree;
     Mover mover;
@@ -623,7 +623,7 @@ void TreeHighlightTest::rowsThatCannotBeCheckedAreGreyed()
     PlainTree tree;
     tree.setBackgroundColor(Qt::black, Qt::black);
     QFont font = tree.font();
-    font.setPixelSize(expectedPixels(24)); // letters of which something is not blended
+    font.setPixelSize(expectedPixels(24)); // a size at which not all of a letter is blended
     font.setBold(true);
     tree.setFont(font);
     QVERIFY(tree.showAndWait());

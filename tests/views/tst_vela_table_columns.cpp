@@ -34,7 +34,7 @@ QVector<int> expectedWidths(const Columns &columns, int available)
     for (const Column &column : columns) {
         const double base = column.width * expectedScale();
         const double share = std::trunc(rest * column.ratio);
-        const bool takesShare = column.resizable && column.ratio != 0.0 && share >= base; // never if it is NaN
+        const bool takesShare = column.resizable && column.ratio != 0.0 && share >= base; // false if the share is NaN
         widths.append(static_cast<int>(takesShare ? share : base));
     }
     return widths;
@@ -333,7 +333,7 @@ void VelaTableColumnsTest::theResizeIsReportedBeforeItIsHandled()
     });
     QResizeEvent event(QSize(123, 45), QSize(400, 200));
     QCoreApplication::sendEvent(body.viewport(), &event);
-    QCOMPARE(reported, QSize(123, 45)); // the event's
+    QCOMPARE(reported, QSize(123, 45)); // the size of the event
     body.resize(300, 200);
     QCOMPARE(reported, body.viewport()->size());
     QCOMPARE(pageStepThen, pageStep);
@@ -347,9 +347,9 @@ void VelaTableColumnsTest::theBodyFollowsTheHeader()
         table.getHeader()->resizeSection(i, 41 + i);
         QCOMPARE(table.getTable()->columnWidth(i), 41 + i);
     }
-    table.slotSectionResized(1, -5, 77); // whatever the size was
+    table.slotSectionResized(1, -5, 77); // the former size does not count
     QCOMPARE(table.getTable()->columnWidth(1), 77);
-    QCOMPARE(table.getHeader()->sectionSize(1), 42); // nothing flows back
+    QCOMPARE(table.getHeader()->sectionSize(1), 42); // no width flows back
     table.getTable()->setColumnWidth(0, 99);
     QCOMPARE(table.getHeader()->sectionSize(0), 41);
 }
@@ -383,7 +383,7 @@ void VelaTableColumnsTest::theFillerIsTwelvePixelsWideOnScreen()
         columnsWidth += width;
     }
     QCOMPARE(firstOfFiller, columnsWidth * expectedRatio());
-    QCOMPARE(seen.pixelColor(2, seen.height() - 3), HeaderColor); // below a title
+    QCOMPARE(seen.pixelColor(2, seen.height() - 3), HeaderColor); // a place below a title
 }
 
 void VelaTableColumnsTest::theFillerLiesAboveTheVerticalScrollBar()
@@ -446,14 +446,14 @@ void VelaTableColumnsTest::draggingKeepsAUsableMinimum()
 {
     QFETCH(Columns, columns);
     Shown<TableWindow> window(columns);
-    const int usable = QHeaderView(Qt::Horizontal).minimumSectionSize(); // of any header
+    const int usable = QHeaderView(Qt::Horizontal).minimumSectionSize(); // the least width of any header's section
     QVERIFY(usable > expectedPixels(FillerWidth));
-    for (int i = 0; i < 2; ++i) { // again from the minimum
+    for (int i = 0; i < 2; ++i) { // the second time from the minimum
         window.drag(0, 1 - window.header->sectionSize(0));
         QCOMPARE(window.header->sectionSize(0), usable);
         QCOMPARE(window.body->columnWidth(0), usable);
     }
-    window.drag(0, 30); // still there to be caught
+    window.drag(0, 30); // the edge can still be caught
     QCOMPARE(window.header->sectionSize(0), usable + 30);
     QCOMPARE(window.body->columnWidth(0), usable + 30);
 }
@@ -475,13 +475,13 @@ void VelaTableColumnsTest::fixedColumnsAndTheFillerAreNotDragged()
 void VelaTableColumnsTest::aDragOutlastsResizingUnlessTheColumnStretches()
 {
     Shown<TableWindow> window(Mixed);
-    window.drag(2, -30); // no ratio
+    window.drag(2, -30); // a column without a ratio
     window.drag(0, -50);
     QVector<int> expected = expectedWidths(Mixed, window.body->viewport()->width());
     expected[2] -= 30;
     expected[0] -= 50;
     QCOMPARE(window.headerWidths(), expected);
-    for (const QSize &size : {QSize(600, 280), QSize(500, 280), QSize(800, 280)}) { // lower, narrower, wider
+    for (const QSize &size : {QSize(600, 280), QSize(500, 280), QSize(800, 280)}) { // lower, narrower and wider tables
         window.table->resize(size);
         expected = expectedWidths(Mixed, window.body->viewport()->width());
         expected[2] -= 30;

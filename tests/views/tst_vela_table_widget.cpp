@@ -202,7 +202,7 @@ void VelaTableWidgetTest::wheelsOverTheHeaderDoNotScrollIt()
     for (int i = 0; i < 5; ++i) {
         window.wheel(window.headerCenter(), angle);
     }
-    QCOMPARE(passedOn.take(), 5); // so that what the table stands in can scroll
+    QCOMPARE(passedOn.take(), 5); // an area around the table can scroll by them
     QCOMPARE(window.area->horizontalScrollBar()->value(), window.body->horizontalScrollBar()->value());
     QCOMPARE(window.headerLeft(0), -100);
     QCOMPARE(window.bodyLeft(0), -100);
@@ -232,7 +232,7 @@ void VelaTableWidgetTest::fingersOnTheHeaderDoNotScrollIt()
     QCOMPARE(window.area->horizontalScrollBar()->value(), 100);
     QCOMPARE(window.headerLeft(0), window.bodyLeft(0));
 
-    pan(window.body->mapTo(&window, window.body->rect().center())); // over the rows it does scroll
+    pan(window.body->mapTo(&window, window.body->rect().center())); // the rows do scroll
     QVERIFY(window.body->horizontalScrollBar()->value() > 100);
     QCOMPARE(window.headerLeft(0), window.bodyLeft(0));
 }
@@ -488,7 +488,7 @@ void VelaTableWidgetTest::theVerticalScrollBarShowsWhileThereIsMore()
         window.body->setRowCount(step.first);
         QTRY_COMPARE(bar->maximum() != 0, step.second);
         QCOMPARE(bar->isVisible(), step.second);
-        QCOMPARE(window.body->viewport()->width(), viewportWidth); // its place is kept
+        QCOMPARE(window.body->viewport()->width(), viewportWidth); // the scroll bar keeps its place
     }
     window.table->resize(TableSize + QSize(0, expectedPixels(28)));
     QTRY_VERIFY(!bar->isVisible());

@@ -60,7 +60,7 @@ private Q_SLOTS:
 
 void VelaTreeWidgetTest::initTestCase()
 {
-    qRegisterMetaType<QKeyEvent *>("QKeyEvent*"); // for spies
+    qRegisterMetaType<QKeyEvent *>("QKeyEvent*"); // spies ask for it by name
     qRegisterMetaType<QMouseEvent *>("QMouseEvent*");
     qRegisterMetaType<QTreeWidgetItem *>("QTreeWidgetItem*");
 }
@@ -101,7 +101,7 @@ void VelaTreeWidgetTest::anItemIsScrolledToOnlyIfItsBeginningIsHidden_data()
     QTest::newRow("far to the right") << 400 << true << 0 << true;
     QTest::newRow("just enough when scrolled") << -needed + 50 << true << 50 << false;
     QTest::newRow("one pixel too little when scrolled") << -needed + 51 << true << 50 << true;
-    QTest::newRow("near the left end, scrolled") << 20 << false << 40 << true; // stops at the bar's minimum
+    QTest::newRow("near the left end, scrolled") << 20 << false << 40 << true; // the scroll bar stops at its minimum
 }
 
 void VelaTreeWidgetTest::anItemIsScrolledToOnlyIfItsBeginningIsHidden()
@@ -156,7 +156,7 @@ void VelaTreeWidgetTest::scrollingToNothingOrToAHiddenItemIsHarmless()
     tree.topLevelItem(0)->addChild(new FileSystemTreeWidgetItem);
     QVERIFY(tree.showAndWait());
     tree.updateScrollArea(nullptr);
-    tree.updateScrollArea(tree.topLevelItem(0)->child(0)); // its parent is collapsed
+    tree.updateScrollArea(tree.topLevelItem(0)->child(0)); // an item whose parent is collapsed
     QCOMPARE(tree.horizontalScrollBar()->value(), 0);
 }
 
@@ -285,7 +285,7 @@ void VelaTreeWidgetTest::focusTellsOfTheCurrentItemAnew()
     QTreeWidgetItem *item = tree->topLevelItem(down + 1);
     tree->setCurrentItem(item);
 
-    for (int i = 0; i < 2; ++i) { // each time
+    for (int i = 0; i < 2; ++i) { // each time, not only once
         window.neighbour->setFocus();
         tree->verticalScrollBar()->setValue(down);
         tree->horizontalScrollBar()->setValue(sideways);
@@ -344,7 +344,7 @@ void VelaTreeWidgetTest::aClickThatGivesTheFocusHitsItsRow()
     QCOMPARE(tree->verticalScrollBar()->value(), scrolled);
     QVERIFY(window.neighbour->hasFocus());
 
-    // In the uppermost pixels of a row: any scrolling would put another one there.
+    // A row's uppermost pixels: any scrolling would put another row there.
     const QRect clicked = tree->visualItemRect(tree->topLevelItem(32));
     window.click(tree->viewport()->mapTo(&window, QPoint(clicked.center().x(), clicked.top())));
     QVERIFY(tree->hasFocus());

@@ -21,10 +21,10 @@
 namespace {
 
 const QColor Accent(0x00, 0x69, 0x5C); // listed in the palette
-const QColor AccentHovered(0x03, 0x5F, 0x55); // 14 hundredths of the text in it
-const QColor AccentPressed(0x08, 0x4F, 0x4A); // 36 of them
+const QColor AccentHovered(0x03, 0x5F, 0x55); // the accent with 14 hundredths of the text in it
+const QColor AccentPressed(0x08, 0x4F, 0x4A); // the accent with 36 hundredths of the text in it
 const QColor Brand(0x8E, 0x24, 0xAA); // listed in the palette
-const QColor Icon(0x4A, 0x58, 0x68); // of the light palette, like the next one
+const QColor Icon(0x4A, 0x58, 0x68); // a colour of the light palette, like the next one
 const QColor DisabledIcon(0xA7, 0xB2, 0xBF);
 
 void require(bool condition, const char *claim)

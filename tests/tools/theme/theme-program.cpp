@@ -89,7 +89,7 @@ QByteArray ThemeCopy::read(const QString &file) const
 void ThemeCopy::write(const QString &file, const QByteArray &content) const
 {
     touch(file);
-    QFile::remove(filePath(file)); // not to write into what it links to
+    QFile::remove(filePath(file)); // the file may be a link to one that must not change
     QFile target(filePath(file));
     if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size()) {
         qFatal("cannot write %s", qPrintable(file));

@@ -36,7 +36,7 @@ public:
     void write(const QString &file, const QByteArray &content) const;
     void remove(const QString &file) const;
     void rename(const QString &from, const QString &to) const;
-    /// Replaces the first @p from by @p to, which has to be there.
+    /// Replaces the first @p from, which must be there, by @p to.
     void replace(const QString &file, const QByteArray &from, const QByteArray &to) const;
 
 private:

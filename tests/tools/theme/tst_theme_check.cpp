@@ -123,7 +123,7 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     QTest::addColumn<Seed>("seed");
     QTest::addColumn<QString>("rule");
     QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("at"); // stands on the finding's line; empty for the file as a whole
+    QTest::addColumn<QByteArray>("at"); // text on the finding's line; empty for the file as a whole
 
     const auto row = [](const char *name, const Seed &seed, const char *rule, const QString &file,
                         const QByteArray &at) {

@@ -45,7 +45,7 @@ QStringList namesIn(const QJsonObject &contract, const char *list, const char *n
     return names;
 }
 
-// What a value has that its schema does not allow, empty if nothing; of JSON Schema as much as the contract's uses.
+// What a value has that its schema does not allow, empty if nothing. Knows as much of JSON Schema as the contract uses.
 QString violation(const QJsonValue &value, const QJsonObject &schema)
 {
     const QString type = schema.value(QLatin1String("type")).toString();

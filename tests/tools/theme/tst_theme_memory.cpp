@@ -18,7 +18,7 @@ namespace {
 qint64 bytesOf(const QStringList &names)
 {
     qint64 sum = 0;
-    const LogCapture silence; // variants that are not there are logged
+    const LogCapture silence; // a variant without a file is logged
     QSet<qint64> seen;
     for (const QString &name : names) {
         for (int state = 0; state < ImageManager::ImageFile::VariantCount; ++state) {

@@ -122,12 +122,12 @@ void ThemePicturesTest::whatDiffersIsToldByCellWithAPicture()
         {QStringLiteral("compare"), theme.path(), approved.path(), QStringLiteral("--output"), differences.path()});
     QCOMPARE(run.exitCode, 1);
     const QList<QByteArray> lines = run.out.trimmed().split('\n');
-    QCOMPARE(lines.size(), 10); // a state, at five scales and in two directions
+    QCOMPARE(lines.size(), 10); // one state at five scales and in two directions
     QVERIFY(std::all_of(lines.cbegin(), lines.cend(),
                         [](const QByteArray &line) { return line.startsWith("apply-button-hover-"); }));
     QVERIFY(run.out.contains(" pixels differ"));
 
-    // Red where they differ.
+    // Pixels are red where the pictures differ.
     const QImage picture(differences.filePath(QStringLiteral("apply-button-hover-1-ltr.png")));
     QCOMPARE(picture.size(), QImage(approved.filePath(QStringLiteral("apply-button-hover-1-ltr.png"))).size());
     QCOMPARE(picture.pixelColor(picture.rect().center() / 2 + QPoint(4, 4)), QColor(220, 0, 0));
