@@ -126,6 +126,7 @@ private Q_SLOTS:
     void whatIsNotReadableIsNotCopiedInPart();
 
     void trashKeepsTheFile();
+    void withoutAWastebasketNothingChanges();
     void trashRefusesNamesThatItCannotTake();
     void removalTakesAllThatIsInAFolder();
     void aJobEndsWithItsOwner();
@@ -409,7 +410,6 @@ void FilesOperationsTest::whatIsNotReadableIsNotCopiedInPart()
 
 void FilesOperationsTest::trashKeepsTheFile()
 {
-    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("data")));
     qputenv("XDG_DATA_HOME", path("data").toLocal8Bit());
     write(path("from/a"), "content");
     QCOMPARE(moveToTrash({path("from/a")}, &m_progress).errors.size(), 0);
@@ -419,6 +419,18 @@ void FilesOperationsTest::trashKeepsTheFile()
                        QDirIterator::Subdirectories);
     QVERIFY(found.hasNext());
     QCOMPARE(contentOf(found.next()), QByteArray("content"));
+}
+
+void FilesOperationsTest::withoutAWastebasketNothingChanges()
+{
+    write(path("from/a"), "content");
+    write(path("data"), "no folder");
+    qputenv("XDG_DATA_HOME", path("data").toLocal8Bit());
+    const Outcome outcome = moveToTrash({path("from/a")}, &m_progress);
+    qunsetenv("XDG_DATA_HOME");
+    QCOMPARE(outcome.errors.size(), 1);
+    QCOMPARE(outcome.errors.constFirst().code, NotTrashed);
+    QCOMPARE(contentOf(path("from/a")), QByteArray("content"));
 }
 
 void FilesOperationsTest::trashRefusesNamesThatItCannotTake()

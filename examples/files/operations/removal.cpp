@@ -6,7 +6,9 @@
 #include "copy-tree.h"
 #include "disk/native-path.h"
 
+#include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -23,6 +25,14 @@ DiskError obstacle(const QString &path)
     return canGo ? DiskError() : DiskError::last(path);
 }
 
+// Where the toolkit can make none, it moves files into the working folder and reports success.
+bool hasWastebasket()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QDir folder(data + QStringLiteral("/Trash"));
+    return folder.mkpath(QStringLiteral("files")) && folder.mkpath(QStringLiteral("info"));
+}
+
 DiskError trash(const QString &path)
 {
     if (const DiskError error = obstacle(path)) {
@@ -30,6 +40,9 @@ DiskError trash(const QString &path)
     }
     if (!isKnownToToolkit(path)) {
         return {NameNotKnown, path};
+    }
+    if (!hasWastebasket()) {
+        return {NotTrashed, path};
     }
     return QFile::moveToTrash(path) ? DiskError() : DiskError {NotTrashed, path};
 }

@@ -18,6 +18,7 @@
 #include "top-row.h"
 
 #include <ImageManager>
+#include <VelaMenu>
 
 #include <QCloseEvent>
 #include <QDir>

@@ -93,7 +93,7 @@ void Sheets::askForName(const QString &prompt, const QString &name, const Check 
         sheet->button(QMessageBox::Ok)->setEnabled(fault.isEmpty());
     };
     connect(field, &QLineEdit::textEdited, sheet, review);
-    connect(sheet, &VelaSheet::finished, this, [this, sheet, prompt, accept](int answer) {
+    connect(sheet, &VelaSheet::finished, this, [sheet, prompt, accept](int answer) {
         const QString fault = answer == QMessageBox::Ok ? accept(sheet->getContent()) : QString();
         if (fault.isEmpty()) {
             sheet->parentWidget()->deleteLater();
