@@ -225,7 +225,7 @@ void FilesWindowTest::theFilterIsAppliedByReturn()
     filter->menu()->actions().at(1)->trigger();
     m_window->findChild<VelaDateSelector *>()->getCalendarView()->selectToday();
     QTRY_COMPARE_WITH_TIMEOUT(m_window->model()->filter().from, QDate::currentDate(), Patience);
-    QCOMPARE(names().size(), 4);
+    QTRY_COMPARE_WITH_TIMEOUT(names().size(), 4, Patience);
 }
 
 void FilesWindowTest::aNewFileAppears()
