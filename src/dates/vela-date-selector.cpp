@@ -10,6 +10,7 @@
 #include "scale/scaled.h"
 
 #include <QPointer>
+#include <QTableView>
 
 using namespace Vela;
 
@@ -97,6 +98,16 @@ void VelaDateSelector::clearDate()
     addItem(d->emptyText, QDate());
     setCurrentIndex(0);
     d->showMonthOf(today);
+}
+
+// The popup gives the focus to the view, from where the days would be six stops away.
+void VelaDateSelector::showPopup()
+{
+    QComboBox::showPopup();
+    if (d->calendarView && d->calendarView->isVisible()) {
+        d->calendarView->findChild<QTableView *>(QStringLiteral("qt_calendar_calendarview"))
+            ->setFocus(Qt::PopupFocusReason);
+    }
 }
 
 VelaCalanderView *VelaDateSelector::getCalendarView()

@@ -38,6 +38,9 @@ public:
     /// taken its place.
     VelaCalanderView *getCalendarView();
 
+    /// Pops the calendar up, with the focus on its days.
+    void showPopup() override;
+
 public Q_SLOTS:
     /// Puts @p date into the field and closes the popup; an invalid date empties the field and leaves the popup alone.
     void dateSelect(const QDate &date);

@@ -306,7 +306,7 @@ void VelaDateSelectorTest::thePopupOpensByClickAndKey()
     QVERIFY(shown.isOpen());
     QVERIFY(QTest::qWaitForWindowExposed(shown.view->window()));
     QVERIFY(shown.grid()->isVisible());
-    QVERIFY(shown.view->hasFocus());
+    QVERIFY(shown.grid()->hasFocus()); // the days are reached at once
     shown.key(Qt::Key_Escape);
     QVERIFY(!shown.isOpen());
 }
@@ -373,10 +373,6 @@ void VelaDateSelectorTest::arrowsAndEnterChooseInThePopup()
     ShownSelector shown;
     shown.widget()->setSelectedDate(SomeDay);
     shown.open();
-    for (int i = 1; i < shown.stops().size() - 1; ++i) {
-        shown.key(Qt::Key_Tab);
-    }
-    QVERIFY(shown.grid()->hasFocus());
     shown.key(Qt::Key_Right);
     shown.key(Qt::Key_Down);
     QVERIFY(shown.isOpen());
@@ -444,12 +440,12 @@ void VelaDateSelectorTest::tabVisitsEveryStopOfThePopupAndComesBack()
 {
     ShownSelector shown;
     shown.showPopup();
-    const QStringList stops = shown.stops();
-    QVERIFY(shown.view->hasFocus());
+    const QStringList stops = rotated(shown.stops(), shown.stops().indexOf(shown.grid()->objectName()));
+    QVERIFY(shown.grid()->hasFocus());
     QCOMPARE(shown.visit(Qt::Key_Tab, stops.size()), rotated(stops, 1));
-    QVERIFY(shown.view->hasFocus());
+    QVERIFY(shown.grid()->hasFocus());
     QCOMPARE(shown.visit(Qt::Key_Backtab, stops.size()), reversed(stops));
-    QVERIFY(shown.view->hasFocus());
+    QVERIFY(shown.grid()->hasFocus());
 
     shown.click(shown.year());
     QVERIFY(shown.yearEdit()->hasFocus());
