@@ -128,8 +128,7 @@ void AccessibleEventsTest::whileNobodyListensNothingIsMade()
 
 void AccessibleEventsTest::aMessageIsAnnouncedAndTakenBack()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaMessageSheet sheet(VelaMessageSheet::WarningMessage, QStringLiteral("Careful"), QStringLiteral("It is hot."),
                            &window);
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
@@ -148,8 +147,7 @@ void AccessibleEventsTest::aMessageIsAnnouncedAndTakenBack()
 
 void AccessibleEventsTest::anInputSheetIsAnnounced()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaInputSheet sheet(QStringLiteral("Name"), &window);
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
     const Listener listener;

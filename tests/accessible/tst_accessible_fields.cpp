@@ -23,6 +23,7 @@ private Q_SLOTS:
     void initTestCase() { installReferenceTheme(); }
 
     void aCompoundFieldIsNamedByWhatKnowsMost();
+    void theTextBeforeAFieldMayBeItsBuddy();
     void aCompoundFieldHandsTheFocusOn();
     void aFieldThatLooksWrongSaysSo();
     void thePromptNamesTheFieldOfAnInputSheet();
@@ -61,6 +62,15 @@ void AccessibleFieldsTest::aCompoundFieldIsNamedByWhatKnowsMost()
     QCOMPARE(nameOf(field), QStringLiteral("compound"));
     field->setAccessibleName(QStringLiteral("field"));
     QCOMPARE(nameOf(field), QStringLiteral("field"));
+}
+
+void AccessibleFieldsTest::theTextBeforeAFieldMayBeItsBuddy()
+{
+    VelaLineEdit compound;
+    compound.getPreLabel()->setText(QStringLiteral("&Quota"));
+    compound.getPreLabel()->setBuddy(compound.getLineEdit());
+    QCOMPARE(nameOf(compound.getLineEdit()), QStringLiteral("Quota"));
+    QCOMPARE(number(spoken(compound.getPreLabel())->role()), number(QAccessible::StaticText));
 }
 
 void AccessibleFieldsTest::aCompoundFieldHandsTheFocusOn()

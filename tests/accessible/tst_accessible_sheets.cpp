@@ -142,8 +142,7 @@ void AccessibleSheetsTest::belowASheetNothingIsToldOf()
 
 void AccessibleSheetsTest::theUppermostOfSeveralSheetsIsToldOf()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaMessageSheet first(VelaMessageSheet::InfoMessage, QStringLiteral("first"), &window);
     VelaInputSheet second(QStringLiteral("second"), &window);
     VelaMask::createMask(&first, &window, QColor(0, 0, 0, 20));
@@ -159,8 +158,7 @@ void AccessibleSheetsTest::theUppermostOfSeveralSheetsIsToldOf()
 
 void AccessibleSheetsTest::aSheetThatWaitsIsModal()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, QStringLiteral("Text"), &window);
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
     QVERIFY(!spoken(&sheet)->state().modal);
@@ -175,8 +173,7 @@ void AccessibleSheetsTest::aSheetThatWaitsIsModal()
 
 void AccessibleSheetsTest::aSheetOfAnApplicationsOwnIsUppermostInItsMask()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     OwnSheet sheet(&window);
     sheet.setWindowTitle(QStringLiteral("own"));
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
@@ -188,8 +185,7 @@ void AccessibleSheetsTest::aSheetOfAnApplicationsOwnIsUppermostInItsMask()
 
 void AccessibleSheetsTest::masksThatAreLeftBehindAreNotToldOf()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     for (int i = 0; i < 3; ++i) {
         VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, QStringLiteral("Text"), &window);
         VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));
@@ -204,8 +200,7 @@ void AccessibleSheetsTest::masksThatAreLeftBehindAreNotToldOf()
 
 void AccessibleSheetsTest::nothingBelowAMaskIsFoundUnderThePointer()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     const QPoint field = window.above->mapToGlobal(QPoint(2, 2));
     QCOMPARE(spoken(&window)->childAt(field.x(), field.y()), spoken(window.above));
     VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, QStringLiteral("Text"), &window);
@@ -248,8 +243,7 @@ void AccessibleSheetsTest::everyKindOfWindowHoldsItsSheet()
 
 void AccessibleSheetsTest::aSheetIsReadFromTopToBottom()
 {
-    SheetWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<SheetWindow> window;
     VelaMessageSheet sheet(VelaMessageSheet::WarningQuestionMessage, QStringLiteral("Delete it?"), &window);
     sheet.setInformativeText(QStringLiteral("It cannot come back."));
     VelaMask::createMask(&sheet, &window, QColor(0, 0, 0, 20));

@@ -75,9 +75,9 @@ class MouseFiltersTest : public QObject
 
 private Q_SLOTS:
     void theFiltersHaveNoParentAndDeclareNothing();
-    void filtersConsumeTheirEventsAlone_data();
+    void filtersConsumeTheirEventsAlone_data() { addFilters(); }
     void filtersConsumeTheirEventsAlone();
-    void filtersLetTheRestReachAWidget_data();
+    void filtersLetTheRestReachAWidget_data() { addFilters(); }
     void filtersLetTheRestReachAWidget();
     void aButtonUnderAReleaseFilterIsPressedForGood();
     void aButtonUnderAButtonFilterIsLeftAlone();
@@ -91,11 +91,6 @@ void MouseFiltersTest::theFiltersHaveNoParentAndDeclareNothing()
     QCOMPARE(ownDeclarations(MouseReleaseFilter::staticMetaObject), QStringList());
 }
 
-void MouseFiltersTest::filtersConsumeTheirEventsAlone_data()
-{
-    addFilters();
-}
-
 void MouseFiltersTest::filtersConsumeTheirEventsAlone()
 {
     QFETCH(bool, isForReleases);
@@ -106,11 +101,6 @@ void MouseFiltersTest::filtersConsumeTheirEventsAlone()
         QEvent event(static_cast<QEvent::Type>(type));
         QVERIFY2(filter->eventFilter(&watched, &event) == consumed.contains(type), qPrintable(QString::number(type)));
     }
-}
-
-void MouseFiltersTest::filtersLetTheRestReachAWidget_data()
-{
-    addFilters();
 }
 
 void MouseFiltersTest::filtersLetTheRestReachAWidget()

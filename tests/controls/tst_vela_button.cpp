@@ -46,7 +46,7 @@ private Q_SLOTS:
     void anUnknownKindHasNoSheetAndIsNoError();
     void theKindMayBeLeftOut();
     void clicksAndKeysClickIt();
-    void itLooksLikeAPlainButtonOfTheSameSheet_data();
+    void itLooksLikeAPlainButtonOfTheSameSheet_data() { theKindDecidesTheSheet_data(); }
     void itLooksLikeAPlainButtonOfTheSameSheet();
 
     void withoutAParentItIsStyledToo_data();
@@ -160,11 +160,6 @@ void VelaButtonTest::clicksAndKeysClickIt()
     window.press();
     window.release();
     QCOMPARE(clicked.count(), 2);
-}
-
-void VelaButtonTest::itLooksLikeAPlainButtonOfTheSameSheet_data()
-{
-    theKindDecidesTheSheet_data();
 }
 
 void VelaButtonTest::itLooksLikeAPlainButtonOfTheSameSheet()

@@ -103,10 +103,8 @@ class VelaCheckBoxTest : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void withoutItsSheetItIsUnstyledAndLogged_data() { addKinds(); }
     void itTakesTextAndParentAndHasTheScaledSheetOfItsKey_data() { addKinds(); }
     void itTakesTextAndParentAndHasTheScaledSheetOfItsKey();
-    void theParentMayBeLeftOut_data() { addKinds(); }
     void allElseIsAsInItsBase_data() { addKinds(); }
     void allElseIsAsInItsBase();
     void aLaterSheetReplacesItsOwn_data() { addKinds(); }
@@ -233,9 +231,8 @@ void VelaCheckBoxTest::itLooksLikeItsBaseWithTheSameSheet()
 void VelaCheckBoxTest::theSheetDecidesTheIndicator()
 {
     QFETCH(int, kind);
-    ControlWindow window(create(kind).release());
+    Shown<ControlWindow> window(create(kind).release());
     auto *button = static_cast<QAbstractButton *>(window.control);
-    QVERIFY(window.showAndWait());
     const QPoint inIndicator(expectedPixels(5) + expectedPixels(22) / 2, button->height() / 2);
 
     QCOMPARE(paintedColor(button, QPoint(1, 1)), QColor(Qt::white));
@@ -310,9 +307,8 @@ void VelaCheckBoxTest::aClickChecksAndSignalsInOrder()
 
 void VelaCheckBoxTest::aCheckBoxWithThreeStatesGoesThroughThem()
 {
-    ControlWindow window(new VelaCheckBox(Caption));
+    Shown<ControlWindow> window(new VelaCheckBox(Caption));
     auto *checkBox = static_cast<VelaCheckBox *>(window.control);
-    QVERIFY(window.showAndWait());
     QVERIFY(!checkBox->isTristate());
     QVector<int> states;
     connect(checkBox, &VelaCheckBox::stateChanged, this, [&states](int state) { states.append(state); });
@@ -441,9 +437,8 @@ void VelaCheckBoxTest::aDisabledOneTakesNoClick()
 void VelaCheckBoxTest::theMnemonicClicksIt()
 {
     QFETCH(int, kind);
-    ControlWindow window(create(kind).release());
+    Shown<ControlWindow> window(create(kind).release());
     auto *button = static_cast<QAbstractButton *>(window.control);
-    QVERIFY(window.showAndWait());
     window.key(Qt::Key_C, Qt::AltModifier);
     QTRY_VERIFY(button->isChecked());
 }

@@ -250,9 +250,8 @@ void VelaComboBoxTest::theBorderIsPainted()
 
 void VelaComboBoxTest::thePaddingKeepsTheTextFromTheSides()
 {
-    ControlWindow window(new VelaComboBox);
+    Shown<ControlWindow> window(new VelaComboBox);
     auto *box = static_cast<VelaComboBox *>(window.control);
-    QVERIFY(window.showAndWait());
     QStyleOptionComboBox option;
     option.initFrom(box);
     const QRect field = box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);

@@ -353,9 +353,8 @@ void VelaLineEditTest::marginsOfFourAndASpacingOfFiveAtEachScale()
 
 void VelaLineEditTest::theTextIsThatOfTheField()
 {
-    ControlWindow window(new VelaLineEdit);
+    Shown<ControlWindow> window(new VelaLineEdit);
     auto *edit = static_cast<VelaLineEdit *>(window.control);
-    QVERIFY(window.showAndWait());
     window.click();
     QVERIFY(edit->getLineEdit()->hasFocus());
     window.type(QStringLiteral("typed"));
@@ -502,9 +501,8 @@ void VelaLineEditTest::validatingLeavesTheErrorAlone()
 
 void VelaLineEditTest::theErrorLookComesAndGoesAtOnce()
 {
-    ControlWindow window(new VelaLineEdit);
+    Shown<ControlWindow> window(new VelaLineEdit);
     auto *edit = static_cast<VelaLineEdit *>(window.control);
-    QVERIFY(window.showAndWait());
     QCOMPARE(paintedColor(edit->getLineEdit()), Plain);
     edit->setError(true);
     QCOMPARE(paintedColor(edit->getLineEdit()), Error);
@@ -558,9 +556,8 @@ void VelaLineEditTest::theFieldAloneIsPolishedAndNothingUnpolished_data()
 void VelaLineEditTest::theFieldAloneIsPolishedAndNothingUnpolished()
 {
     QFETCH(bool, error);
-    ControlWindow window(new VelaLineEdit);
+    Shown<ControlWindow> window(new VelaLineEdit);
     auto *edit = static_cast<VelaLineEdit *>(window.control);
-    QVERIFY(window.showAndWait());
     for (int repetition = 0; repetition < 2; ++repetition) {
         m_style->polished.clear();
         m_style->unpolished.clear();
@@ -613,9 +610,8 @@ void VelaLineEditTest::anErrorMayBeSetBeforeItIsShown()
 // A label's access key, or an application, gives the focus to the whole like this.
 void VelaLineEditTest::itHandsTheFocusToItsField()
 {
-    ControlWindow window(new VelaLineEdit);
+    Shown<ControlWindow> window(new VelaLineEdit);
     auto *edit = static_cast<VelaLineEdit *>(window.control);
-    QVERIFY(window.showAndWait());
     QVERIFY(!edit->getLineEdit()->hasFocus());
     edit->setFocus();
     QVERIFY(edit->getLineEdit()->hasFocus());

@@ -121,7 +121,7 @@ private Q_SLOTS:
     void aThemeWithErrorsIsNotChosen();
     void whatTheGalleryStylesItselfFollows();
     void focusedPicturesFollow();
-    void everyPageFollows_data();
+    void everyPageFollows_data() { everyPageOpens_data(); }
     void everyPageFollows();
     void aLanguageIsChosen();
     void theDirectionIsChosen();
@@ -388,11 +388,6 @@ void GalleryWindowTest::focusedPicturesFollow()
     choose("theme", QStringLiteral("Dark"));
     QCOMPARE(focused(), picture);
     QVERIFY(picture->styleSheet() != lightSheet);
-}
-
-void GalleryWindowTest::everyPageFollows_data()
-{
-    everyPageOpens_data();
 }
 
 // The page looks like one that is made afterwards. The windows are where no pointer is.

@@ -78,7 +78,7 @@ private Q_SLOTS:
 
     void aFrozenWidgetLooksLikeOneInThatState_data();
     void aFrozenWidgetLooksLikeOneInThatState();
-    void aFrozenWidgetStaysSoWhenItIsShownAgain_data();
+    void aFrozenWidgetStaysSoWhenItIsShownAgain_data() { aFrozenWidgetLooksLikeOneInThatState_data(); }
     void aFrozenWidgetStaysSoWhenItIsShownAgain();
     void aFrozenWidgetHeedsNeitherPointerNorKeyboard();
     void focusIsNotKnownWithoutAStyleSheet();
@@ -129,11 +129,6 @@ void WidgetStatesTest::aFrozenWidgetLooksLikeOneInThatState()
     const QImage inState = picture(real);
     QVERIFY(inState != atRest);
     QCOMPARE(picture(frozen), inState);
-}
-
-void WidgetStatesTest::aFrozenWidgetStaysSoWhenItIsShownAgain_data()
-{
-    aFrozenWidgetLooksLikeOneInThatState_data();
 }
 
 void WidgetStatesTest::aFrozenWidgetStaysSoWhenItIsShownAgain()

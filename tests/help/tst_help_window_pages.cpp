@@ -35,39 +35,29 @@ class HelpWindowPagesTest : public HelpTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPlainTextIsShownAsItIs_data();
+    void aPlainTextIsShownAsItIs_data() { addOnlineAndOffline(); }
     void aPlainTextIsShownAsItIs();
-    void aPageDoesNotEndAtANullByte_data();
+    void aPageDoesNotEndAtANullByte_data() { addOnlineAndOffline(); }
     void aPageDoesNotEndAtANullByte();
-    void aPageIsUtf8WhateverTheLocale_data();
+    void aPageIsUtf8WhateverTheLocale_data() { addOnlineAndOffline(); }
     void aPageIsUtf8WhateverTheLocale();
-    void aPageIsUtf8WhateverItDeclares_data();
+    void aPageIsUtf8WhateverItDeclares_data() { addOnlineAndOffline(); }
     void aPageIsUtf8WhateverItDeclares();
     void aByteOrderMarkOfAnOfflinePageCounts();
-    void imagesOfAPageAreThoseOfTheOfflineFolder_data();
+    void imagesOfAPageAreThoseOfTheOfflineFolder_data() { addOnlineAndOffline(); }
     void imagesOfAPageAreThoseOfTheOfflineFolder();
-    void linksOfAPageLeadIntoTheOfflineFolder_data();
+    void linksOfAPageLeadIntoTheOfflineFolder_data() { addOnlineAndOffline(); }
     void linksOfAPageLeadIntoTheOfflineFolder();
     void aLinkedPageIsWhatItDeclaresAndUtf8ByDefault_data();
     void aLinkedPageIsWhatItDeclaresAndUtf8ByDefault();
     void externalLinksAreOpenedOutside();
 };
 
-void HelpWindowPagesTest::aPlainTextIsShownAsItIs_data()
-{
-    addOnlineAndOffline();
-}
-
 void HelpWindowPagesTest::aPlainTextIsShownAsItIs()
 {
     QFETCH(bool, isOnline);
     const Help help(offer("2 < 3 & Grüße\nnext", isOnline));
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QStringLiteral("2 < 3 & Grüße\nnext"), Patience);
-}
-
-void HelpWindowPagesTest::aPageDoesNotEndAtANullByte_data()
-{
-    addOnlineAndOffline();
 }
 
 void HelpWindowPagesTest::aPageDoesNotEndAtANullByte()
@@ -78,11 +68,6 @@ void HelpWindowPagesTest::aPageDoesNotEndAtANullByte()
     QVERIFY2(help.text().endsWith(QStringLiteral("after")), qPrintable(help.text()));
 }
 
-void HelpWindowPagesTest::aPageIsUtf8WhateverTheLocale_data()
-{
-    addOnlineAndOffline();
-}
-
 void HelpWindowPagesTest::aPageIsUtf8WhateverTheLocale()
 {
     QFETCH(bool, isOnline);
@@ -91,11 +76,6 @@ void HelpWindowPagesTest::aPageIsUtf8WhateverTheLocale()
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
     const Help help(offer(page(Online), isOnline));
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), Online, Patience);
-}
-
-void HelpWindowPagesTest::aPageIsUtf8WhateverItDeclares_data()
-{
-    addOnlineAndOffline();
 }
 
 void HelpWindowPagesTest::aPageIsUtf8WhateverItDeclares()
@@ -114,11 +94,6 @@ void HelpWindowPagesTest::aByteOrderMarkOfAnOfflinePageCounts()
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), Offline, Patience);
 }
 
-void HelpWindowPagesTest::imagesOfAPageAreThoseOfTheOfflineFolder_data()
-{
-    addOnlineAndOffline();
-}
-
 void HelpWindowPagesTest::imagesOfAPageAreThoseOfTheOfflineFolder()
 {
     QFETCH(bool, isOnline);
@@ -130,11 +105,6 @@ void HelpWindowPagesTest::imagesOfAPageAreThoseOfTheOfflineFolder()
     help.show();
     QTRY_COMPARE_WITH_TIMEOUT(help.text(), QString(QChar::ObjectReplacementCharacter), Patience);
     QTRY_COMPARE_WITH_TIMEOUT(paintedColor(help.browser()->viewport(), QPoint(15, 20)), QColor(Qt::magenta), Patience);
-}
-
-void HelpWindowPagesTest::linksOfAPageLeadIntoTheOfflineFolder_data()
-{
-    addOnlineAndOffline();
 }
 
 void HelpWindowPagesTest::linksOfAPageLeadIntoTheOfflineFolder()

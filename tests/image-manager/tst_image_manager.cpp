@@ -89,7 +89,7 @@ private Q_SLOTS:
     void theFreeFunctionsForward();
     void aRequestCopiesNoPixels();
 
-    void aMissingVariantIsReplacedByTheNormalOneEachTime_data();
+    void aMissingVariantIsReplacedByTheNormalOneEachTime_data() { eachStateHasItsFile_data(); }
     void aMissingVariantIsReplacedByTheNormalOneEachTime();
     void withoutANormalImageAVariantStillWorks();
     void anUnlistedNameIsNullAndLogged();
@@ -107,7 +107,7 @@ private Q_SLOTS:
     void preloadingAgainLoadsEverythingAgain();
     void anyOtherTypeLoadsNothingEver_data();
     void anyOtherTypeLoadsNothingEver();
-    void nothingStaysInThePixmapCache_data();
+    void nothingStaysInThePixmapCache_data() { eachStateHasItsFile_data(); }
     void nothingStaysInThePixmapCache();
 
     void aNameListedTwiceIsOneImageReset();
@@ -352,11 +352,6 @@ void ImageManagerTest::aRequestCopiesNoPixels()
              getGlobalImage("bt", ImageManager::IMAGE_HOVER).cacheKey());
 }
 
-void ImageManagerTest::aMissingVariantIsReplacedByTheNormalOneEachTime_data()
-{
-    eachStateHasItsFile_data();
-}
-
 void ImageManagerTest::aMissingVariantIsReplacedByTheNormalOneEachTime()
 {
     QFETCH(InitializeType, type);
@@ -568,11 +563,6 @@ void ImageManagerTest::anyOtherTypeLoadsNothingEver()
         QVERIFY(getGlobalImage("bt", state).isNull());
     }
     QCOMPARE(log.takeTexts(), QStringList());
-}
-
-void ImageManagerTest::nothingStaysInThePixmapCache_data()
-{
-    eachStateHasItsFile_data();
 }
 
 void ImageManagerTest::nothingStaysInThePixmapCache()

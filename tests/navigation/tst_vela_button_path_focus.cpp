@@ -49,9 +49,9 @@ private Q_SLOTS:
     void tabVisitsTheNamesAndLeavesAtTheEnds();
     void arrowsTakeNoFocus();
     void cursorKeysGoFromNameToName();
-    void aNameThatTheKeyboardFindsIsInFullView_data();
+    void aNameThatTheKeyboardFindsIsInFullView_data() { addDirections(); }
     void aNameThatTheKeyboardFindsIsInFullView();
-    void aNameThatIsTooLongShowsItsBeginning_data();
+    void aNameThatIsTooLongShowsItsBeginning_data() { addDirections(); }
     void aNameThatIsTooLongShowsItsBeginning();
     void aPressMovesNoNameOutFromUnderTheMenu();
     void aClickThatRebuildsTheRowGivesNoNeighbourTheFocus();
@@ -131,11 +131,6 @@ void VelaButtonPathFocusTest::addDirections()
     QTest::newRow("right to left") << Qt::RightToLeft;
 }
 
-void VelaButtonPathFocusTest::aNameThatTheKeyboardFindsIsInFullView_data()
-{
-    addDirections();
-}
-
 void VelaButtonPathFocusTest::aNameThatTheKeyboardFindsIsInFullView()
 {
     QFETCH(Qt::LayoutDirection, direction);
@@ -174,11 +169,6 @@ void VelaButtonPathFocusTest::aNameThatTheKeyboardFindsIsInFullView()
         window.nameButton(1)->setFocus(Qt::ShortcutFocusReason); // the button of the current folder
         QVERIFY(isInFullView(window.nameButton(1)));
     }
-}
-
-void VelaButtonPathFocusTest::aNameThatIsTooLongShowsItsBeginning_data()
-{
-    addDirections();
 }
 
 void VelaButtonPathFocusTest::aNameThatIsTooLongShowsItsBeginning()

@@ -68,9 +68,9 @@ private Q_SLOTS:
     void aRefreshAsTheMenuClosesLosesNoChoice_data();
     void aRefreshAsTheMenuClosesLosesNoChoice();
 
-    void aSlotMayRefreshAndSoDeleteTheClickedButton_data();
+    void aSlotMayRefreshAndSoDeleteTheClickedButton_data() { addReactions(); }
     void aSlotMayRefreshAndSoDeleteTheClickedButton();
-    void aSlotMayRefreshAndSoDeleteTheChosenAction_data();
+    void aSlotMayRefreshAndSoDeleteTheChosenAction_data() { addReactions(); }
     void aSlotMayRefreshAndSoDeleteTheChosenAction();
     void aSlotMayClickTheRowThatItMade();
     void aSlotMayHaveTheBarDeletedLater();
@@ -184,11 +184,6 @@ void VelaButtonPathSlotsTest::checkAfterReaction(PathWindow *window, const QPoin
     QVERIFY(window->chosen.isEmpty());
 }
 
-void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheClickedButton_data()
-{
-    addReactions();
-}
-
 void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheClickedButton()
 {
     QFETCH(Reaction, react);
@@ -208,11 +203,6 @@ void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheClickedButton()
         }
         checkAfterReaction(&window, button.data(), path);
     }
-}
-
-void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction_data()
-{
-    addReactions();
 }
 
 void VelaButtonPathSlotsTest::aSlotMayRefreshAndSoDeleteTheChosenAction()

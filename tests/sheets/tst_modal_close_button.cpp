@@ -43,10 +43,10 @@ private Q_SLOTS:
     void closingTheWindowIsRefused();
     void theWindowCannotBeClosedAtFirst();
     void aRefusedCloseIsIgnoredAndConsumed();
-    void theWindowManagersRequestToCloseIsRefused_data();
+    void theWindowManagersRequestToCloseIsRefused_data() { closingTheWindowIsRefused_data(); }
     void theWindowManagersRequestToCloseIsRefused();
 
-    void theCloseButtonGoesAndComesBack_data();
+    void theCloseButtonGoesAndComesBack_data() { closingTheWindowIsRefused_data(); }
     void theCloseButtonGoesAndComesBack();
     void theCloseButtonComesBackWhenBlockingEndsMeanwhile();
     void theCloseButtonIsAwayUntilTheLastSheetIsAnswered_data();
@@ -127,11 +127,6 @@ void ModalCloseButtonTest::aRefusedCloseIsIgnoredAndConsumed()
     QVERIFY(close.isAccepted());
 }
 
-void ModalCloseButtonTest::theWindowManagersRequestToCloseIsRefused_data()
-{
-    closingTheWindowIsRefused_data();
-}
-
 void ModalCloseButtonTest::theWindowManagersRequestToCloseIsRefused()
 {
     if (!isOnX()) {
@@ -150,11 +145,6 @@ void ModalCloseButtonTest::theWindowManagersRequestToCloseIsRefused()
         shown.sheet.quit();
     });
     QCOMPARE(shown.window.closings, isBlocked ? 0 : 1);
-}
-
-void ModalCloseButtonTest::theCloseButtonGoesAndComesBack_data()
-{
-    closingTheWindowIsRefused_data();
 }
 
 void ModalCloseButtonTest::theCloseButtonGoesAndComesBack()

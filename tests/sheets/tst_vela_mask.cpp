@@ -117,13 +117,13 @@ private Q_SLOTS:
     void theClassesAddNothingToTheirBases();
     void aMaskIsAFrameInTheCoveredWidget();
 
-    void aNullContentYieldsNullAndNoMask_data();
+    void aNullContentYieldsNullAndNoMask_data() { addFactories(); }
     void aNullContentYieldsNullAndNoMask();
-    void aNullParentStandsForTheContentsParent_data();
+    void aNullParentStandsForTheContentsParent_data() { addFactories(); }
     void aNullParentStandsForTheContentsParent();
-    void noParentAtAllYieldsNull_data();
+    void noParentAtAllYieldsNull_data() { addFactories(); }
     void noParentAtAllYieldsNull();
-    void theContentIsReturnedAndNotTheMask_data();
+    void theContentIsReturnedAndNotTheMask_data() { addFactories(); }
     void theContentIsReturnedAndNotTheMask();
 
     void theContentIsAloneInAHorizontalLayout();
@@ -194,11 +194,6 @@ void VelaMaskTest::aMaskIsAFrameInTheCoveredWidget()
     QVERIFY(!other->isWindow());
 }
 
-void VelaMaskTest::aNullContentYieldsNullAndNoMask_data()
-{
-    addFactories();
-}
-
 void VelaMaskTest::aNullContentYieldsNullAndNoMask()
 {
     QFETCH(Factory, create);
@@ -208,11 +203,6 @@ void VelaMaskTest::aNullContentYieldsNullAndNoMask()
     QVERIFY(!create(nullptr, nullptr));
     QVERIFY(covered.children().isEmpty());
     QCOMPARE(log.takeTexts(), QStringList());
-}
-
-void VelaMaskTest::aNullParentStandsForTheContentsParent_data()
-{
-    addFactories();
 }
 
 void VelaMaskTest::aNullParentStandsForTheContentsParent()
@@ -225,11 +215,6 @@ void VelaMaskTest::aNullParentStandsForTheContentsParent()
     const auto *mask = covered.findChild<VelaMask *>(QString(), Qt::FindDirectChildrenOnly);
     QVERIFY(mask);
     QCOMPARE(content->parentWidget(), mask);
-}
-
-void VelaMaskTest::noParentAtAllYieldsNull_data()
-{
-    addFactories();
 }
 
 void VelaMaskTest::noParentAtAllYieldsNull()
@@ -245,11 +230,6 @@ void VelaMaskTest::noParentAtAllYieldsNull()
     }
     QCOMPARE(QApplication::allWidgets().count(), before.count());
     QCOMPARE(log.takeTexts(), QStringList());
-}
-
-void VelaMaskTest::theContentIsReturnedAndNotTheMask_data()
-{
-    addFactories();
 }
 
 void VelaMaskTest::theContentIsReturnedAndNotTheMask()
@@ -496,9 +476,8 @@ void VelaMaskTest::theMaskIsAsLargeAsTheWindow()
 
 void VelaMaskTest::theMaskFollowsTheWindowsSize()
 {
-    CoveredWindow window;
+    Shown<CoveredWindow> window;
     Panel *content = window.cover();
-    QVERIFY(window.showAndWait());
     for (const bool isShown : {true, false}) {
         content->setVisible(isShown);
         for (const QSize &size : {QSize(500, 400), QSize(200, 160), WindowSize}) {

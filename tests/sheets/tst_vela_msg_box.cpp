@@ -241,7 +241,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void aSheetShowsTheMessage_data();
+    void aSheetShowsTheMessage_data() { addShortcuts(); }
     void aSheetShowsTheMessage();
     void aSheetIgnoresTheTitle();
     void aSheetStandsInAMaskOverTheWindow_data();
@@ -254,17 +254,17 @@ private Q_SLOTS:
     void aSheetIsAnswered();
     void escapeOnAnInformationSheetIsSwallowed_data();
     void escapeOnAnInformationSheetIsSwallowed();
-    void aSheetTakesCustomCaptions_data();
+    void aSheetTakesCustomCaptions_data() { addCaptions(); }
     void aSheetTakesCustomCaptions();
     void theWindowStaysOpenUnderASheet();
     void aWindowThatDiesUnderASheetEndsTheCall();
 
-    void aBoxShowsTheMessage_data();
+    void aBoxShowsTheMessage_data() { addShortcuts(); }
     void aBoxShowsTheMessage();
     void aBoxIsAWindowOfItsOwn();
     void aBoxIsAnswered_data();
     void aBoxIsAnswered();
-    void aBoxTakesCustomCaptions_data();
+    void aBoxTakesCustomCaptions_data() { addCaptions(); }
     void aBoxTakesCustomCaptions();
     void theParentMayBeLeftOut();
 
@@ -312,11 +312,6 @@ void VelaMsgBoxTest::cleanup()
             QCOMPARE(message.text, QString());
         }
     }
-}
-
-void VelaMsgBoxTest::aSheetShowsTheMessage_data()
-{
-    addShortcuts();
 }
 
 void VelaMsgBoxTest::aSheetShowsTheMessage()
@@ -525,8 +520,7 @@ void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed_data()
 void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
 {
     QFETCH(const Shortcut *, shortcut);
-    MessageWindow window;
-    QVERIFY(window.showAndWait());
+    Shown<MessageWindow> window;
     EventCounter presses(&window, QEvent::KeyPress); // asked after the sheet's filter, which is installed later
     const int result = answer([&] { return shortcut->call(&window); },
                               [&] {
@@ -536,11 +530,6 @@ void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
                               });
     QCOMPARE(result, NoResult);
     QCOMPARE(presses.take(), 0);
-}
-
-void VelaMsgBoxTest::aSheetTakesCustomCaptions_data()
-{
-    addCaptions();
 }
 
 void VelaMsgBoxTest::aSheetTakesCustomCaptions()
@@ -580,11 +569,6 @@ void VelaMsgBoxTest::aWindowThatDiesUnderASheetEndsTheCall()
     QVERIFY(window->showAndWait());
     const int result = answer([&] { return showConfirmMsg(Title, Text, window.get()); }, [&] { window.reset(); });
     QCOMPARE(result, 0);
-}
-
-void VelaMsgBoxTest::aBoxShowsTheMessage_data()
-{
-    addShortcuts();
 }
 
 void VelaMsgBoxTest::aBoxShowsTheMessage()
@@ -660,11 +644,6 @@ void VelaMsgBoxTest::aBoxIsAnswered()
                                      }
                                  });
     QCOMPARE(result, expected);
-}
-
-void VelaMsgBoxTest::aBoxTakesCustomCaptions_data()
-{
-    addCaptions();
 }
 
 void VelaMsgBoxTest::aBoxTakesCustomCaptions()

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void aTextWithoutButtonsTakesAllClicksOnIt();
     void aNewTypeForgetsCustomCaptions();
     void aNewTypeKeepsTheTexts();
-    void aClickAfterNewTypesAnswersOnce_data();
+    void aClickAfterNewTypesAnswersOnce_data() { clicksAnswerWithTheCodes_data(); }
     void aClickAfterNewTypesAnswersOnce();
     void theTypeMayChangeWhileTheAnswerIsReported();
 
@@ -532,11 +532,6 @@ void VelaMessageSheetTest::aNewTypeKeepsTheTexts()
     QCOMPARE(Parts(sheet).text->text(), paragraph(24, QStringLiteral("text")));
     QCOMPARE(Parts(sheet).informative->text(), paragraph(20, QStringLiteral("more")));
     QVERIFY(outline(sheet.layout(), Parts(sheet)).contains(QLatin1String("informative")));
-}
-
-void VelaMessageSheetTest::aClickAfterNewTypesAnswersOnce_data()
-{
-    clicksAnswerWithTheCodes_data();
 }
 
 void VelaMessageSheetTest::aClickAfterNewTypesAnswersOnce()

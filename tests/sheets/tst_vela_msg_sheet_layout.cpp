@@ -49,7 +49,7 @@ private Q_SLOTS:
     void theTextIsWrappedAndScaled();
     void theTextLabelIsSetUpForReading();
     void theTextIsReplacedInItsLabel();
-    void theInformativeTextIsWrappedAndScaled_data();
+    void theInformativeTextIsWrappedAndScaled_data() { theTextIsWrappedAndScaled_data(); }
     void theInformativeTextIsWrappedAndScaled();
     void theInformativeLabelIsSetUpForReading();
     void theInformativeLabelTakesItsInteractionFromTheStyle_data();
@@ -526,11 +526,6 @@ void VelaMessageSheetLayoutTest::theTextIsReplacedInItsLabel()
     sheet.setText(QStringLiteral("other"));
     QCOMPARE(sheet.findChildren<MessageLabel *>(), QList<MessageLabel *> {const_cast<MessageLabel *>(label)});
     QCOMPARE(label->text(), paragraph(24, QStringLiteral("other")));
-}
-
-void VelaMessageSheetLayoutTest::theInformativeTextIsWrappedAndScaled_data()
-{
-    theTextIsWrappedAndScaled_data();
 }
 
 void VelaMessageSheetLayoutTest::theInformativeTextIsWrappedAndScaled()

@@ -33,7 +33,7 @@ private Q_SLOTS:
     void theFirstSendsNothing();
     void theNamesAreThoseOfAllEditions_data();
     void theNamesAreThoseOfAllEditions();
-    void aSenderSpeaksTheCommonProtocol_data();
+    void aSenderSpeaksTheCommonProtocol_data() { addMessages(); }
     void aSenderSpeaksTheCommonProtocol();
     void aSenderBelievesNothingButTheAcknowledgement_data();
     void aSenderBelievesNothingButTheAcknowledgement();
@@ -105,11 +105,6 @@ void QtLocalPeerTest::theNamesAreThoseOfAllEditions()
     const QString program = QCoreApplication::applicationFilePath();
     QtLocalPeer nameless;
     QVERIFY(QFileInfo::exists(lockPath(program, QStringLiteral("tstqtl"))));
-}
-
-void QtLocalPeerTest::aSenderSpeaksTheCommonProtocol_data()
-{
-    addMessages();
 }
 
 void QtLocalPeerTest::aSenderSpeaksTheCommonProtocol()

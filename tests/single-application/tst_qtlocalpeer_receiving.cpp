@@ -38,7 +38,7 @@ class QtLocalPeerReceivingTest : public PeerTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void aMessageIsReceivedAndAcknowledged_data();
+    void aMessageIsReceivedAndAcknowledged_data() { addMessages(); }
     void aMessageIsReceivedAndAcknowledged();
     void aMessageInPiecesIsReceivedWhole();
     void theLongestMessageIsReceived();
@@ -56,11 +56,6 @@ private Q_SLOTS:
     void aPeerThatClaimsTooMuchIsSentAway();
     void onlyAnIdlePeerIsSentAwayInTheEnd();
 };
-
-void QtLocalPeerReceivingTest::aMessageIsReceivedAndAcknowledged_data()
-{
-    addMessages();
-}
 
 void QtLocalPeerReceivingTest::aMessageIsReceivedAndAcknowledged()
 {

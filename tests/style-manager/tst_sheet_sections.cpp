@@ -114,7 +114,7 @@ private Q_SLOTS:
     void sectionsThatWereThereStay();
     void generatedTextsAreTheDefinitions_data();
     void generatedTextsAreTheDefinitions();
-    void rangesTellWhereCommentsAndSectionsStand_data();
+    void rangesTellWhereCommentsAndSectionsStand_data() { generatedTextsAreTheDefinitions_data(); }
     void rangesTellWhereCommentsAndSectionsStand();
     void hostileTextsTakeNoLongerThanTheirSize_data();
     void hostileTextsTakeNoLongerThanTheirSize();
@@ -258,11 +258,6 @@ void SheetSectionsTest::generatedTextsAreTheDefinitions()
             QCOMPARE(sectionsOf(plain), literal);
         }
     }
-}
-
-void SheetSectionsTest::rangesTellWhereCommentsAndSectionsStand_data()
-{
-    generatedTextsAreTheDefinitions_data();
 }
 
 void SheetSectionsTest::rangesTellWhereCommentsAndSectionsStand()

@@ -222,7 +222,7 @@ private Q_SLOTS:
 
     void theTreesCurrentRowHasARingWhileTheTreeHasTheFocus();
     void theTreesCheckBoxesAreTheThemes();
-    void theTreesBranchesAreTheThemes_data();
+    void theTreesBranchesAreTheThemes_data() { theErrorStandsAtTheTextsEnd_data(); }
     void theTreesBranchesAreTheThemes();
     void rowsThatCannotBeCheckedAreGrey();
 
@@ -423,11 +423,6 @@ void ThemeLooksTest::theTreesCheckBoxesAreTheThemes()
     tree.topLevelItem(0)->setCheckState(0, Qt::PartiallyChecked);
     QVERIFY(count(tree.rowPicture(0), Accent) > side * side / 2);
     QVERIFY(tree.rowPicture(0) != checked);
-}
-
-void ThemeLooksTest::theTreesBranchesAreTheThemes_data()
-{
-    theErrorStandsAtTheTextsEnd_data();
 }
 
 void ThemeLooksTest::theTreesBranchesAreTheThemes()

@@ -33,16 +33,16 @@ class ThemeMarkContrastTest : public ContrastTest
 private Q_SLOTS:
     void focusIsSeen_data();
     void focusIsSeen();
-    void focusOnASheetIsSeen_data();
+    void focusOnASheetIsSeen_data() { addSheets(); }
     void focusOnASheetIsSeen();
     void theCurrentRowOfATreeIsSeen();
-    void errorsAreSeen_data();
+    void errorsAreSeen_data() { addSurfaces({{"field", createFieldWithAnError}}); }
     void errorsAreSeen();
     void bordersOfFieldsAreSeen_data();
     void bordersOfFieldsAreSeen();
-    void indicatorsAreSeen_data();
+    void indicatorsAreSeen_data() { addSurfaces({{"check box", createCheckBox}, {"radio button", createRadioButton}}); }
     void indicatorsAreSeen();
-    void iconsAreSeen_data();
+    void iconsAreSeen_data() { addSurfaces({{"icon button", createIconButton}}); }
     void iconsAreSeen();
     void drawingsAreSeen_data();
     void drawingsAreSeen();
@@ -171,11 +171,6 @@ void ThemeMarkContrastTest::focusIsSeen()
     QCOMPARE(focusFaults(&stage, stage.surface()).join(u'\n'), QString());
 }
 
-void ThemeMarkContrastTest::focusOnASheetIsSeen_data()
-{
-    addSheets();
-}
-
 void ThemeMarkContrastTest::focusOnASheetIsSeen()
 {
     Shown<Stage> stage(createBody());
@@ -196,11 +191,6 @@ void ThemeMarkContrastTest::theCurrentRowOfATreeIsSeen()
     const QVector<ColorPair> pairs = differences(enlargedPicture(tree->viewport(), row), idle);
     QVERIFY(!pairs.isEmpty());
     QCOMPARE(fault(pairs.first(), VisibleContrast), QString());
-}
-
-void ThemeMarkContrastTest::errorsAreSeen_data()
-{
-    addSurfaces({{"field", createFieldWithAnError}});
 }
 
 void ThemeMarkContrastTest::errorsAreSeen()
@@ -245,11 +235,6 @@ void ThemeMarkContrastTest::bordersOfFieldsAreSeen()
     }
 }
 
-void ThemeMarkContrastTest::indicatorsAreSeen_data()
-{
-    addSurfaces({{"check box", createCheckBox}, {"radio button", createRadioButton}});
-}
-
 void ThemeMarkContrastTest::indicatorsAreSeen()
 {
     Shown<RowStage> stage;
@@ -282,11 +267,6 @@ void ThemeMarkContrastTest::indicatorsAreSeen()
             }
         }
     }
-}
-
-void ThemeMarkContrastTest::iconsAreSeen_data()
-{
-    addSurfaces({{"icon button", createIconButton}});
 }
 
 void ThemeMarkContrastTest::iconsAreSeen()

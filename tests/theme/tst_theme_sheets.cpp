@@ -177,7 +177,7 @@ private Q_SLOTS:
     void commentsStandOnLinesOfTheirOwn();
     void imageAddressesAreQuotedAndHoldNoLength();
     void imageAddressesResolve();
-    void theToolkitUnderstandsEverySection_data();
+    void theToolkitUnderstandsEverySection_data() { everyKeyHasOneSection_data(); }
     void theToolkitUnderstandsEverySection();
     void theComboBoxSectionIsATemplate();
     void textIsReadableInEveryState_data();
@@ -364,11 +364,6 @@ void TestThemeSheets::imageAddressesResolve()
             std::any_of(m_files.cbegin(), m_files.cend(), [&url](const QString &text) { return text.contains(url); }),
             qPrintable(url));
     }
-}
-
-void TestThemeSheets::theToolkitUnderstandsEverySection_data()
-{
-    everyKeyHasOneSection_data();
 }
 
 void TestThemeSheets::theToolkitUnderstandsEverySection()

@@ -37,7 +37,7 @@ class ThemeTextContrastTest : public ContrastTest
 private Q_SLOTS:
     void textsCanBeRead_data();
     void textsCanBeRead();
-    void textsOfSheetsCanBeRead_data();
+    void textsOfSheetsCanBeRead_data() { addSheets(); }
     void textsOfSheetsCanBeRead();
     void textsOfBoxesCanBeRead_data();
     void textsOfBoxesCanBeRead();
@@ -184,11 +184,6 @@ void ThemeTextContrastTest::textsCanBeRead()
 {
     Shown<RowStage> stage;
     QCOMPARE(textFaults(&stage).join(u'\n'), QString());
-}
-
-void ThemeTextContrastTest::textsOfSheetsCanBeRead_data()
-{
-    addSheets();
 }
 
 void ThemeTextContrastTest::textsOfSheetsCanBeRead()

@@ -379,8 +379,7 @@ void ItemDelegateTest::theLastCheckDrawnIsPublished()
 
 void ItemDelegateTest::theDrawnCheckShowsItsState()
 {
-    PlainTree tree(1);
-    QVERIFY(tree.showAndWait());
+    Shown<PlainTree> tree(1);
     tree.leaveBehind();
     QTreeWidgetItem *item = tree.topLevelItem(0);
     item->setCheckState(0, Qt::Checked);

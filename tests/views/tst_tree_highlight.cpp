@@ -20,6 +20,13 @@ namespace {
 const QColor Selected(0xd0, 0x40, 0x10);
 const QColor Hovered(0x10, 0x90, 0x60);
 
+// A tree whose highlights can be told apart.
+class ColoredTree : public PlainTree
+{
+public:
+    explicit ColoredTree(int rowCount = 6) : PlainTree(rowCount) { setBackgroundColor(Selected, Hovered); }
+};
+
 // What a tree of empty rows looks like when the rows of highlights have these colours.
 QImage expectedPicture(const PlainTree &tree, const QMap<int, QColor> &highlights)
 {
@@ -128,14 +135,14 @@ private Q_SLOTS:
     void theHighlightsRightMarginAndCornersStayFree();
     void theHighlightFollowsThePointer_data();
     void theHighlightFollowsThePointer();
-    void theWindowFollowsThePointer_data();
+    void theWindowFollowsThePointer_data() { theHighlightFollowsThePointer_data(); }
     void theWindowFollowsThePointer();
     void anOutlineStaysWhenItsNeighbourIsPaintedAlone();
     void theWindowFollowsTheSelection();
     void theWindowFollowsTheWheelUnderAPointerAtRest();
     void theWindowFollowsJumpsUnderAPointerAtRest_data();
     void theWindowFollowsJumpsUnderAPointerAtRest();
-    void aJumpLooksForNoMoreRowsThanInTheBase_data();
+    void aJumpLooksForNoMoreRowsThanInTheBase_data() { theWindowFollowsJumpsUnderAPointerAtRest_data(); }
     void aJumpLooksForNoMoreRowsThanInTheBase();
     void theWindowFollowsRowsThatMoveUnderAPointerAtRest_data();
     void theWindowFollowsRowsThatMoveUnderAPointerAtRest();
@@ -154,18 +161,14 @@ private Q_SLOTS:
 
 void TreeHighlightTest::nothingIsHighlightedWithoutSelectionOrPointer()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.leaveBehind();
     QCOMPARE(difference(tree.painted(), expectedPicture(tree, {})), QString());
 }
 
 void TreeHighlightTest::theRowUnderThePointerIsHighlighted()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     for (const int row : {0, 3, 5}) {
         tree.pointAt(tree.rowRect(row).center());
         QCOMPARE(difference(tree.painted(), expectedPicture(tree, {{row, Hovered}})), QString());
@@ -174,9 +177,7 @@ void TreeHighlightTest::theRowUnderThePointerIsHighlighted()
 
 void TreeHighlightTest::aSelectedRowHasTheSelectionsColorEvenUnderThePointer()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.topLevelItem(1)->setSelected(true);
     tree.topLevelItem(4)->setSelected(true);
     tree.pointAt(tree.rowRect(1).center());
@@ -188,8 +189,7 @@ void TreeHighlightTest::aSelectedRowHasTheSelectionsColorEvenUnderThePointer()
 
 void TreeHighlightTest::withoutColorsHighlightsAreBlackWithAWhiteOutline()
 {
-    PlainTree tree;
-    QVERIFY(tree.showAndWait());
+    Shown<PlainTree> tree;
     tree.topLevelItem(0)->setSelected(true);
     tree.pointAt(tree.rowRect(2).center());
     QCOMPARE(difference(tree.painted(), expectedPicture(tree, {{0, Qt::black}, {2, Qt::black}})), QString());
@@ -213,9 +213,7 @@ void TreeHighlightTest::translucentHighlightsLetTheGroundThroughAtAnyWidth()
 
 void TreeHighlightTest::theHighlightsRightMarginAndCornersStayFree()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.leaveBehind();
     tree.topLevelItem(1)->setSelected(true);
     const QRect row = tree.rowRect(1);
@@ -245,8 +243,7 @@ void TreeHighlightTest::theHighlightFollowsThePointer()
 {
     QFETCH(const int, frameWidth);
     QFETCH(const bool, isHeaderShown);
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree;
     tree.setHeaderHidden(!isHeaderShown);
     tree.setFrame(frameWidth);
     QVERIFY(tree.showAndWait());
@@ -278,17 +275,11 @@ void TreeHighlightTest::theHighlightFollowsThePointer()
     }
 }
 
-void TreeHighlightTest::theWindowFollowsThePointer_data()
-{
-    theHighlightFollowsThePointer_data();
-}
-
 void TreeHighlightTest::theWindowFollowsThePointer()
 {
     QFETCH(const int, frameWidth);
     QFETCH(const bool, isHeaderShown);
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree;
     tree.setHeaderHidden(!isHeaderShown);
     tree.setFrame(frameWidth);
     QVERIFY(tree.showAndWait());
@@ -309,9 +300,7 @@ void TreeHighlightTest::theWindowFollowsThePointer()
 
 void TreeHighlightTest::anOutlineStaysWhenItsNeighbourIsPaintedAlone()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.topLevelItem(1)->setSelected(true);
     tree.moveTo(tree.rowRect(4).center());
     const QMap<int, QColor> highlights {{1, Selected}, {4, Hovered}};
@@ -326,9 +315,7 @@ void TreeHighlightTest::anOutlineStaysWhenItsNeighbourIsPaintedAlone()
 
 void TreeHighlightTest::theWindowFollowsTheSelection()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.leaveBehind();
     for (const int row : {2, 0, 1, 5}) {
         tree.clearSelection();
@@ -342,8 +329,7 @@ void TreeHighlightTest::theWindowFollowsTheSelection()
 
 void TreeHighlightTest::theWindowFollowsTheWheelUnderAPointerAtRest()
 {
-    PlainTree tree(60);
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree(60);
     tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QVERIFY(tree.showAndWait());
@@ -371,8 +357,7 @@ void TreeHighlightTest::theWindowFollowsJumpsUnderAPointerAtRest_data()
 void TreeHighlightTest::theWindowFollowsJumpsUnderAPointerAtRest()
 {
     QFETCH(const QAbstractItemView::ScrollMode, mode);
-    PlainTree tree(3000);
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree(3000);
     tree.setVerticalScrollMode(mode);
     tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -395,11 +380,6 @@ void TreeHighlightTest::theWindowFollowsJumpsUnderAPointerAtRest()
     }
 }
 
-void TreeHighlightTest::aJumpLooksForNoMoreRowsThanInTheBase_data()
-{
-    theWindowFollowsJumpsUnderAPointerAtRest_data();
-}
-
 // Each look-up walks all rows between the one asked for and the last one asked for.
 void TreeHighlightTest::aJumpLooksForNoMoreRowsThanInTheBase()
 {
@@ -419,8 +399,7 @@ void TreeHighlightTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest_data()
 void TreeHighlightTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest()
 {
     QFETCH(const bool, isExpanded);
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree;
     tree.setAnimated(false);
     for (int i = 0; i < 3; ++i) {
         tree.topLevelItem(0)->addChild(new FileSystemTreeWidgetItem);
@@ -449,9 +428,7 @@ void TreeHighlightTest::theWindowFollowsRowsThatMoveUnderAPointerAtRest()
 // A part of the rows may be painted after the pointer has moved and before the tree has heard of it.
 void TreeHighlightTest::theWindowFollowsAPointerThatIsAheadOfItsEvents()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.moveTo(tree.rowRect(1).center());
     QTRY_COMPARE(difference(tree.shown(), expectedPicture(tree, {{1, Hovered}})), QString());
     for (const int row : {4, 2}) {
@@ -524,8 +501,7 @@ void TreeHighlightTest::aRowDrawnOutsideOfAPaintLooksForThePointer()
 
 void TreeHighlightTest::theWindowFollowsScrollingSideways()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree;
     tree.header()->setStretchLastSection(false);
     QVERIFY(tree.showAndWait());
     tree.setColumnWidth(0, 3000);
@@ -542,8 +518,7 @@ void TreeHighlightTest::theWindowFollowsScrollingSideways()
 
 void TreeHighlightTest::aRowOfWhichOnlySomeCellsAreSelectedIsNot()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree;
     tree.setColumnCount(2);
     tree.setSelectionBehavior(QAbstractItemView::SelectItems);
     QVERIFY(tree.showAndWait());
@@ -557,8 +532,7 @@ void TreeHighlightTest::aRowOfWhichOnlySomeCellsAreSelectedIsNot()
 
 void TreeHighlightTest::childrenAreHighlightedByThemselves()
 {
-    PlainTree tree(2);
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree(2);
     auto *child = new FileSystemTreeWidgetItem;
     tree.topLevelItem(0)->addChild(child);
     tree.expandAll();
@@ -576,9 +550,7 @@ void TreeHighlightTest::childrenAreHighlightedByThemselves()
 
 void TreeHighlightTest::theContentIsPaintedOnTheHighlight()
 {
-    PlainTree tree;
-    tree.setBackgroundColor(Selected, Hovered);
-    QVERIFY(tree.showAndWait());
+    Shown<ColoredTree> tree;
     tree.leaveBehind();
     QPalette colors = tree.palette();
     colors.setColor(QPalette::Highlight, Qt::magenta);
@@ -589,8 +561,7 @@ void TreeHighlightTest::theContentIsPaintedOnTheHighlight()
 
 void TreeHighlightTest::highlightsAreScrolledWithTheirRows()
 {
-    PlainTree tree(40);
-    tree.setBackgroundColor(Selected, Hovered);
+    ColoredTree tree(40);
     tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QVERIFY(tree.showAndWait());

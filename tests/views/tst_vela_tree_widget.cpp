@@ -50,7 +50,7 @@ private Q_SLOTS:
     void focusMakesTheTopmostVisibleItemCurrent_data();
     void focusMakesTheTopmostVisibleItemCurrent();
     void focusInAnEmptyTreeLeavesNoItemCurrent();
-    void focusTellsOfTheCurrentItemAnew_data();
+    void focusTellsOfTheCurrentItemAnew_data() { focusMakesTheTopmostVisibleItemCurrent_data(); }
     void focusTellsOfTheCurrentItemAnew();
     void focusShrinksASelectionOfSeveralRows();
     void aClickThatGivesTheFocusHitsItsRow_data();
@@ -268,11 +268,6 @@ void VelaTreeWidgetTest::focusInAnEmptyTreeLeavesNoItemCurrent()
     QVERIFY(window.tree->hasFocus());
     QVERIFY(!window.tree->currentItem());
     QCOMPARE(spy.count(), 0);
-}
-
-void VelaTreeWidgetTest::focusTellsOfTheCurrentItemAnew_data()
-{
-    focusMakesTheTopmostVisibleItemCurrent_data();
 }
 
 void VelaTreeWidgetTest::focusTellsOfTheCurrentItemAnew()
