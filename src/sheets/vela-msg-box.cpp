@@ -15,25 +15,20 @@ using namespace Vela;
 
 namespace {
 
-// A kind of message where there is no window to show it in.
-struct BoxLook
+// A kind of message: its sheet, and its box where there is no window to show a sheet in.
+struct Kind
 {
-    QMessageBox::Icon icon;
-    QMessageBox::StandardButtons buttons;
-    Style style;
+    VelaMessageSheet::MessageType sheet;
+    QMessageBox::Icon boxIcon;
+    QMessageBox::StandardButtons boxButtons;
+    Style boxStyle;
 };
 
-const BoxLook InfoBox {QMessageBox::Information, QMessageBox::Ok, Style::InfoBox};
-const BoxLook WarningBox {QMessageBox::Warning, QMessageBox::Ok, Style::WarningBox};
-const BoxLook ConfirmBox {QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, Style::ConfirmBox};
-const BoxLook UpgradingBox {QMessageBox::Warning, QMessageBox::Ok, Style::UpgradingBox};
-
-int runSheet(VelaMessageSheet &sheet, QWidget *parent)
-{
-    VelaMask::createMask(&sheet, parent->window(), Look::color(Color::Mask));
-    sheet.button(QMessageBox::Ok)->setFixedHeight(scaled(Metric::ButtonHeight));
-    return sheet.exec();
-}
+const Kind Info {VelaMessageSheet::InfoMessage, QMessageBox::Information, QMessageBox::Ok, Style::InfoBox};
+const Kind Warning {VelaMessageSheet::WarningMessage, QMessageBox::Warning, QMessageBox::Ok, Style::WarningBox};
+const Kind Confirm {VelaMessageSheet::QuestionMessage, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
+                    Style::ConfirmBox};
+const Kind Upgrading {VelaMessageSheet::UpgradeMessage, QMessageBox::Warning, QMessageBox::Ok, Style::UpgradingBox};
 
 // A box that follows a change of the look while it is up.
 class MessageBox : public QMessageBox
@@ -75,50 +70,53 @@ void setUpButton(QAbstractButton *button, const QString &customCaption, Text cap
     }
 }
 
-int runBox(const BoxLook &look, const QString &title, const QString &text, const QString &informativeText = QString(),
+int runBox(const Kind &kind, const QString &title, const QString &text, const QString &informativeText = QString(),
            const MsgBoxCustomBtnText &captions = {QString(), QString()})
 {
-    MessageBox box(look.style);
-    box.setIcon(look.icon);
+    MessageBox box(kind.boxStyle);
+    box.setIcon(kind.boxIcon);
     box.setWindowTitle(title);
     box.setText(text);
     box.setInformativeText(informativeText);
-    box.setStandardButtons(look.buttons);
+    box.setStandardButtons(kind.boxButtons);
     setUpButton(box.button(QMessageBox::Ok), captions.okText, Text::Ok, Style::ApplyButton);
     setUpButton(box.button(QMessageBox::Cancel), captions.cancelText, Text::Cancel, Style::CancelButton);
     return box.exec();
+}
+
+int runBox(const Kind &kind, const QString &title, const QString &text, const MsgBoxCustomBtnText &captions)
+{
+    return runBox(kind, title, text, QString(), captions);
+}
+
+// A title stands on boxes only. What comes behind the text is an informative text or captions, or nothing.
+template<typename... Rest>
+int run(const Kind &kind, QWidget *parent, const QString &title, const QString &text, const Rest &...rest)
+{
+    if (!parent) {
+        return runBox(kind, title, text, rest...);
+    }
+    VelaMessageSheet sheet(kind.sheet, text, rest..., parent);
+    VelaMask::createMask(&sheet, parent->window(), Look::color(Color::Mask));
+    sheet.button(QMessageBox::Ok)->setFixedHeight(scaled(Metric::ButtonHeight));
+    return sheet.exec();
 }
 
 } // namespace
 
 void showInfoMsg(const QString &title, const QString &text, QWidget *parent)
 {
-    if (!parent) {
-        runBox(InfoBox, title, text);
-        return;
-    }
-    VelaMessageSheet sheet(VelaMessageSheet::InfoMessage, text, parent);
-    runSheet(sheet, parent);
+    run(Info, parent, title, text);
 }
 
 void showWarningMsg(const QString &title, const QString &text, QWidget *parent)
 {
-    if (!parent) {
-        runBox(WarningBox, title, text);
-        return;
-    }
-    VelaMessageSheet sheet(VelaMessageSheet::WarningMessage, text, parent);
-    runSheet(sheet, parent);
+    run(Warning, parent, title, text);
 }
 
 void showWarningMsg(const QString &title, const QString &text, const QString &informativeText, QWidget *parent)
 {
-    if (!parent) {
-        runBox(WarningBox, title, text, informativeText);
-        return;
-    }
-    VelaMessageSheet sheet(VelaMessageSheet::WarningMessage, text, informativeText, parent);
-    runSheet(sheet, parent);
+    run(Warning, parent, title, text, informativeText);
 }
 
 int showConfirmMsg(const QString &title, const QString &text, QWidget *parent)
@@ -129,19 +127,10 @@ int showConfirmMsg(const QString &title, const QString &text, QWidget *parent)
 int showConfirmMsgCustomBtn(const QString &title, const QString &text, const MsgBoxCustomBtnText &captions,
                             QWidget *parent)
 {
-    if (!parent) {
-        return runBox(ConfirmBox, title, text, QString(), captions);
-    }
-    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, text, captions, parent);
-    return runSheet(sheet, parent);
+    return run(Confirm, parent, title, text, captions);
 }
 
 void showUpgradingMsg(const QString &title, const QString &text, QWidget *parent)
 {
-    if (!parent) {
-        runBox(UpgradingBox, title, text);
-        return;
-    }
-    VelaMessageSheet sheet(VelaMessageSheet::UpgradeMessage, text, parent);
-    runSheet(sheet, parent);
+    run(Upgrading, parent, title, text);
 }
