@@ -147,13 +147,11 @@ private Q_SLOTS:
     void showSheetReturnsAtOnceAndFocusesTheLineEdit();
     void execFocusesTheSheetAndThenTheLineEdit();
     void theLineEditKeepsWhatIsTyped();
-    void theContentStaysAfterCancel();
     void theLineEditIsTheCallersToSetUp();
     void tabKeysThatReachTheWindowMoveNothing();
     void keysAreSwallowedWhileItIsHiddenToo();
 
     void itCanBeAskedAgain();
-    void aDyingWindowAnswers();
 
 private:
     ResourceFolder m_folder;
@@ -439,19 +437,6 @@ void VelaInputSheetTest::theLineEditKeepsWhatIsTyped()
     QCOMPARE(sheet.getContent(), QStringLiteral("wo words"));
 }
 
-void VelaInputSheetTest::theContentStaysAfterCancel()
-{
-    PromptWindow window;
-    VelaInputSheet sheet(Prompt, &window);
-    QVERIFY(window.showAndWait());
-    const int result = execute(&sheet, [&] {
-        window.type(QStringLiteral("typed"));
-        window.key(Qt::Key_Escape);
-    });
-    QCOMPARE(result, CancelCode);
-    QCOMPARE(sheet.getContent(), QStringLiteral("typed"));
-}
-
 void VelaInputSheetTest::theLineEditIsTheCallersToSetUp()
 {
     PromptWindow window;
@@ -520,17 +505,6 @@ void VelaInputSheetTest::itCanBeAskedAgain()
                      }),
              OkCode);
     QCOMPARE(sheet.getContent(), QStringLiteral("one two"));
-}
-
-void VelaInputSheetTest::aDyingWindowAnswers()
-{
-    auto window = std::make_unique<PromptWindow>();
-    VelaInputSheet sheet(Prompt, window.get());
-    QVERIFY(window->showAndWait());
-    sheet.getLineEdit()->setText(QStringLiteral("kept"));
-    QCOMPARE(execute(&sheet, [&] { window.reset(); }), 0);
-    QVERIFY(!window);
-    QCOMPARE(sheet.getContent(), QStringLiteral("kept")); // the sheet is its caller's
 }
 
 void VelaInputSheetTest::gettersGiveBackWhatWasSet()

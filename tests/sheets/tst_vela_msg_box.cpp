@@ -246,17 +246,13 @@ private Q_SLOTS:
     void aSheetIgnoresTheTitle();
     void aSheetStandsInAMaskOverTheWindow_data();
     void aSheetStandsInAMaskOverTheWindow();
-    void theMaskDimsTheWindowSlightly();
     void theWidthIsThatOfTheParentAndNotOfTheWindow_data();
     void theWidthIsThatOfTheParentAndNotOfTheWindow();
     void eachCallLeavesOneHiddenEmptyMask();
     void aSheetIsAnswered_data();
     void aSheetIsAnswered();
-    void escapeOnAnInformationSheetIsSwallowed_data();
-    void escapeOnAnInformationSheetIsSwallowed();
     void aSheetTakesCustomCaptions_data() { addCaptions(); }
     void aSheetTakesCustomCaptions();
-    void theWindowStaysOpenUnderASheet();
     void aWindowThatDiesUnderASheetEndsTheCall();
 
     void aBoxShowsTheMessage_data() { addShortcuts(); }
@@ -404,20 +400,6 @@ void VelaMsgBoxTest::aSheetStandsInAMaskOverTheWindow()
            });
 }
 
-void VelaMsgBoxTest::theMaskDimsTheWindowSlightly()
-{
-    Shown<MessageWindow> window;
-    const QColor plain = paintedColor(&window, QPoint(2, 2));
-    answer([&] { return Shortcuts[0].call(&window); },
-           [&] {
-               const QColor dimmed = paintedColor(&window, QPoint(2, 2));
-               QVERIFY(plain.green() > 200);
-               QVERIFY(qAbs(dimmed.green() - plain.green() * 235 / 255) <= 1);
-               window.sheet()->quit();
-           });
-    QCOMPARE(paintedColor(&window, QPoint(2, 2)), plain);
-}
-
 void VelaMsgBoxTest::theWidthIsThatOfTheParentAndNotOfTheWindow_data()
 {
     QTest::addColumn<int>("window");
@@ -509,29 +491,6 @@ void VelaMsgBoxTest::aSheetIsAnswered()
     QCOMPARE(result, expected);
 }
 
-void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed_data()
-{
-    QTest::addColumn<const Shortcut *>("shortcut");
-    for (int i = 0; i < 3; ++i) {
-        QTest::newRow(Shortcuts[i].name) << &Shortcuts[i];
-    }
-}
-
-void VelaMsgBoxTest::escapeOnAnInformationSheetIsSwallowed()
-{
-    QFETCH(const Shortcut *, shortcut);
-    Shown<MessageWindow> window;
-    EventCounter presses(&window, QEvent::KeyPress); // asked after the sheet's filter, which is installed later
-    const int result = answer([&] { return shortcut->call(&window); },
-                              [&] {
-                                  window.key(Qt::Key_Escape);
-                                  QVERIFY(window.sheet());
-                                  window.key(Qt::Key_Return);
-                              });
-    QCOMPARE(result, NoResult);
-    QCOMPARE(presses.take(), 0);
-}
-
 void VelaMsgBoxTest::aSheetTakesCustomCaptions()
 {
     QFETCH(QString, okText);
@@ -547,20 +506,6 @@ void VelaMsgBoxTest::aSheetTakesCustomCaptions()
                    clickOn(sheet->button(QMessageBox::Discard));
                });
     QCOMPARE(result, DiscardCode);
-}
-
-void VelaMsgBoxTest::theWindowStaysOpenUnderASheet()
-{
-    Shown<MessageWindow> window;
-    bool wasClosed = true;
-    answer([&] { return Shortcuts[0].call(&window); },
-           [&] {
-               wasClosed = window.close();
-               window.sheet()->quit();
-           });
-    QVERIFY(!wasClosed);
-    QVERIFY(window.isVisible());
-    QVERIFY(window.close());
 }
 
 void VelaMsgBoxTest::aWindowThatDiesUnderASheetEndsTheCall()

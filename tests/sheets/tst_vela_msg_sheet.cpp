@@ -23,8 +23,6 @@ private Q_SLOTS:
     void valuesOutsideHaveNeitherIconNorButtons();
     void captionsComeFromTheCallerOrFromTheTexts_data();
     void captionsComeFromTheCallerOrFromTheTexts();
-    void clicksAnswerWithTheCodes_data();
-    void clicksAnswerWithTheCodes();
 
     void aSheetOfATypeHasAnEmptyText();
     void aSheetWithATextShowsIt();
@@ -53,7 +51,7 @@ private Q_SLOTS:
     void aTextWithoutButtonsTakesAllClicksOnIt();
     void aNewTypeForgetsCustomCaptions();
     void aNewTypeKeepsTheTexts();
-    void aClickAfterNewTypesAnswersOnce_data() { clicksAnswerWithTheCodes_data(); }
+    void aClickAfterNewTypesAnswersOnce_data();
     void aClickAfterNewTypesAnswersOnce();
     void theTypeMayChangeWhileTheAnswerIsReported();
 
@@ -215,33 +213,6 @@ void VelaMessageSheetTest::captionsComeFromTheCallerOrFromTheTexts()
         const VelaMessageSheet plain(type, QStringLiteral("text"), &host);
         QTEST(plain.button(QMessageBox::Ok)->text(), "okCaption");
     }
-}
-
-void VelaMessageSheetTest::clicksAnswerWithTheCodes_data()
-{
-    QTest::addColumn<QMessageBox::StandardButton>("which");
-    QTest::addColumn<int>("code");
-    QTest::newRow("ok") << QMessageBox::Ok << 1024;
-    QTest::newRow("cancel") << QMessageBox::Discard << 8388608;
-}
-
-void VelaMessageSheetTest::clicksAnswerWithTheCodes()
-{
-    QFETCH(QMessageBox::StandardButton, which);
-    QFETCH(int, code);
-    Host host;
-    host.show();
-    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &host);
-    const QSignalSpy finished(&sheet, &VelaSheet::finished);
-    sheet.showSheet();
-    sheet.button(which)->click();
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(finished.first(), QVariantList {code});
-    QVERIFY(!sheet.isVisible());
-
-    sheet.buttonClick(sheet.button(which));
-    QCOMPARE(finished.count(), 2);
-    QCOMPARE(finished.last(), QVariantList {code});
 }
 
 void VelaMessageSheetTest::aSheetOfATypeHasAnEmptyText()
@@ -532,6 +503,14 @@ void VelaMessageSheetTest::aNewTypeKeepsTheTexts()
     QCOMPARE(Parts(sheet).text->text(), paragraph(24, QStringLiteral("text")));
     QCOMPARE(Parts(sheet).informative->text(), paragraph(20, QStringLiteral("more")));
     QVERIFY(outline(sheet.layout(), Parts(sheet)).contains(QLatin1String("informative")));
+}
+
+void VelaMessageSheetTest::aClickAfterNewTypesAnswersOnce_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("which");
+    QTest::addColumn<int>("code");
+    QTest::newRow("ok") << QMessageBox::Ok << 1024;
+    QTest::newRow("cancel") << QMessageBox::Discard << 8388608;
 }
 
 void VelaMessageSheetTest::aClickAfterNewTypesAnswersOnce()

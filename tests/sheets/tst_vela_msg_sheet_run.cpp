@@ -104,7 +104,6 @@ private Q_SLOTS:
     void escapeOnAnInformationSheetIsSwallowed();
     void enterOnAProcessingSheetIsSwallowed();
     void aHiddenSheetLetsKeysPass();
-    void anAnswerEmitsFinishedOnceAfterTheTypeWasSetAgain();
     void tabAndBacktabStayInTheSheet_data();
     void tabAndBacktabStayInTheSheet();
     void aTabForTheWindowGoesToTheFirstAndABacktabToTheLast();
@@ -236,17 +235,6 @@ void VelaMessageSheetRunTest::aHiddenSheetLetsKeysPass()
     shown.sheet->hide();
     shown.window.send(Qt::Key_A);
     QCOMPARE(shown.window.keys, 1);
-}
-
-void VelaMessageSheetRunTest::anAnswerEmitsFinishedOnceAfterTheTypeWasSetAgain()
-{
-    ShownMessage shown;
-    for (int i = 0; i < 3; ++i) {
-        shown.sheet->setMessageType(VelaMessageSheet::WarningQuestionMessage);
-    }
-    QSignalSpy finished(shown.sheet.get(), &VelaSheet::finished);
-    QCOMPARE(shown.execute([&] { shown.window.click(shown.cancel()); }), CancelCode);
-    QCOMPARE(finished.count(), 1);
 }
 
 void VelaMessageSheetRunTest::tabAndBacktabStayInTheSheet_data()
