@@ -53,6 +53,15 @@ QHash<QString, int> linesOfHeaders(const QByteArray &sheets)
     return found;
 }
 
+QString whyUnreadable(const QFile &file)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.exists()) {
+        return QStringLiteral("there is no such file");
+    }
+    return info.isFile() ? file.errorString() : QStringLiteral("this is no file");
+}
+
 } // namespace
 
 ThemeFolder::ThemeFolder(QString folder, QString tempImageFolder) :
@@ -97,9 +106,7 @@ std::optional<QByteArray> ThemeFolder::readFile(const QString &file)
 {
     QFile device(file);
     if (!QFileInfo(file).isFile() || !device.open(QIODevice::ReadOnly)) {
-        add(Problem::Error, file, 0,
-            QStringLiteral("Cannot be read: %1")
-                .arg(QFileInfo::exists(file) ? device.errorString() : QStringLiteral("there is no such file")));
+        add(Problem::Error, file, 0, QStringLiteral("Cannot be read: %1").arg(whyUnreadable(device)));
         return {};
     }
     return device.readAll();
@@ -247,7 +254,7 @@ void ThemeFolder::readSheets()
         const QString file = folder.filePath(name);
         QFile device(file);
         if (!QFileInfo(file).isFile() || !device.open(QIODevice::ReadOnly)) {
-            add(Problem::Error, file, 0, QStringLiteral("Cannot be read: %1").arg(device.errorString()));
+            add(Problem::Error, file, 0, QStringLiteral("Cannot be read: %1").arg(whyUnreadable(device)));
             return;
         }
         files.append({file, ::readSheets(device)});
@@ -308,9 +315,10 @@ void ThemeFolder::readLook()
         return;
     }
     if (const std::optional<JsonFile> look = readJson(file)) {
-        m_look = ThemeLook(look->object, [this, &file, &look](const QString &key, const QString &text) {
-            add(Problem::Warning, file, lineOfName(look->bytes, key), text);
-        });
+        m_look = ThemeLook(look->object,
+                           [this, &file, &look](ThemeLook::Fault, const QStringList &path, const QString &text) {
+                               add(Problem::Warning, file, lineOfName(look->bytes, path.last()), text);
+                           });
     }
 }
 

@@ -31,8 +31,6 @@ public:
     const ThemeLook &look() const { return m_look; }
     const VelaTheme::Problems &problems() const { return m_problems; }
 
-    QString imageFolder() const;
-
 private:
     using Severity = VelaTheme::Problem::Severity;
 
@@ -50,6 +48,7 @@ private:
 
     void add(Severity severity, const QString &file, int line, const QString &text);
     QString path(const QString &name) const;
+    QString imageFolder() const;
     std::optional<QByteArray> readFile(const QString &file);
     std::optional<JsonFile> readJson(const QString &file);
     void addTexts(const QString &language);

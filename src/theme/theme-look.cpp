@@ -13,6 +13,8 @@ namespace Vela {
 
 namespace {
 
+using Fault = ThemeLook::Fault;
+
 struct Role
 {
     const char *key;
@@ -74,23 +76,41 @@ QColor colorIn(const QJsonValue &value, const QString &key, const ThemeLook::Com
 {
     const QColor color(value.toString());
     if (!color.isValid()) {
-        complaint(key, QStringLiteral("\"%1\" is no colour").arg(key));
+        complaint(Fault::Color, {key}, QStringLiteral("\"%1\" is no colour").arg(key));
     }
     return color;
 }
 
 void complainOfKey(const QString &key, const ThemeLook::Complaint &complaint)
 {
-    complaint(key, QStringLiteral("\"%1\" has no meaning here").arg(key));
+    complaint(Fault::Key, {key}, QStringLiteral("\"%1\" has no meaning here").arg(key));
 }
 
 // The objects that each key must have as its value.
 QJsonObject objectIn(const QJsonValue &value, const QString &key, const ThemeLook::Complaint &complaint)
 {
     if (!value.isObject()) {
-        complaint(key, QStringLiteral("\"%1\" is no object").arg(key));
+        complaint(Fault::Value, {key}, QStringLiteral("\"%1\" is no object").arg(key));
     }
     return value.toObject();
+}
+
+// Of what stands in the object under key.
+ThemeLook::Complaint within(const QString &key, const ThemeLook::Complaint &complaint)
+{
+    return [key, complaint](Fault fault, const QStringList &path, const QString &text) {
+        complaint(fault, QStringList(key) + path, text);
+    };
+}
+
+template<typename Entries>
+QStringList keysOf(const Entries &entries)
+{
+    QStringList keys;
+    for (const auto &entry : entries) {
+        keys.append(QString::fromLatin1(entry.key));
+    }
+    return keys;
 }
 
 } // namespace
@@ -100,17 +120,34 @@ ThemeLook::ThemeLook(const QJsonObject &object, const Complaint &complaint)
     for (auto it = object.begin(); it != object.end(); ++it) {
         const QString key = it.key();
         if (key == QLatin1String("palette")) {
-            readPalette(objectIn(it.value(), key, complaint), QPalette::All, complaint);
+            readPalette(objectIn(it.value(), key, complaint), QPalette::All, within(key, complaint));
         } else if (key == QLatin1String("font")) {
-            readFont(objectIn(it.value(), key, complaint), complaint);
+            readFont(objectIn(it.value(), key, complaint), within(key, complaint));
         } else if (key == QLatin1String("tool_tip")) {
-            readToolTip(objectIn(it.value(), key, complaint), complaint);
+            readToolTip(objectIn(it.value(), key, complaint), within(key, complaint));
         } else if (key == QLatin1String("colors")) {
-            readColors(objectIn(it.value(), key, complaint), complaint);
+            readColors(objectIn(it.value(), key, complaint), within(key, complaint));
         } else {
             complainOfKey(key, complaint);
         }
     }
+}
+
+QStringList ThemeLook::keys(const QStringList &path)
+{
+    const QString palette = QStringLiteral("palette");
+    const QStringList groups = {QStringLiteral("disabled"), QStringLiteral("inactive")};
+    const QString object = path.value(0);
+    if (path.isEmpty()) {
+        return {palette, QStringLiteral("font"), QStringLiteral("tool_tip"), QStringLiteral("colors")};
+    }
+    if (object == palette) {
+        return keysOf(Roles) + (path.size() == 1 ? groups : QStringList());
+    }
+    if (object == QLatin1String("font")) {
+        return {QStringLiteral("family"), QStringLiteral("point_size"), QStringLiteral("weight")};
+    }
+    return object == QLatin1String("tool_tip") ? keysOf(ToolTipRoles) : keysOf(ColorEntries);
 }
 
 // The groups come after what holds for all of them.
@@ -132,10 +169,12 @@ void ThemeLook::readPalette(const QJsonObject &object, QPalette::ColorGroup grou
         }
     }
     if (hasGroups && object.contains(disabled)) {
-        readPalette(objectIn(object.value(disabled), disabled, complaint), QPalette::Disabled, complaint);
+        readPalette(objectIn(object.value(disabled), disabled, complaint), QPalette::Disabled,
+                    within(disabled, complaint));
     }
     if (hasGroups && object.contains(inactive)) {
-        readPalette(objectIn(object.value(inactive), inactive, complaint), QPalette::Inactive, complaint);
+        readPalette(objectIn(object.value(inactive), inactive, complaint), QPalette::Inactive,
+                    within(inactive, complaint));
     }
 }
 
@@ -145,10 +184,13 @@ void ThemeLook::readFont(const QJsonObject &object, const Complaint &complaint)
         const QString key = it.key();
         if (key == QLatin1String("family")) {
             m_fontFamily = it.value().toString();
+            if (!it.value().isString()) {
+                complaint(Fault::Value, {key}, QStringLiteral("\"%1\" is no name of a font").arg(key));
+            }
         } else if (key == QLatin1String("point_size")) {
             m_fontSize = it.value().toDouble();
             if (m_fontSize <= 0.0 || m_fontSize > MaximalFontSize) {
-                complaint(key, QStringLiteral("\"%1\" is no size of a font").arg(key));
+                complaint(Fault::Value, {key}, QStringLiteral("\"%1\" is no size of a font").arg(key));
                 m_fontSize = 0.0;
             }
         } else if (key == QLatin1String("weight")) {
@@ -156,7 +198,7 @@ void ThemeLook::readFont(const QJsonObject &object, const Complaint &complaint)
                 return known.inSheets == it.value().toInt();
             });
             if (weight == std::end(Weights)) {
-                complaint(key, QStringLiteral("\"%1\" is none of 100, 200 ... 900").arg(key));
+                complaint(Fault::Value, {key}, QStringLiteral("\"%1\" is none of 100, 200 ... 900").arg(key));
             } else {
                 m_fontWeight = weight->weight;
             }

@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <functional>
@@ -23,9 +24,18 @@ class ThemeLook
 {
 public:
     ThemeLook() = default;
-    /// Tells of each entry that makes no sense, by its key.
-    using Complaint = std::function<void(const QString &key, const QString &text)>;
+    /// What makes no sense of an entry.
+    enum class Fault {
+        Key,
+        Color,
+        Value, ///< other than a colour
+    };
+    /// Tells of each entry that makes no sense, by its key behind those of the objects around it.
+    using Complaint = std::function<void(Fault fault, const QStringList &path, const QString &text)>;
     ThemeLook(const QJsonObject &object, const Complaint &complaint);
+
+    /// The keys that have a meaning in the object at @p path.
+    static QStringList keys(const QStringList &path);
 
     QPalette palette(QPalette base) const;
     QFont font(QFont base) const;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "contrast.h"
+
 #include <QColor>
 #include <QImage>
 #include <QVector>
@@ -14,9 +16,6 @@ class QWidget;
 /// How many pixels a picture has for each one on the screen: strokes are so thick in it that their middle has the
 /// very colour that they are painted in.
 constexpr int Enlargement = 4;
-
-/// Contrast of two opaque colours, from 1 to 21.
-double contrast(const QColor &one, const QColor &other);
 
 /// The part @p rect of a widget, in its logical pixels, as it is painted with its children.
 QImage enlargedPicture(QWidget *widget, const QRect &rect);

@@ -3,11 +3,9 @@
 
 #include "sheet-rules.h"
 
-#include <QColor>
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -71,15 +69,6 @@ QVector<Rule> readRules(const QString &text)
         }
     }
     return rules;
-}
-
-double luminance(const QString &name)
-{
-    const QColor color(name);
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 } // namespace
@@ -195,11 +184,4 @@ Selector parseSelector(const QString &selector)
         result.states.append(attributes);
     }
     return result;
-}
-
-double contrast(const QString &one, const QString &other)
-{
-    const double first = luminance(one);
-    const double second = luminance(other);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }

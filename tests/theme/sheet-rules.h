@@ -56,6 +56,3 @@ QVector<Section> readSections(const QString &text);
 
 /// @p selector without the states, taken apart; invalid if it cannot be understood.
 Selector parseSelector(const QString &selector);
-
-/// Contrast of two opaque colours, "#RRGGBB", from 1 to 21.
-double contrast(const QString &one, const QString &other);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "contrast.h"
 #include "sheet-rules.h"
 
 #include <QDir>
@@ -288,7 +289,7 @@ void TestThemeImages::indicatorsShowTheFocus()
         const QColor ring = readImage(drawing + QStringLiteral("_focus")).pixelColor(onTheRing);
         QCOMPARE(ring.alpha(), 255);
         for (const char *page : {"#FFFFFF", "#F5F7FA"}) {
-            QVERIFY2(contrast(ring.name(), QString::fromLatin1(page)) >= VisibleContrast, name);
+            QVERIFY2(contrast(ring, QString::fromLatin1(page)) >= VisibleContrast, name);
         }
     }
 }

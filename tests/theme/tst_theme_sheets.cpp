@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "contrast.h"
 #include "sheet-rules.h"
 
 #include "support/log-capture.h"
@@ -462,7 +463,7 @@ void TestThemeSheets::placeholdersAreReadable()
         };
         const QColor seen(blended(color.red(), surface.red()), blended(color.green(), surface.green()),
                           blended(color.blue(), surface.blue()));
-        QVERIFY(contrast(seen.name(), surface.name()) >= ReadableContrast);
+        QVERIFY(contrast(seen, surface) >= ReadableContrast);
     }
 }
 

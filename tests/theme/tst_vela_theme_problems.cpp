@@ -82,6 +82,11 @@ private Q_SLOTS:
             {QStringLiteral("strings/enu.json: warning: There is no text \"today\"")});
         row("no texts", removed("strings/enu.json"),
             {QStringLiteral("strings/enu.json: error: Cannot be read: there is no such file")});
+        row("sheet is a link to nothing",
+            [](const ThemeCopy &copy) {
+                QVERIFY(QFile::link(QStringLiteral("/missing"), copy.filePath(QStringLiteral("styles/gone.qss"))));
+            },
+            {QStringLiteral("styles/gone.qss: error: Cannot be read: there is no such file")});
         row("section does not parse", replaced("styles/date.qss", "QComboBox:hover {", "QComboBox:hover {{"),
             {QStringLiteral("styles/date.qss:LINE(== component.date_selector ==): error: The toolkit cannot parse the "
                             "section \"component.date_selector\"")});
@@ -108,6 +113,8 @@ private Q_SLOTS:
         row("look's font has no size", file("theme.json", "{\"font\": {\"point_size\": -1, \"weight\": 1}}"),
             {QStringLiteral("theme.json:1: warning: \"point_size\" is no size of a font"),
              QStringLiteral("theme.json:1: warning: \"weight\" is none of 100, 200 ... 900")});
+        row("look's font has no name", file("theme.json", "{\"font\": {\n\"family\": 7}}"),
+            {QStringLiteral("theme.json:2: warning: \"family\" is no name of a font")});
         row("look's tool tip has another part", file("theme.json", "{\"tool_tip\": {\"size\": \"red\"}}"),
             {QStringLiteral("theme.json:1: warning: \"size\" has no meaning here")});
     }

@@ -4,13 +4,14 @@
 #include "check.h"
 
 #include "look-check.h"
+#include "scaled-text.h"
 #include "sheet-check.h"
 #include "sheet-text.h"
+#include "silences.h"
 #include "text-check.h"
 #include "theme-images.h"
 #include "theme-json.h"
 
-#include <QRegularExpression>
 #include <QTextStream>
 
 namespace {
@@ -28,8 +29,7 @@ constexpr Screen Screens[] = {{1.0, 1.0}, {1.25, 1.0}, {1.5, 1.0}, {2.0, 1.0}, {
 Findings checkTheme(const QString &folder, CheckedParts parts)
 {
     Findings findings;
-    static const QRegularExpression digits(QStringLiteral("\\dpx"));
-    if (folder.contains(digits)) {
+    if (holdsLength(folder)) {
         findings.add("path-digits", QString(), 0,
                      QStringLiteral("digits before \"px\" in the path of the theme's folder are scaled"));
     }

@@ -357,10 +357,6 @@ int runCommand(int &argc, char **argv)
         return fail(parser.errorText());
     }
     preparePlatform();
-    if (command->run == runCheck) {
-        qputenv("QT_FONT_DPI", "96");
-        qputenv("QT_SCALE_FACTOR", "1");
-    }
     if (parser.optionNames().contains(QStringLiteral("screen"))) {
         prepareRenderScreen(qBound(0, parser.value(QStringLiteral("screen")).toInt(), renderScreenCount() - 1));
     }

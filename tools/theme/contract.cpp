@@ -21,11 +21,6 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-QStringList listOf(const char *names)
-{
-    return text(names).split(QStringLiteral(", "), Qt::SkipEmptyParts);
-}
-
 QStringList statesOf(const Vela::ImageEntry &entry)
 {
     QStringList states {QStringLiteral("normal")};
@@ -152,6 +147,11 @@ QString code(const QString &text)
 }
 
 } // namespace
+
+QStringList listOf(const char *names)
+{
+    return QString::fromLatin1(names).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
 
 QByteArray contractAsJson()
 {

@@ -170,6 +170,9 @@ constexpr Rule Rules[] = {
     {"theme-color", true, "theme.json holds a colour that cannot be read."},
     {"theme-json", true, "theme.json cannot be read."},
     {"theme-key", true, "The library never asks for an entry of this name in theme.json."},
+    {"theme-value", true,
+     "theme.json holds a value that the library cannot use: \"palette\", \"font\", \"tool_tip\" and \"colors\" are "
+     "objects; a font has a family's name, a size in points above 0 and a weight of 100, 200 ... 900."},
     {"utf8", true, "Style sheets and texts are UTF-8. What is not shows as a replacement character."},
 };
 

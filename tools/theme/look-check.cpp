@@ -120,22 +120,6 @@ QVector<ShownText> textsOf(QWidget *widget)
     return texts;
 }
 
-bool showsText(const StageWidget &widget)
-{
-    static const QStringList without = {
-        QStringLiteral("icon-button"), QStringLiteral("calendar"), QStringLiteral("paging-bar"),
-        QStringLiteral("path"),        QStringLiteral("tree"),     QStringLiteral("scroll-bar"),
-    };
-    const QString name = QString::fromLatin1(widget.name);
-    return !without.contains(name) && !name.endsWith(QLatin1String("-sheet")) && !name.endsWith(QLatin1String("-box"));
-}
-
-bool isChoice(const StageWidget &widget)
-{
-    return qstrcmp(widget.name, "check-box") == 0 || qstrcmp(widget.name, "combo-box") == 0
-        || qstrcmp(widget.name, "editable-combo-box") == 0;
-}
-
 // The contrast of the strongest pixel of a text; nothing if it has none.
 double contrastIn(const QImage &with, const QImage &without, const QRect &rect)
 {
@@ -172,7 +156,7 @@ public:
         for (const StageWidget &widget : stageWidgets()) {
             checkSize(widget);
             checkStates(widget);
-            if (showsText(widget) || isChoice(widget)) {
+            if (widget.showsWords) {
                 checkContrast(widget);
             }
         }

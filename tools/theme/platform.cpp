@@ -37,9 +37,8 @@ void preparePlatform()
                              "QT_ENABLE_HIGHDPI_SCALING", "QT_SCALE_FACTOR_ROUNDING_POLICY"}) {
         qunsetenv(name);
     }
-    if (qEnvironmentVariableIsEmpty("QT_FONT_DPI")) {
-        qputenv("QT_FONT_DPI", "96"); // of itself the platform has 100, which is no scale that anybody has
-    }
+    qputenv("QT_FONT_DPI", "96"); // of itself the platform has 100, which is no scale that anybody has
+    qputenv("QT_SCALE_FACTOR", "1");
     static const QTemporaryDir runtime; // without one the toolkit complains
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());

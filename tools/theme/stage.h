@@ -34,6 +34,7 @@ struct StageWidget
     const char *key; ///< the section that its look comes from
     QVector<StageState> states;
     bool isClicked; ///< whether it is a target of clicks as a whole
+    bool showsWords; ///< whether it shows texts that can be told from all else in its picture
     std::function<QWidget *(QWidget *parent)> create;
 };
 
