@@ -3,6 +3,8 @@
 
 #include "dates/month-calendar_p.h"
 
+#include "look/mirrored_p.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -28,6 +30,24 @@ MonthCalendar::MonthCalendar(QWidget *parent) :
 {
     setFocusProxy(nullptr);
     setFocusPolicy(Qt::ClickFocus);
+}
+
+void MonthCalendar::setArrow(QToolButton *button, const QPixmap &pixmap)
+{
+    const QIcon icon(Look::mirrored(pixmap, this));
+    button->setIcon(icon);
+    m_arrows.insert(button, {pixmap, icon.cacheKey()});
+}
+
+// An icon that an application has put in an arrow's place stays as it is.
+void MonthCalendar::turnArrows()
+{
+    const QHash<QToolButton *, Arrow> arrows = m_arrows;
+    for (auto arrow = arrows.cbegin(); arrow != arrows.cend(); ++arrow) {
+        if (arrow.key()->icon().cacheKey() == arrow->iconKey) {
+            setArrow(arrow.key(), arrow->pixmap);
+        }
+    }
 }
 
 // Weeks may get lower than the font has them, which lets the calendar's owner shrink them, but do not ask for less
@@ -74,9 +94,8 @@ bool MonthCalendar::event(QEvent *event)
         keepEnter(static_cast<QKeyEvent *>(event));
         return QCalendarWidget::event(event);
     case QEvent::LocaleChange:
-        showYear();
-        [[fallthrough]];
     case QEvent::LayoutDirectionChange:
+        event->type() == QEvent::LocaleChange ? showYear() : turnArrows();
         // Qt's calendar would begin the week on another day and give the months and the arrows its own looks.
         return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
     default:

@@ -4,8 +4,11 @@
 #pragma once
 
 #include <QCalendarWidget>
+#include <QHash>
+#include <QPixmap>
 
 class QTableView;
+class QToolButton;
 
 namespace Vela {
 
@@ -16,6 +19,9 @@ class MonthCalendar : public QCalendarWidget
 public:
     explicit MonthCalendar(QWidget *parent);
 
+    /// Shows @p pixmap, which is as it is from left to right, on one of the two arrows.
+    void setArrow(QToolButton *button, const QPixmap &pixmap);
+
     QSize minimumSizeHint() const override;
 
 protected:
@@ -24,9 +30,17 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    struct Arrow
+    {
+        QPixmap pixmap; // as it is from left to right
+        qint64 iconKey;
+    };
+
+    void turnArrows();
     void showYear();
 
     QTableView *const m_dayGrid;
+    QHash<QToolButton *, Arrow> m_arrows;
 };
 
 } // namespace Vela

@@ -84,7 +84,7 @@ public:
     VelaCalanderView *const q;
     WeekdayRow *weekdays = nullptr;
     QStringList monthNames;
-    QCalendarWidget *calendar = nullptr;
+    MonthCalendar *calendar = nullptr;
     VelaButton *todayButton = nullptr;
 };
 
@@ -147,7 +147,7 @@ void VelaCalanderViewPrivate::handleArrow(const Arrow &arrow)
 {
     const QPixmap pixmap = Look::image(arrow.image);
     auto *button = child<QToolButton>(arrow.objectName);
-    button->setIcon(pixmap);
+    calendar->setArrow(button, pixmap);
     button->setIconSize(Look::logicalSize(pixmap));
 }
 
@@ -238,7 +238,7 @@ void VelaCalanderViewPrivate::renewArrow(const LookChange &change, const Arrow &
     change.renewAccessibleName(button, arrow.accessibleName);
     if (change.isOfEverything()) {
         const QPixmap pixmap = change.now(arrow.image);
-        button->setIcon(pixmap);
+        calendar->setArrow(button, pixmap);
         button->setIconSize(Look::logicalSize(pixmap));
     }
 }

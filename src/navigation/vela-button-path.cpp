@@ -6,6 +6,7 @@
 #include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
+#include "look/mirrored_p.h"
 #include "scale/scaled.h"
 
 #include <QFocusEvent>
@@ -16,6 +17,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalMapper>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QToolButton>
 #include <QVector>
 
@@ -75,10 +78,27 @@ private:
     const std::function<void()> m_showInFull;
 };
 
+// Arrow that points in the direction of reading.
+class ArrowButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.icon = Look::mirrored(option.icon, option.iconSize, this);
+        painter.drawControl(QStyle::CE_PushButton, option);
+    }
+};
+
 // Buttons are made where they stay, as a styled widget that is given another parent is polished again.
 QPushButton *createArrow(QWidget *parent)
 {
-    auto *arrow = new QPushButton(parent);
+    auto *arrow = new ArrowButton(parent);
     arrow->setIcon(Look::image(Image::PathArrow));
     arrow->setFlat(true);
     arrow->setFocusPolicy(Qt::NoFocus);
@@ -123,6 +143,7 @@ public:
     void discard(QPushButton *button);
     void setButton(int column, QPushButton *button);
     void setTabOrder();
+    void placeMenuButton();
     void showInFull(int column);
     void renew(const LookChange &change);
 
@@ -163,7 +184,14 @@ void VelaButtonPathPrivate::setUpMenuButton()
     menuButton->hide();
     menuButton->setStyleSheet(Look::sheet(Style::ButtonPathMenuButton));
     menuButton->setFixedSize(scaled(MenuButtonSize), scaled(MenuButtonSize));
-    menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset));
+    placeMenuButton();
+}
+
+// Over the end that the row begins at.
+void VelaButtonPathPrivate::placeMenuButton()
+{
+    const int offset = scaled(MenuButtonOffset);
+    menuButton->move(q->isRightToLeft() ? q->width() - offset - menuButton->width() : offset, offset);
 }
 
 void VelaButtonPathPrivate::clearMenu()
@@ -237,12 +265,16 @@ void VelaButtonPathPrivate::showInFull(int column)
 {
     const int left = q->columnViewportPosition(column);
     const int right = left + q->columnWidth(column);
-    const int covered = menuButton->isVisible() ? menuButton->geometry().right() + 1 - q->viewport()->x() : 0;
-    const int atLeft = left - covered; // minus the pixels that are hidden at the left, if negative
-    const int atRight = right - q->viewport()->width(); // pixels that are hidden at the right, if positive
+    const QRect viewport = q->viewport()->geometry();
+    const bool isMirrored = q->isRightToLeft();
+    const bool isCovered = menuButton->isVisible();
+    const int start = isCovered && !isMirrored ? menuButton->geometry().right() + 1 - viewport.x() : 0;
+    const int end = isCovered && isMirrored ? menuButton->x() - viewport.x() : viewport.width();
+    const int atLeft = left - start; // minus the pixels that are hidden at the left, if negative
+    const int atRight = right - end; // pixels that are hidden at the right, if positive
 
     QScrollBar *bar = q->horizontalScrollBar();
-    if (q->isRightToLeft()) {
+    if (isMirrored) {
         bar->setValue(bar->value() - qMax(qMin(0, atLeft), atRight));
     } else {
         bar->setValue(bar->value() + qMin(qMax(0, atRight), atLeft));
@@ -300,6 +332,22 @@ void VelaButtonPath::customEvent(QEvent *event)
         d->renew(*change);
     }
     QTableWidget::customEvent(event);
+}
+
+void VelaButtonPath::changeEvent(QEvent *event)
+{
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        d->placeMenuButton();
+    }
+}
+
+void VelaButtonPath::resizeEvent(QResizeEvent *event)
+{
+    QTableWidget::resizeEvent(event);
+    if (isRightToLeft()) {
+        d->placeMenuButton();
+    }
 }
 
 void VelaButtonPath::refresh(QString path)

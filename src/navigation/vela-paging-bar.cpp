@@ -6,6 +6,7 @@
 #include "controls/vela-button.h"
 #include "look/look-change_p.h"
 #include "look/look_p.h"
+#include "look/mirrored_p.h"
 #include "scale/scaled.h"
 #include "utils/accessible-event_p.h"
 
@@ -13,6 +14,8 @@
 #include <QLabel>
 #include <QPointer>
 #include <QSignalMapper>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 using namespace Vela;
 
@@ -46,6 +49,23 @@ constexpr NavigationLook NavigationLooks[NavigationCount] = {
     {Image::PagingBack, Text::FivePagesBack, &VelaPagingBar::prev_5_page},
     {Image::PagingLast, Text::LastPage, &VelaPagingBar::last_page},
     {Image::PagingNext, Text::FivePagesOn, &VelaPagingBar::next_5_page},
+};
+
+// Button that points to its pages in the direction of reading.
+class NavigationButton : public VelaIconButton
+{
+public:
+    explicit NavigationButton(Image image) : VelaIconButton(Look::nameOf(image)) { }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        option.icon = Look::mirrored(option.icon, option.iconSize, this);
+        painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    }
 };
 
 } // namespace
@@ -94,7 +114,7 @@ void VelaPagingBarPrivate::resetModel()
 void VelaPagingBarPrivate::createNavigationButtons()
 {
     for (int i = 0; i < NavigationCount; ++i) {
-        navigationButtons[i] = new VelaIconButton(Look::nameOf(NavigationLooks[i].image));
+        navigationButtons[i] = new NavigationButton(NavigationLooks[i].image);
         navigationButtons[i]->setToolTip(Look::text(NavigationLooks[i].toolTip));
     }
 }
