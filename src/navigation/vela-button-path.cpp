@@ -143,7 +143,6 @@ public:
     void discard(QPushButton *button);
     void setButton(int column, QPushButton *button);
     void setTabOrder();
-    void placeMenuButton();
     void showInFull(int column);
     void renew(const LookChange &change);
 
@@ -184,14 +183,7 @@ void VelaButtonPathPrivate::setUpMenuButton()
     menuButton->hide();
     menuButton->setStyleSheet(Look::sheet(Style::ButtonPathMenuButton));
     menuButton->setFixedSize(scaled(MenuButtonSize), scaled(MenuButtonSize));
-    placeMenuButton();
-}
-
-// Over the end that the row begins at.
-void VelaButtonPathPrivate::placeMenuButton()
-{
-    const int offset = scaled(MenuButtonOffset);
-    menuButton->move(q->isRightToLeft() ? q->width() - offset - menuButton->width() : offset, offset);
+    menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset)); // at the left in both directions
 }
 
 void VelaButtonPathPrivate::clearMenu()
@@ -265,16 +257,12 @@ void VelaButtonPathPrivate::showInFull(int column)
 {
     const int left = q->columnViewportPosition(column);
     const int right = left + q->columnWidth(column);
-    const QRect viewport = q->viewport()->geometry();
-    const bool isMirrored = q->isRightToLeft();
-    const bool isCovered = menuButton->isVisible();
-    const int start = isCovered && !isMirrored ? menuButton->geometry().right() + 1 - viewport.x() : 0;
-    const int end = isCovered && isMirrored ? menuButton->x() - viewport.x() : viewport.width();
-    const int atLeft = left - start; // minus the pixels that are hidden at the left, if negative
-    const int atRight = right - end; // pixels that are hidden at the right, if positive
+    const int covered = menuButton->isVisible() ? menuButton->geometry().right() + 1 - q->viewport()->x() : 0;
+    const int atLeft = left - covered; // minus the pixels that are hidden at the left, if negative
+    const int atRight = right - q->viewport()->width(); // pixels that are hidden at the right, if positive
 
     QScrollBar *bar = q->horizontalScrollBar();
-    if (isMirrored) {
+    if (q->isRightToLeft()) {
         bar->setValue(bar->value() - qMax(qMin(0, atLeft), atRight));
     } else {
         bar->setValue(bar->value() + qMin(qMax(0, atRight), atLeft));
@@ -332,22 +320,6 @@ void VelaButtonPath::customEvent(QEvent *event)
         d->renew(*change);
     }
     QTableWidget::customEvent(event);
-}
-
-void VelaButtonPath::changeEvent(QEvent *event)
-{
-    QTableWidget::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange) {
-        d->placeMenuButton();
-    }
-}
-
-void VelaButtonPath::resizeEvent(QResizeEvent *event)
-{
-    QTableWidget::resizeEvent(event);
-    if (isRightToLeft()) {
-        d->placeMenuButton();
-    }
 }
 
 void VelaButtonPath::refresh(QString path)

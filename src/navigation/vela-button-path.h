@@ -15,7 +15,7 @@ class VelaButtonPathPrivate;
 /// Breadcrumb bar: the folders of a path as a row of buttons.
 ///
 /// A click asks for a path and does nothing else; the client changes folder and calls slotUpdatePath() or refresh(),
-/// from the slot itself if it likes. When the row is wider than the bar, its end is in view and a menu before it
+/// from the slot itself if it likes. When the row is wider than the bar, its end is in view and a menu at the left
 /// lists the folders that are not. Tab stops at each name, in full view, and leaves the bar at its ends.
 class VELA_EXPORT VelaButtonPath : public QTableWidget
 {
@@ -50,8 +50,6 @@ public Q_SLOTS:
 
 protected:
     void customEvent(QEvent *event) override;
-    void changeEvent(QEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     const std::unique_ptr<VelaButtonPathPrivate> d;

@@ -33,7 +33,6 @@ private Q_SLOTS:
 
     void theTableIsOneRowWithoutHeadersGridOrSelection();
     void theMenuButtonLiesOverTheLeftEnd();
-    void fromRightToLeftTheMenuButtonLiesOverTheRightEnd();
     void theBarOwnsTwoMappers();
     void everyPartTakesItsOwnSheet();
 
@@ -110,20 +109,6 @@ void VelaButtonPathTest::theMenuButtonLiesOverTheLeftEnd()
     const QPoint center = button->geometry().center();
     QCOMPARE(window.childAt(center), button); // the menu's button lies in front of the row
     QCOMPARE(window.bar->cellWidget(0, 0)->parentWidget(), window.bar->viewport());
-}
-
-void VelaButtonPathTest::fromRightToLeftTheMenuButtonLiesOverTheRightEnd()
-{
-    Shown<PathWindow> window(expectedPixels(40));
-    const QToolButton *button = window.menuButton();
-    const QRect atLeft = button->geometry();
-    const auto atRight = [&] { return atLeft.translated(window.bar->width() - 2 * atLeft.x() - atLeft.width(), 0); };
-    window.setLayoutDirection(Qt::RightToLeft);
-    QCOMPARE(button->geometry(), atRight());
-    window.bar->resize(expectedPixels(60), window.bar->height());
-    QCOMPARE(button->geometry(), atRight());
-    window.setLayoutDirection(Qt::LeftToRight);
-    QCOMPARE(button->geometry(), atLeft);
 }
 
 void VelaButtonPathTest::theBarOwnsTwoMappers()

@@ -145,7 +145,11 @@ void VelaButtonPathFocusTest::aNameThatTheKeyboardFindsIsInFullView()
         return isWithinTheBar && !place.intersects(window.menuButton()->geometry());
     };
     // The end of the row that lies under the menu's button cannot be moved any further.
-    const auto isAtTheEnd = [&](int i) { return i == 0 && window.scrollBar()->value() == 0; };
+    const bool isMirrored = direction == Qt::RightToLeft;
+    const auto isAtTheEnd = [&](int i) {
+        return isMirrored ? i == 3 && window.scrollBar()->value() == window.scrollBar()->maximum()
+                          : i == 0 && window.scrollBar()->value() == 0;
+    };
 
     for (int start : {0, window.scrollBar()->maximum() / 2, window.scrollBar()->maximum()}) {
         window.menuButton()->setFocus();
@@ -182,7 +186,7 @@ void VelaButtonPathFocusTest::aNameThatIsTooLongShowsItsBeginning()
         if (direction == Qt::LeftToRight) {
             QCOMPARE(place.left(), window.menuButton()->geometry().right() + 1);
         } else {
-            QCOMPARE(place.right(), window.menuButton()->x() - 1);
+            QCOMPARE(place.right(), window.bar->viewport()->geometry().right());
         }
     }
 }
