@@ -4,6 +4,7 @@
 #include "component/vela-calendar-view.h"
 #include "dates/calendar-test.h"
 #include "style-manager/style-manager.h"
+#include "support/color-counts.h"
 #include "support/controls.h"
 #include "support/environment.h"
 
@@ -33,12 +34,11 @@ QStringList numbered(const QString &pattern, int count)
 
 int countReddish(const QImage &image)
 {
+    const QHash<QRgb, int> counts = colorCounts(image);
     int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor color = image.pixelColor(x, y);
-            count += color.red() > color.green() + 100 && color.red() > color.blue() + 100;
-        }
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        const QColor color(it.key());
+        count += color.red() > color.green() + 100 && color.red() > color.blue() + 100 ? it.value() : 0;
     }
     return count;
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "support/color-counts.h"
 #include "support/environment.h"
 #include "support/resource-folder.h"
 #include "support/x-connection.h"
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
-#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -88,17 +88,6 @@ QStringList titles(const XConnection &x)
         titles.append(QString::fromUtf8(title));
     }
     return titles;
-}
-
-QSet<QRgb> colorsOf(const QImage &image)
-{
-    QSet<QRgb> colors;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            colors.insert(image.pixel(x, y));
-        }
-    }
-    return colors;
 }
 
 } // namespace
@@ -390,7 +379,7 @@ void GalleryTest::screenshotsShowEveryPageAndTheWindow()
         const QImage image = screenshot(name);
         QVERIFY2(image.width() > expectedPixels(SmallestPage.width()) * expectedRatio(), qPrintable(name));
         QVERIFY2(image.height() > expectedPixels(SmallestPage.height()) * expectedRatio(), qPrintable(name));
-        QVERIFY2(colorsOf(image).size() > FewestColors, qPrintable(name));
+        QVERIFY2(colorsIn(image).size() > FewestColors, qPrintable(name));
     }
     QCOMPARE(result.output.split(u'\n', Qt::SkipEmptyParts), paths);
 }
@@ -408,7 +397,7 @@ void GalleryTest::screenshotsNeedNoDisplay()
     removeDisplay();
     const Result result = runForScreenshot();
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
-    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).size() > FewestColors);
+    QVERIFY(colorsIn(screenshot(QStringLiteral("buttons"))).size() > FewestColors);
 }
 
 void GalleryTest::screenshotsWithoutADisplayAreAtScaleOne()
@@ -544,7 +533,7 @@ void GalleryTest::anotherThemeIsShown()
     writeTheme(theme);
     const Result result = runForScreenshot({QStringLiteral("--resources"), theme.path()});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
-    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
+    QVERIFY(colorsIn(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
 }
 
 void GalleryTest::aThemeMayBeGivenRelatively()
@@ -554,7 +543,7 @@ void GalleryTest::aThemeMayBeGivenRelatively()
     const QString relative = QDir(m_folder->path()).relativeFilePath(theme.path()) + u'/';
     const Result result = runForScreenshot({QStringLiteral("--resources"), relative});
     QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
-    QVERIFY(colorsOf(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
+    QVERIFY(colorsIn(screenshot(QStringLiteral("buttons"))).contains(qRgb(255, 0, 0)));
 }
 
 void GalleryTest::styleSheetsAreReadInTheOrderOfTheirNames()
@@ -563,7 +552,7 @@ void GalleryTest::styleSheetsAreReadInTheOrderOfTheirNames()
     theme.writeFile(QStringLiteral("styles/b.qss"), applyButtonSheet("#00ff00"));
     writeTheme(theme);
     QCOMPARE(runForScreenshot({QStringLiteral("--resources"), theme.path()}).exitCode, 0);
-    const QSet<QRgb> colors = colorsOf(screenshot(QStringLiteral("buttons")));
+    const QSet<QRgb> colors = colorsIn(screenshot(QStringLiteral("buttons")));
     QVERIFY(colors.contains(qRgb(0, 255, 0)));
     QVERIFY(!colors.contains(qRgb(255, 0, 0)));
 }

@@ -4,6 +4,7 @@
 #include "component/vela-mask.h"
 #include "component/vela-sheet.h"
 #include "image-manager/image-manager.h"
+#include "support/color-counts.h"
 #include "support/controls.h"
 #include "support/environment.h"
 #include "support/log-capture.h"
@@ -17,7 +18,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <set>
 #include <type_traits>
 
 static_assert(std::is_base_of_v<QFrame, VelaSheet>);
@@ -112,17 +112,6 @@ QImage paintedImage(QWidget *widget)
         }
     }
     return logical;
-}
-
-std::set<QRgb> colorsIn(const QImage &image)
-{
-    std::set<QRgb> colors;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            colors.insert(image.pixel(x, y));
-        }
-    }
-    return colors;
 }
 
 // The point in a quarter of place that is farthest from the borders of the quarters.
@@ -519,10 +508,10 @@ void VelaSheetTest::edgesAreScaledWithoutSmoothing()
         const QPixmap loaded = getGlobalImage(Pieces[i].imageName, ImageManager::IMAGE_NORMAL);
         const QRect place = placeOf(Pieces[i], sheet.size());
         const QRect pixels(place.topLeft() * expectedRatio(), place.size() * expectedRatio());
-        const std::set<QRgb> given = colorsIn(loaded.toImage().convertToFormat(QImage::Format_RGB32));
-        const std::set<QRgb> used = colorsIn(painted.copy(pixels));
+        const QSet<QRgb> given = colorsIn(loaded.toImage().convertToFormat(QImage::Format_RGB32));
+        const QSet<QRgb> used = colorsIn(painted.copy(pixels));
         QVERIFY(used.size() >= QuarterCount);
-        QVERIFY2(std::includes(given.begin(), given.end(), used.begin(), used.end()), Pieces[i].imageName);
+        QVERIFY2(given.contains(used), Pieces[i].imageName);
     }
 }
 
@@ -533,9 +522,9 @@ void VelaSheetTest::theNormalVariantsAreUsed()
     Sheet sheet;
     sheet.resize(200, 150);
     sheet.setEnabled(false);
-    const std::set<QRgb> colors = colorsIn(paintedImage(&sheet));
-    QCOMPARE(colors.size(), std::size_t(PieceCount + 1));
-    QCOMPARE(colors.count(QColor(Qt::black).rgb()), std::size_t(0));
+    const QSet<QRgb> colors = colorsIn(paintedImage(&sheet));
+    QCOMPARE(colors.size(), PieceCount + 1);
+    QVERIFY(!colors.contains(QColor(Qt::black).rgb()));
     QCOMPARE(log.takeTexts(), QStringList());
 }
 
@@ -604,7 +593,7 @@ void VelaSheetTest::aSheetSmallerThanItsShadowHasNoEdges()
         if (!place.isEmpty()) {
             painter.fillRect(place, plainColor(i));
         } else {
-            QVERIFY2(colorsIn(painted).count(plainColor(i).rgb()) == 0, Pieces[i].imageName);
+            QVERIFY2(!colorsIn(painted).contains(plainColor(i).rgb()), Pieces[i].imageName);
         }
     }
     painter.end();

@@ -3,7 +3,8 @@
 
 #include "pixel-contrast.h"
 
-#include <QHash>
+#include "support/color-counts.h"
+
 #include <QPainter>
 #include <QPair>
 #include <QWidget>
@@ -49,12 +50,7 @@ QVector<ColorPair> differences(const QImage &with, const QImage &without)
 
 QVector<QColor> frequentColors(const QImage &picture, int leastCount)
 {
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            ++counts[picture.pixel(x, y)];
-        }
-    }
+    const QHash<QRgb, int> counts = colorCounts(picture);
     QVector<QColor> colors;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
         if (it.value() >= leastCount) {

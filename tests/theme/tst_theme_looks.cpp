@@ -9,6 +9,7 @@
 #include "component/vela-msg-box.h"
 #include "component/vela-tree-widget.h"
 #include "style-manager/style-manager.h"
+#include "support/color-counts.h"
 #include "support/environment.h"
 #include "support/resource-folder.h"
 
@@ -63,13 +64,7 @@ QImage picture(QWidget *widget, const QRect &rect)
 
 int count(const QImage &image, const QColor &color)
 {
-    int found = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            found += image.pixelColor(x, y) == color ? 1 : 0;
-        }
-    }
-    return found;
+    return colorCounts(image).value(color.rgb());
 }
 
 // The colour that is furthest from surface, which is that of the text that stands on it.
@@ -77,10 +72,8 @@ QColor inkOn(const QColor &surface, const QImage &image)
 {
     const auto distance = [&surface](const QColor &color) { return qAbs(qGray(color.rgb()) - qGray(surface.rgb())); };
     QColor ink = surface;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            ink = distance(image.pixelColor(x, y)) > distance(ink) ? image.pixelColor(x, y) : ink;
-        }
+    for (const QRgb color : colorsIn(image)) {
+        ink = distance(color) > distance(ink) ? QColor(color) : ink;
     }
     return ink;
 }

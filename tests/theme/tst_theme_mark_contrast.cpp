@@ -13,11 +13,11 @@
 #include "in-state.h"
 #include "pixel-contrast.h"
 #include "style-manager/style-manager.h"
+#include "support/color-counts.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHash>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -67,17 +67,14 @@ QRect indicatorRect(QAbstractButton *button)
 QColor drawingColor(const QString &image)
 {
     const QImage drawing(themeFolder().filePath(QStringLiteral("images/%1.png").arg(image)));
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < drawing.height(); ++y) {
-        for (int x = 0; x < drawing.width(); ++x) {
-            if (qAlpha(drawing.pixel(x, y)) == 255) {
-                ++counts[drawing.pixel(x, y)];
-            }
-        }
-    }
+    const QHash<QRgb, int> counts = colorCounts(drawing);
     QRgb color = 0;
+    int most = 0;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
-        color = it.value() > counts.value(color) ? it.key() : color;
+        if (qAlpha(it.key()) == 255 && it.value() > most) {
+            color = it.key();
+            most = it.value();
+        }
     }
     return QColor(color);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
+#include "support/color-counts.h"
 #include "support/controls.h"
 #include "support/environment.h"
 #include "views/tree-test.h"
@@ -73,13 +74,8 @@ int pixelsOf(const PlainTree &tree, int row, const QColor &color)
 {
     const QImage image = tree.painted();
     const QRect rect = tree.rowRect(row);
-    int count = 0;
-    for (int y = rect.top() * expectedRatio(); y < (rect.bottom() + 1) * expectedRatio(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += image.pixelColor(x, y) == color;
-        }
-    }
-    return count;
+    const QRect pixels(0, rect.top() * expectedRatio(), image.width(), rect.height() * expectedRatio());
+    return colorCounts(image.copy(pixels)).value(color.rgb());
 }
 
 // How often a tree of many rows looks for the place of one until it has painted a jump under the pointer.
