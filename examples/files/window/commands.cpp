@@ -42,7 +42,8 @@ QString nameFault(const QString &name)
 QString detailsOf(const QVector<DiskError> &errors)
 {
     QStringList lines;
-    for (const DiskError &error : errors.mid(0, MostTold)) {
+    const QVector<DiskError> told = errors.mid(0, MostTold);
+    for (const DiskError &error : told) {
         lines.append(text("error_line").arg(shownPath(error.path), reasonOf(error).toHtmlEscaped()));
     }
     if (errors.size() > MostTold) {

@@ -50,9 +50,9 @@ FootRow::FootRow(const Actions &actions, const FolderModel *model, Job *job, QWi
     setSpacing(Spacing);
     m_stop->setObjectName(QStringLiteral("stop"));
     connect(m_stop, &VelaButton::clicked, m_job, &Job::stop);
-    for (const auto signal : {&Job::started, &Job::progressed, &Job::finished}) {
-        connect(m_job, signal, this, &FootRow::showProgress);
-    }
+    connect(m_job, &Job::started, this, &FootRow::showProgress);
+    connect(m_job, &Job::progressed, this, &FootRow::showProgress);
+    connect(m_job, &Job::finished, this, &FootRow::showProgress);
     followTheme(this, [this] {
         m_stop->setText(text("stop"));
         showProgress();
