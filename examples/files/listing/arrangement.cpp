@@ -58,6 +58,20 @@ bool isLess(const Row &left, const Row &right)
     return words != 0 ? words < 0 : left.index < right.index;
 }
 
+// Rows come in the order of their names.
+void sort(std::vector<Row> *rows, const Order &order)
+{
+    const bool isAscending = order.direction == Qt::AscendingOrder;
+    if (order.column != NameColumn) {
+        std::sort(rows->begin(), rows->end(), [isAscending](const Row &left, const Row &right) {
+            return isAscending ? isLess(left, right) : isLess(right, left);
+        });
+    } else if (!isAscending) {
+        std::reverse(rows->begin(), rows->end());
+    }
+    std::stable_partition(rows->begin(), rows->end(), [](const Row &row) { return row.isFolder; });
+}
+
 } // namespace
 
 bool Filter::isEmpty() const
@@ -80,12 +94,7 @@ std::vector<int> arranged(const FolderContent &content, const Order &order, cons
             rows.push_back(rowOf(entry, static_cast<int>(i), order.column));
         }
     }
-    std::sort(rows.begin(), rows.end(), [&order](const Row &left, const Row &right) {
-        if (left.isFolder != right.isFolder) {
-            return left.isFolder;
-        }
-        return order.direction == Qt::AscendingOrder ? isLess(left, right) : isLess(right, left);
-    });
+    sort(&rows, order);
     std::vector<int> indexes(rows.size());
     std::transform(rows.cbegin(), rows.cend(), indexes.begin(), [](const Row &row) { return row.index; });
     return indexes;
