@@ -54,6 +54,12 @@ bool isHexColor(const QString &text)
     return form.match(text).hasMatch();
 }
 
+bool isOneColor(const QString &property)
+{
+    return Toolkit::isColor(property) && property != QLatin1String("border-color")
+        && property != QLatin1String("outline-color");
+}
+
 bool isColorFunction(const QString &name, const QString &arguments)
 {
     const QStringList values = arguments.split(QLatin1Char(','));
@@ -153,10 +159,15 @@ void checkLengths(const SheetDeclaration &declaration, SectionFindings *findings
             findings->add(
                 "length-unit", declaration.begin,
                 QStringLiteral("\"%1\" is not scaled: write \"%2px\"").arg(match.captured().trimmed(), digits));
+        } else if (unit == QLatin1String("pt") && Toolkit::isLength(declaration.name)
+                   && !declaration.name.startsWith(QLatin1String("font"))) {
+            findings->add("length-unit", declaration.begin,
+                          QStringLiteral("\"%1\" is 0: only the size of a font is told in points")
+                              .arg(match.captured().trimmed()));
         } else if (!isApart && !unit.isEmpty() && !units.contains(unit)) {
             findings->add("length-unit", declaration.begin,
                           QStringLiteral("\"%1\" has an unknown unit").arg(match.captured()));
-        } else if ((isApart || unit.isEmpty()) && digits.toDouble() != 0.0
+        } else if ((isApart || unit.isEmpty() || unit == QLatin1String("%")) && digits.toDouble() != 0.0
                    && (Toolkit::isLength(declaration.name) || isBorder(declaration.name))) {
             findings->add("length-unit", declaration.begin,
                           QStringLiteral("\"%1\" without \"px\" is not scaled").arg(match.captured().trimmed()));
@@ -175,12 +186,18 @@ void checkColors(const SheetDeclaration &declaration, SectionFindings *findings)
     static const QRegularExpression part(
         QStringLiteral("(#\\w*)|([A-Za-z][\\w-]*)\\(([^()]*)\\)|([A-Za-z][\\w-]*)\\(|\"[^\"]*\"|([A-Za-z][\\w-]*)"
                        "|([\\d.]+\\w*)"));
+    int colors = 0;
     for (auto parts = part.globalMatch(declaration.value); parts.hasNext();) {
         const QRegularExpressionMatch match = parts.next();
         const QString hex = match.captured(1);
         const QString function = match.captured(2).toLower();
         const QString word = match.captured(5).toLower();
-        bool isValid = true;
+        bool isValid = ++colors == 1 || !isOneColor(declaration.name);
+        if (!isValid) {
+            findings->add("color-invalid", declaration.begin,
+                          QStringLiteral("one colour is taken, and no more: %1").arg(declaration.value));
+            return;
+        }
         if (!hex.isEmpty()) {
             isValid = isHexColor(hex);
         } else if (!function.isEmpty()) {
@@ -212,7 +229,8 @@ void checkKeywords(const SheetDeclaration &declaration, SectionFindings *finding
     }
     const QStringList words = declaration.value.toLower().simplified().split(QLatin1Char(' '));
     for (const QString &word : words) {
-        if (!known.contains(word)) {
+        const bool isWeight = declaration.name == QLatin1String("font-weight") && word.toDouble() > 0;
+        if (!known.contains(word) && !isWeight) {
             findings->add("keyword-unknown", declaration.begin,
                           QStringLiteral("\"%1\" cannot be \"%2\"").arg(declaration.name, word)
                               + suggestion(word, known));

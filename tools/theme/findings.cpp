@@ -251,6 +251,12 @@ bool Findings::hasAny(const QString &file, int line) const
                        [&](const Finding &finding) { return finding.line == line && finding.file == file; });
 }
 
+bool Findings::hasRule(const char *rule) const
+{
+    return std::any_of(m_findings.cbegin(), m_findings.cend(),
+                       [rule](const Finding &finding) { return qstrcmp(finding.rule->name, rule) == 0; });
+}
+
 void Findings::sort()
 {
     std::stable_sort(m_findings.begin(), m_findings.end(), [](const Finding &one, const Finding &other) {

@@ -37,6 +37,7 @@ public:
     void add(const char *rule, const QString &file, int line, const QString &text);
 
     bool hasAny(const QString &file, int line) const;
+    bool hasRule(const char *rule) const;
     bool isFull() const;
     const QVector<Finding> &all() const { return m_findings; }
     /// Takes out what @p isUnwanted holds for.

@@ -172,6 +172,7 @@ private:
     {
         static const QStringList groups[] = {
             {QStringLiteral("enabled"), QStringLiteral("disabled")},
+            {QStringLiteral("disabled"), QStringLiteral("hover")},
             {QStringLiteral("checked"), QStringLiteral("unchecked"), QStringLiteral("indeterminate")},
             {QStringLiteral("on"), QStringLiteral("off")},
             {QStringLiteral("open"), QStringLiteral("closed")},

@@ -179,6 +179,14 @@ private:
     bool m_areDeclarationsSound = true;
 };
 
+// Also where the beginning is missing, or more stands behind it.
+QString meantKey(const QString &key, const QStringList &known)
+{
+    const QString whole = QStringLiteral("component.") + key;
+    const QString first = key.section(QLatin1Char(','), 0, 0);
+    return known.contains(whole) ? whole : known.contains(first) ? first : nearest(key, known);
+}
+
 void checkKeys(const SheetText &text, Findings *findings)
 {
     if (text.files().isEmpty()) {
@@ -191,10 +199,11 @@ void checkKeys(const SheetText &text, Findings *findings)
         if (findings->isFull()) {
             return;
         }
-        const QString near = known.contains(section.key) ? QString() : nearest(section.key, known);
+        const QString near = known.contains(section.key) ? QString() : meantKey(section.key, known);
         if (!known.contains(section.key) && (section.key.startsWith(QLatin1String("component.")) || !near.isEmpty())) {
             findings->add("key-unknown", section.header.file, section.header.line,
-                          QStringLiteral("unknown key \"%1\"").arg(section.key) + suggestion(section.key, known));
+                          QStringLiteral("unknown key \"%1\"").arg(section.key)
+                              + (near.isEmpty() ? QString() : QStringLiteral(", did you mean \"%1\"?").arg(near)));
             meant.append(near);
         }
         if (found.contains(section.key)) {

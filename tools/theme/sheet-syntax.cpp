@@ -51,7 +51,6 @@ private:
                     if (m_syntax.unclosedQuotes.isEmpty() || m_syntax.unclosedQuotes.last() < i) {
                         m_syntax.unclosedQuotes.append(i);
                     }
-                    i = static_cast<int>(lineBreak - m_body.cbegin());
                 } else {
                     i = close;
                 }
@@ -214,7 +213,10 @@ private:
     {
         const QString text = QString::fromUtf8(m_body.mid(begin, end - begin)).trimmed();
         const int colon = text.indexOf(QLatin1Char(':'));
-        return {begin, text, text.left(std::max(colon, 0)).trimmed().toLower(), text.mid(colon + 1).trimmed()};
+        static const QRegularExpression important(QStringLiteral("\\s*!\\s*important$"),
+                                                  QRegularExpression::CaseInsensitiveOption);
+        return {begin, text, text.left(std::max(colon, 0)).trimmed().toLower(),
+                text.mid(colon + 1).trimmed().remove(important)};
     }
 
     const QByteArray &m_body;

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -29,9 +30,19 @@ bool isHeader(const QByteArray &line)
     return line.startsWith("==") && line.endsWith("==");
 }
 
+// The key of the library's kind that is all a line has, marks of another format aside.
+QByteArray keyAlone(const QByteArray &line)
+{
+    static const QRegularExpression form(QStringLiteral("^[-#*\\[\\s:=]*(component\\.\\w+)[-#*\\]\\s:=]*$"));
+    return form.match(QString::fromLatin1(line)).captured(1).toLatin1();
+}
+
 // Of a line that may be no header: what stands between the first marks.
 QByteArray keyOf(const QByteArray &line)
 {
+    if (const QByteArray key = keyAlone(line); !key.isEmpty()) {
+        return key;
+    }
     const QList<QByteArray> parts = line.split('=');
     for (const QByteArray &part : parts) {
         const QByteArray key = part.simplified().replace(' ', "");
@@ -42,11 +53,12 @@ QByteArray keyOf(const QByteArray &line)
     return QByteArray();
 }
 
-// Whether a line was meant as a header, as no line of a rule begins or ends like this.
+// Whether a line was meant as a header, as no line of a rule begins or ends like this, or is a key and no more.
 bool isMeantAsHeader(const QByteArray &line)
 {
     const QByteArray trimmed = line.trimmed();
-    return trimmed.startsWith('=') || (trimmed.endsWith("==") && !trimmed.contains('{'));
+    return trimmed.startsWith('=') || (trimmed.endsWith("==") && !trimmed.contains('{'))
+        || !keyAlone(trimmed).isEmpty();
 }
 
 int endOfLine(const QByteArray &text, int position)
@@ -229,8 +241,11 @@ void SheetText::mendBlockComments(int file, QByteArray &text)
         }
         int resume = holdsAnother ? second : text.size();
         for (int line = open; line < resume; line = endOfLine(text, line) + 1) {
-            const QByteArray content = text.mid(line, endOfLine(text, line) - line);
-            if (line > open && (isHeader(content) || content.contains('{'))) {
+            const int lineEnd = endOfLine(text, line);
+            const QByteArray content = text.mid(line, lineEnd - line).trimmed();
+            if (line == open && content.endsWith('}')) {
+                resume = std::min(resume, text.lastIndexOf('}', lineEnd - 1));
+            } else if (line > open && (isHeader(content) || content.contains('{') || content.startsWith('}'))) {
                 resume = line;
             }
         }

@@ -31,6 +31,11 @@ const QStringList &stateEndings()
     return endings;
 }
 
+bool isKey(const QString &key)
+{
+    return key == ImagesKey || key == ScaledImagesKey;
+}
+
 const Vela::ImageEntry *entryOf(const QString &name)
 {
     const auto entry = std::find_if(std::begin(Vela::ImageEntries), std::end(Vela::ImageEntries),
@@ -62,7 +67,9 @@ void ThemeImages::readCatalogue()
 {
     const auto read = [this](const QString &key) {
         QStringList names;
-        const QJsonArray array = m_catalogue.object().value(key).toArray();
+        const QString meant = nearest(key, m_catalogue.object().keys());
+        const bool isThere = m_catalogue.object().contains(key) || isKey(meant);
+        const QJsonArray array = m_catalogue.object().value(isThere ? key : meant).toArray();
         for (const QJsonValue &value : array) {
             if (value.isString()) {
                 names.append(value.toString());
@@ -124,7 +131,9 @@ void ThemeImages::check(const UsedImages &used)
         if (m_catalogue.object().value(ImagesKey).isArray()) {
             checkContract();
             checkSmallness();
-            checkUse(used);
+            if (!m_hasNameless && !m_findings->hasRule("key-missing")) { // whose images would be taken for unused
+                checkUse(used);
+            }
         }
     }
 }
@@ -151,6 +160,7 @@ void ThemeImages::checkNames()
         for (const QJsonValue &value : array) {
             const QString name = value.toString();
             if (name.isEmpty()) {
+                m_hasNameless = true;
                 m_findings->add("catalogue-entry", CatalogueName, m_catalogue.lineOf(key),
                                 QStringLiteral("\"%1\" holds something that is no name").arg(key));
             } else if (name.contains(QLatin1Char(' '))) {
@@ -191,6 +201,7 @@ void ThemeImages::checkListedFiles()
                 continue;
             }
             m_spoilt.insert(name);
+            m_spoilt.insert(name.section(QLatin1Char('/'), -1));
             const QString other = inOtherCase(withEnding(name));
             if (other.isEmpty()) {
                 QStringList files;

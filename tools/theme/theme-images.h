@@ -58,5 +58,6 @@ private:
     QStringList m_names;
     QStringList m_scaledNames;
     QSet<QString> m_spoilt; // names of images with a finding
+    bool m_hasNameless = false; // whether something in the catalogue is no name
     mutable QHash<QString, QSize> m_sizes;
 };

@@ -233,6 +233,7 @@ QStringList Toolkit::keywordsOf(const QString &property)
         {"border-style", styles},
         {"border-top-style", styles},
         {"font-style", "normal italic oblique"},
+        {"font-weight", "normal bold"},
         {"outline-style", styles},
         {"position", "relative absolute static fixed"},
         {"subcontrol-origin", boxes},

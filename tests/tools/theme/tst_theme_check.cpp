@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cstring>
@@ -90,6 +91,7 @@ private Q_SLOTS:
     void aFaultGivesItsFindingAndNoOther();
     void whatIsNoFaultGivesNoFinding_data();
     void whatIsNoFaultGivesNoFinding();
+    void digitsInTheFoldersPathAreTold();
     void aLongLengthIsShownAsItComesOut();
     void aFindingIsOneLineOfText();
     void aFindingAsJsonTellsTheSame();
@@ -189,6 +191,21 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
         "section missing",
         [](const ThemeCopy &theme) { theme.write(QStringLiteral("styles/scrollbar.qss"), "/* none */\n"); },
         "key-missing", QStringLiteral("styles"), QByteArray());
+    row("header of another format", replacing(Buttons, "== component.red_button ==", "[component.red_button]"),
+        "header-form", Buttons, "[component.red_button]");
+    row("header between dashes", replacing(Buttons, "== component.red_button ==", "-- component.red_button --"),
+        "header-form", Buttons, "-- component.red_button");
+    row("key without its beginning", replacing(Buttons, "component.red_button", "red_button"), "key-unknown", Buttons,
+        "red_button ==");
+    row("two keys", replacing(Buttons, "component.red_button", "component.red_button, my.button"), "key-unknown",
+        Buttons, "my.button");
+    row("comment not closed within a rule",
+        replacing(Buttons, ApplyRule, ApplyRule + "color: red; /* as ever\n}\nQPushButton {\n"), "comment-unclosed",
+        Buttons, "as ever");
+    row("comment not closed before a brace",
+        replacing(Choices,
+                  "== component.radio_button ==", "QCheckBox { color: red; /* as ever }\n== component.radio_button =="),
+        "comment-unclosed", Choices, "as ever");
     row("text behind a header", replacing(Buttons, "component.red_button ==", "component.red_button == end"),
         "header-form", Buttons, "component.red_button");
     row("null byte", replacing(Buttons, "color: #FFFFFF", QByteArray("color: \0#FFFFFF", 15)), "control-character",
@@ -233,6 +250,10 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     declaration("unit in capitals", "padding: 6PX;", "length-unit");
     declaration("unit that is none", "padding: 6dp;", "length-unit");
     declaration("number without a unit", "min-width: 80;", "length-unit");
+    declaration("points that are no font's", "padding: 6pt;", "length-unit");
+    declaration("length in percent", "min-width: 50%;", "length-unit");
+    declaration("two colours", "color: red blue;", "color-invalid");
+    declaration("misspelt weight", "font-weight: blod;", "keyword-unknown");
     declaration("misspelt property", "backgroud-color: red;", "property-unknown");
     declaration("British property", "colour: red;", "property-unknown");
     declaration("five digits of a colour", "color: #12345;", "color-invalid");
@@ -269,6 +290,12 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     selector("misspelt part", "QCheckBox::indicater", "subcontrol-unknown");
     selector("part of another class", "QCheckBox::drop-down", "rule-never-matches");
     selector("states that exclude each other", "QCheckBox:enabled:disabled", "rule-never-matches");
+    row("quote not closed in a rule of one line",
+        replacing(Choices,
+                  "== component.radio_button ==", "QCheckBox { font-family: \"Arial; }\n== component.radio_button =="),
+        "declaration-form", Choices, "Arial;");
+    selector("selector that the toolkit has not", "QCheckBox + QLabel", "selector-form");
+    selector("pointer over what is disabled", "QCheckBox:disabled:hover", "rule-never-matches");
     selector("state and its contrary", "QCheckBox:hover:!hover", "rule-never-matches");
     selector("state of another class", "QCheckBox:editable", "rule-never-matches");
     selector("child of what has none", "QLabel QCheckBox", "rule-never-matches");
@@ -317,6 +344,11 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     row("misspelt list", replacing(Catalogue, "{", "{\n    \"image\": [],"), "catalogue-key", Catalogue, "\"image\"");
     row("number in a list", replacing(Catalogue, "\"bt_add\"", "\"bt_add\", 7"), "catalogue-entry", Catalogue,
         "\"images\"");
+    row("nothing in a list", replacing(Catalogue, "\"bt_add\"", "null"), "catalogue-entry", Catalogue, "\"images\"");
+    row("name with a folder", replacing(Catalogue, "\"bt_add\"", "\"images/bt_add\""), "image-missing", Catalogue,
+        "images/bt_add");
+    row("misspelt list of copies", replacing(Catalogue, "\"tmp_images\"", "\"tmp_image\""), "catalogue-key", Catalogue,
+        "\"tmp_image\"");
     row("name with its ending", replacing(Catalogue, "\"bt_add\"", "\"bt_add.png\""), "catalogue-entry", Catalogue,
         "bt_add.png");
     row("name with a blank", replacing(Catalogue, "\"bt_add\"", "\"bt_add \""), "image-name-blank", Catalogue,
@@ -374,6 +406,12 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
             resizeImage(theme, QStringLiteral("images/app_img.png"), {130, 130});
         },
         "image-sides", QStringLiteral("images/app_img.png"), "");
+    row(
+        "too large",
+        [](const ThemeCopy &theme) {
+            resizeImage(theme, QStringLiteral("images/app_img.png"), {8196, 128});
+        },
+        "image-large", QStringLiteral("images/app_img.png"), "");
     row(
         "too small",
         [](const ThemeCopy &theme) {
@@ -488,6 +526,8 @@ void ThemeCheckTest::whatIsNoFaultGivesNoFinding_data()
     declaration("colours by function", "color: rgba(1, 2, 3, 4); background: hsl(120, 50%, 50%);");
     declaration("colour of the palette", "color: palette(button-text);");
     declaration("colours with transparency", "color: #80FFFFFF; border-color: red green blue #123;");
+    declaration("what no other rule takes back", "color: red !important;");
+    declaration("size of a font in points", "font-size: 10pt; font-weight: 450;");
     declaration("nothing", "border: none; padding: 0; margin: 0px auto;");
     declaration("points", "font: bold 10pt \"Noto Sans\"; font-weight: 600;");
     declaration("line comment", "padding: 2px; // as ever");
@@ -526,6 +566,16 @@ void ThemeCheckTest::whatIsNoFaultGivesNoFinding()
     const ThemeCopy theme;
     seed(theme);
     QCOMPARE(inWords(checkTheme(theme.path(), CheckedParts::Files)), QString());
+}
+
+void ThemeCheckTest::digitsInTheFoldersPathAreTold()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("theme-16px"));
+    QVERIFY(QFile::link(referenceTheme(), path));
+    const Findings findings = checkTheme(path, CheckedParts::Files);
+    QVERIFY2(findings.all().size() == 1, qPrintable(inWords(findings)));
+    QCOMPARE(findings.all().first().rule->name, "path-digits");
 }
 
 void ThemeCheckTest::aLongLengthIsShownAsItComesOut()

@@ -99,6 +99,11 @@ const char *const Words[] = {
     "\x89PNG\r\n\x1a\n",
 };
 
+double fuzzSeconds()
+{
+    return qEnvironmentVariable("VELA_FUZZ_SECONDS").toDouble();
+}
+
 class Mutator
 {
 public:
@@ -176,6 +181,14 @@ class ThemeFuzzTest : public QObject
 {
     Q_OBJECT
 
+public:
+    static void initMain()
+    {
+        if (fuzzSeconds() > 0) {
+            qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(static_cast<qint64>(2000 * fuzzSeconds())));
+        }
+    }
+
 private Q_SLOTS:
     void arbitraryFilesAreCheckedToTheEnd_data();
     void arbitraryFilesAreCheckedToTheEnd();
@@ -195,7 +208,7 @@ void ThemeFuzzTest::arbitraryFilesAreCheckedToTheEnd()
     constexpr double MostSeconds = 10; // of the processor's time, for one check
     constexpr int Files = 7;
     QFETCH(QString, file);
-    const double seconds = qEnvironmentVariable("VELA_FUZZ_SECONDS").toDouble() / Files;
+    const double seconds = fuzzSeconds() / Files;
     const ThemeCopy theme;
     const QByteArray original = theme.read(file);
     uint seed =
