@@ -93,6 +93,21 @@ QColor maskColor()
     return {0, 0, 0, isDark ? MaskAlphaOnDark : MaskAlpha};
 }
 
+Stage::Stage()
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+// A sheet lets its parts take the focus each time that it is shown, which is before the stage is.
+void Stage::showEvent(QShowEvent *event)
+{
+    const QList<QWidget *> parts = findChildren<QWidget *>();
+    for (QWidget *part : parts) {
+        part->setFocusPolicy(Qt::NoFocus);
+    }
+    QWidget::showEvent(event);
+}
+
 QLabel *createText(const QString &text, TextStyle style)
 {
     auto *label = new Text(text);

@@ -6,13 +6,13 @@
 #include <QColor>
 #include <QString>
 #include <QStringList>
+#include <QWidget>
 
 #include <functional>
 
 class QAbstractScrollArea;
 class QLabel;
 class QObject;
-class QWidget;
 
 /// The look of the gallery itself: what stands around the library's widgets. Its colours are those of the application's
 /// palette, which the theme sets.
@@ -34,6 +34,16 @@ void followSections(QWidget *widget, const QStringList &keys);
 
 /// Gives @p area the scroll bars of the theme.
 void styleScrollBars(QAbstractScrollArea *area);
+
+/// Holds a widget that is only to be looked at: neither the pointer nor Tab reaches it.
+class Stage : public QWidget
+{
+public:
+    Stage();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+};
 
 /// What dims a window below a sheet: a dark one has to be dimmed more.
 QColor maskColor();

@@ -161,6 +161,7 @@ void GalleryWindow::setCurrentPage(int index)
         area->setWidget(page);
         area->setAccessibleName(entry.title);
         styleScrollBars(area);
+        m_log->moveToEndOfTabOrder();
     }
     m_pages->setCurrentIndex(index);
     setWindowTitle(currentPage()->accessibleName() + QStringLiteral(" \u2013 Vela Gallery"));

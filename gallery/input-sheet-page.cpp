@@ -25,9 +25,8 @@ QString prompt()
 
 QWidget *createPicture()
 {
-    auto *stage = new QWidget;
+    auto *stage = new Stage;
     stage->setFixedWidth(scaled(StageWidth));
-    stage->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *sheet = new VelaInputSheet(prompt(), stage);
     sheet->getLineEdit()->setText(QStringLiteral("Holidays"));
     auto *layout = new QHBoxLayout(stage);

@@ -22,14 +22,13 @@ constexpr int MaximumLines = 1000;
 
 } // namespace
 
-LogView::LogView() : m_text(new QPlainTextEdit)
+LogView::LogView() : m_text(new QPlainTextEdit), m_clear(new QToolButton)
 {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
 
-    auto *clear = new QToolButton;
-    clear->setText(QStringLiteral("Clear"));
-    clear->setAutoRaise(true);
+    m_clear->setText(QStringLiteral("Clear"));
+    m_clear->setAutoRaise(true);
 
     m_text->setReadOnly(true);
     m_text->setFrameShape(QFrame::NoFrame);
@@ -42,7 +41,7 @@ LogView::LogView() : m_text(new QPlainTextEdit)
     auto *header = new QHBoxLayout;
     header->addWidget(createText(QStringLiteral("Signals and warnings"), TextStyle::SectionTitle));
     header->addStretch();
-    header->addWidget(clear);
+    header->addWidget(m_clear);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(SideMargin), scaled(Margin), scaled(SideMargin), scaled(Margin));
@@ -50,7 +49,16 @@ LogView::LogView() : m_text(new QPlainTextEdit)
     layout->addLayout(header);
     layout->addWidget(m_text);
 
-    connect(clear, &QToolButton::clicked, m_text, &QPlainTextEdit::clear);
+    connect(m_clear, &QToolButton::clicked, m_text, &QPlainTextEdit::clear);
+}
+
+void LogView::moveToEndOfTabOrder()
+{
+    QWidget *last = window()->previousInFocusChain();
+    for (QWidget *stop : {static_cast<QWidget *>(m_clear), static_cast<QWidget *>(m_text)}) {
+        setTabOrder(last, stop);
+        last = stop;
+    }
 }
 
 void LogView::addSignal(const QString &text)

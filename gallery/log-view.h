@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QPlainTextEdit;
+class QToolButton;
 
 /// What the widgets emit and the library warns of, and what is wrong with the theme, with the time.
 class LogView : public QWidget
@@ -21,8 +22,12 @@ public:
     /// Adds a fault of the theme, which names its file.
     void addProblem(const QString &text);
 
+    /// Lets Tab come to it behind all else in the window, as what is made later comes last by itself.
+    void moveToEndOfTabOrder();
+
 private:
     void add(const QString &html);
 
     QPlainTextEdit *m_text;
+    QToolButton *m_clear;
 };

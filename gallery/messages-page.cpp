@@ -42,9 +42,8 @@ QString animationFile()
 // A sheet in the page, so that its look is seen without opening one.
 QWidget *createPicture(const std::function<VelaMessageSheet *(QWidget *stage)> &create)
 {
-    auto *stage = new QWidget;
+    auto *stage = new Stage;
     stage->setFixedWidth(scaled(StageWidth));
-    stage->setAttribute(Qt::WA_TransparentForMouseEvents);
     VelaMessageSheet *sheet = create(stage);
     auto *layout = new QHBoxLayout(stage);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QSpinBox>
 #include <QStyle>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QTableView>
 #include <QToolButton>
 
@@ -23,6 +25,21 @@ void keepEnter(QKeyEvent *event)
     event->setAccepted(event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
 }
 
+// Gives way to what a button is painted from.
+class PaintedButton : public QToolButton
+{
+public:
+    using QToolButton::initStyleOption;
+};
+
+void paintWithFocus(QToolButton *button)
+{
+    QStylePainter painter(button);
+    QStyleOptionToolButton option;
+    (button->*&PaintedButton::initStyleOption)(&option);
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+}
+
 } // namespace
 
 MonthCalendar::MonthCalendar(QWidget *parent) :
@@ -34,9 +51,21 @@ MonthCalendar::MonthCalendar(QWidget *parent) :
 
 void MonthCalendar::setArrow(QToolButton *button, const QPixmap &pixmap)
 {
+    button->installEventFilter(this);
     const QIcon icon(Look::mirrored(pixmap, this));
     button->setIcon(icon);
     m_arrows.insert(button, {pixmap, icon.cacheKey()});
+}
+
+// By themselves the arrows never show that they have the focus.
+bool MonthCalendar::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *button = qobject_cast<QToolButton *>(watched);
+    if (event->type() == QEvent::Paint && button && button->hasFocus() && m_arrows.contains(button)) {
+        paintWithFocus(button);
+        return true;
+    }
+    return QCalendarWidget::eventFilter(watched, event);
 }
 
 // An icon that an application has put in an arrow's place stays as it is.
@@ -66,12 +95,18 @@ void MonthCalendar::focusInEvent(QFocusEvent *event)
     m_dayGrid->setFocus(event->reason());
 }
 
-// Qt marks days that cannot be chosen by the window's colour, which a style sheet makes that of all days. Then they
-// look as in a disabled grid, if that has another surface.
+// By itself the grid never shows that it has the focus. Qt marks days that cannot be chosen by the window's colour,
+// which a style sheet makes that of all days. Then they look as in a disabled grid, if that has another surface.
 void MonthCalendar::paintCell(QPainter *painter, const QRect &rect, const QDate &date) const
 {
     QCalendarWidget::paintCell(painter, rect, date);
     const QPalette palette = m_dayGrid->palette();
+    if (date == selectedDate() && m_dayGrid->hasFocus()) {
+        painter->save();
+        painter->setPen(palette.color(QPalette::HighlightedText));
+        painter->drawRect(rect.adjusted(1, 1, -2, -2));
+        painter->restore();
+    }
     const QBrush &surface = palette.brush(QPalette::Disabled, QPalette::Base);
     const bool isMarked = palette.window() != palette.base() || surface == palette.base();
     if (isMarked || (date >= minimumDate() && date <= maximumDate())) {

@@ -23,6 +23,7 @@ public:
     void setArrow(QToolButton *button, const QPixmap &pixmap);
 
     QSize minimumSizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void focusInEvent(QFocusEvent *event) override;

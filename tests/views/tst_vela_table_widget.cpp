@@ -41,6 +41,8 @@ private Q_SLOTS:
     void focusMovingAlongTheHeaderDoesNotScrollIt();
     void theHeaderTakesNoFocus();
     void tabLeavesTheTableAndArrowKeysMoveInIt();
+    void aLetterGoesToTheRowThatBeginsWithIt();
+    void theMenuKeyAsksForTheMenuOfTheCurrentRow();
     void draggingAcrossTheHeaderDoesNotScrollIt();
     void theHeaderFollowsBeforeTheTableIsShown();
     void theHeaderFollowsAWheelOverTheRows();
@@ -338,6 +340,35 @@ void VelaTableWidgetTest::tabLeavesTheTableAndArrowKeysMoveInIt()
         QCOMPARE(std::pair(body->currentRow(), body->currentColumn()), step.second);
         QVERIFY(body->hasFocus());
     }
+}
+
+void VelaTableWidgetTest::aLetterGoesToTheRowThatBeginsWithIt()
+{
+    TableWindow window(Plain);
+    QVERIFY(window.showAndWait());
+    window.body->setRowCount(3);
+    for (int row = 0; row < 3; ++row) {
+        window.body->setItem(row, 0, new QTableWidgetItem(QString(QLatin1Char(char('a' + row)))));
+    }
+    window.body->setFocus();
+    window.body->setCurrentCell(0, 0);
+    QTest::keyClick(window.windowHandle(), Qt::Key_C);
+    QCOMPARE(window.body->currentRow(), 2);
+}
+
+void VelaTableWidgetTest::theMenuKeyAsksForTheMenuOfTheCurrentRow()
+{
+    TableWindow window(Plain);
+    QVERIFY(window.showAndWait());
+    window.addRows(3);
+    window.body->setContextMenuPolicy(Qt::CustomContextMenu);
+    window.body->setFocus();
+    window.body->setCurrentCell(2, 0);
+    const QSignalSpy asked(window.body, &QWidget::customContextMenuRequested);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint()); // which platforms make of the key
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+    QCOMPARE(asked.count(), 1);
+    QCOMPARE(window.body->rowAt(asked.first().first().toPoint().y()), 2);
 }
 
 void VelaTableWidgetTest::draggingAcrossTheHeaderDoesNotScrollIt()

@@ -56,6 +56,8 @@ private Q_SLOTS:
     void aClickThatGivesTheFocusHitsItsRow_data();
     void aClickThatGivesTheFocusHitsItsRow();
     void aCurrentItemThatIsRemovedMeanwhileStaysRemoved();
+    void aLetterGoesToTheRowThatBeginsWithIt();
+    void theMenuKeyAsksForTheMenuOfTheCurrentRow();
 };
 
 void VelaTreeWidgetTest::initTestCase()
@@ -373,6 +375,28 @@ void VelaTreeWidgetTest::itTellsItsColours()
     tree.setBackgroundColor(Qt::red, Qt::blue);
     QCOMPARE(tree.selectedColor(), QColor(Qt::red));
     QCOMPARE(tree.hoverColor(), QColor(Qt::blue));
+}
+
+void VelaTreeWidgetTest::aLetterGoesToTheRowThatBeginsWithIt()
+{
+    Shown<FolderWindow> window;
+    window.tree->setFocus();
+    QCOMPARE(window.tree->currentItem(), window.tree->topLevelItem(0));
+    window.key(Qt::Key_M);
+    QCOMPARE(window.tree->currentItem(), window.tree->topLevelItem(1));
+}
+
+void VelaTreeWidgetTest::theMenuKeyAsksForTheMenuOfTheCurrentRow()
+{
+    Shown<FolderWindow> window;
+    window.tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    window.tree->setFocus();
+    window.tree->setCurrentItem(window.tree->topLevelItem(1));
+    const QSignalSpy asked(window.tree, &QWidget::customContextMenuRequested);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint()); // which platforms make of the key
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+    QCOMPARE(asked.count(), 1);
+    QCOMPARE(window.tree->itemAt(asked.first().first().toPoint()), window.tree->topLevelItem(1));
 }
 
 QTEST_MAIN(VelaTreeWidgetTest)
