@@ -9,17 +9,22 @@
 #include <QTemporaryDir>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
-// The platform without a display says of every window that it has no frame, and the toolkit's parser of each colour
-// and property that it does not know what the check says better.
+// The platform without a display says of every window that it has no frame, and the toolkit of each colour, property
+// and image that it does not know what the check says better.
 void passOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (message != QLatin1String("This plugin does not support propagateSizeHints()")
-        && !message.startsWith(QLatin1String("QCssParser::"))
-        && !message.startsWith(QLatin1String("Unknown property "))) {
+    static const char *const silenced[] = {"This plugin does not support propagateSizeHints()",
+                                           "QCssParser::", "Unknown property ", "Could not create pixmap from "};
+    const bool isSilenced = std::any_of(std::begin(silenced), std::end(silenced), [&message](const char *beginning) {
+        return message.startsWith(QLatin1String(beginning));
+    });
+    if (!isSilenced) {
         std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
     }
 }
