@@ -9,11 +9,17 @@
 
 #include <VelaButtonPath>
 #include <VelaCalanderView>
+#include <VelaCountdownMessageBox>
+#include <VelaMessageSheet>
 #include <VelaTheme>
 
+#include <QAbstractAnimation>
 #include <QApplication>
+#include <QLabel>
+#include <QMovie>
 #include <QPointer>
 #include <QScopedPointer>
+#include <QTimer>
 #include <QtTest>
 
 #include <algorithm>
@@ -85,6 +91,8 @@ private Q_SLOTS:
     void cleanupTestCase();
     void tabVisitsWhatIsOnAPageAndComesBack_data();
     void tabVisitsWhatIsOnAPageAndComesBack();
+    void nothingMovesButASheetThatIsProcessing_data() { tabVisitsWhatIsOnAPageAndComesBack_data(); }
+    void nothingMovesButASheetThatIsProcessing();
 
 private:
     QVector<Stop> roundTrip(Qt::Key key);
@@ -164,6 +172,29 @@ void GalleryKeysTest::tabVisitsWhatIsOnAPageAndComesBack()
     QStringList back = namesOf(roundTrip(Qt::Key_Backtab));
     std::reverse(back.begin(), back.end());
     QCOMPARE(back, namesOf(stops));
+}
+
+void GalleryKeysTest::nothingMovesButASheetThatIsProcessing()
+{
+    QFETCH(QString, name);
+    m_window->showPage(name);
+    for (int pass = 0; pass < LayoutPasses; ++pass) {
+        QCoreApplication::processEvents();
+    }
+    const auto labels = m_window->currentPage()->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        const bool isMoving = label->movie() && label->movie()->state() == QMovie::Running;
+        QVERIFY(!isMoving || qobject_cast<VelaMessageSheet *>(label->parentWidget()));
+    }
+    const auto animations = m_window->findChildren<QAbstractAnimation *>();
+    QVERIFY(std::none_of(animations.begin(), animations.end(), [](const QAbstractAnimation *animation) {
+        return animation->state() == QAbstractAnimation::Running && animation->loopCount() < 0;
+    }));
+    const auto timers = m_window->findChildren<QTimer *>();
+    for (const QTimer *timer : timers) {
+        const bool isRepeating = timer->isActive() && !timer->isSingleShot();
+        QVERIFY(!isRepeating || qobject_cast<VelaCountdownMessageBox *>(timer->parent()));
+    }
 }
 
 QTEST_MAIN(GalleryKeysTest)
