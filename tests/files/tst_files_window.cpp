@@ -77,6 +77,7 @@ private:
     Sheet *sheet() const;
     QStringList onDisk() const;
 
+    QTemporaryDir m_configuration; // of this process alone
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FilesWindow> m_window;
 };
@@ -84,8 +85,8 @@ private:
 void FilesWindowTest::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_configuration.path());
     QCoreApplication::setOrganizationName(QStringLiteral("vela-files-test"));
-    QSettings().clear();
 }
 
 void FilesWindowTest::init()
