@@ -6,10 +6,9 @@
 #include "look/look-change_p.h"
 #include "look/look_p.h"
 #include "look/metrics_p.h"
-#include "look/mirrored_p.h"
+#include "navigation/path-buttons_p.h"
 #include "scale/scaled.h"
 
-#include <QFocusEvent>
 #include <QHeaderView>
 #include <QList>
 #include <QMenu>
@@ -17,21 +16,14 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalMapper>
-#include <QStyleOptionButton>
-#include <QStylePainter>
 #include <QToolButton>
 #include <QVector>
 
 using namespace Vela;
 
-#include <functional>
-
 namespace {
 
 // Logical pixels, but for the icon.
-constexpr int ArrowWidth = 6;
-constexpr int NameButtonHeight = 26;
-constexpr int NamePadding = 16; // room beside a name, both sides together
 constexpr int MenuButtonSize = 26;
 constexpr int MenuButtonOffset = 1;
 constexpr QSize MenuIconSize(20, 20); // pixels, at any scale
@@ -41,88 +33,9 @@ bool isArrow(int column)
     return column % 2 == 1;
 }
 
-QString withoutMnemonic(QString name)
-{
-    return name.replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-
 QString nameOn(const QPushButton *button)
 {
     return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
-}
-
-// Name that the keyboard finds in full view. Under a press of the mouse nothing may move.
-class NameButton : public QPushButton
-{
-public:
-    NameButton(const QString &text, QWidget *parent, std::function<void()> showInFull) :
-        QPushButton(text, parent), m_showInFull(std::move(showInFull))
-    {
-    }
-
-protected:
-    void focusInEvent(QFocusEvent *event) override
-    {
-        QPushButton::focusInEvent(event);
-        switch (event->reason()) {
-        case Qt::MouseFocusReason:
-        case Qt::ActiveWindowFocusReason: // reason of the first press into an inactive window
-        case Qt::PopupFocusReason:
-            break;
-        default:
-            m_showInFull();
-        }
-    }
-
-private:
-    const std::function<void()> m_showInFull;
-};
-
-// Arrow that points in the direction of reading.
-class ArrowButton : public QPushButton
-{
-public:
-    using QPushButton::QPushButton;
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QStylePainter painter(this);
-        QStyleOptionButton option;
-        initStyleOption(&option);
-        option.icon = Look::mirrored(option.icon, option.iconSize, this);
-        painter.drawControl(QStyle::CE_PushButton, option);
-    }
-};
-
-// Buttons are made where they stay, as a styled widget that is given another parent is polished again.
-QPushButton *createArrow(QWidget *parent)
-{
-    auto *arrow = new ArrowButton(parent);
-    arrow->setIcon(Look::image(Image::PathArrow));
-    arrow->setFlat(true);
-    arrow->setFocusPolicy(Qt::NoFocus);
-    arrow->setStyleSheet(Look::sheet(Style::ButtonPathArrow));
-    arrow->setFixedSize(scaled(ArrowWidth), scaled(Metric::FieldHeight));
-    return arrow;
-}
-
-// The text's width, which is in pixels already, is scaled as well: themes reckon with the room.
-int widthOf(const QString &name, const QPushButton *button)
-{
-    return scaled(button->fontMetrics().horizontalAdvance(name) + NamePadding);
-}
-
-QPushButton *createNameButton(const QString &name, QWidget *parent, std::function<void()> showInFull)
-{
-    auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
-    button->setFlat(true);
-    button->setStyleSheet(Look::sheet(Style::ButtonPathName));
-    button->setFixedHeight(scaled(NameButtonHeight));
-    // The sheet may set the font.
-    button->ensurePolished();
-    button->setFixedWidth(widthOf(name, button));
-    return button;
 }
 
 } // namespace
@@ -289,7 +202,7 @@ void VelaButtonPathPrivate::renew(const LookChange &change)
         }
         change.restyle(button, Style::ButtonPathName);
         button->ensurePolished();
-        const int width = widthOf(nameOn(button), button);
+        const int width = widthOfPathName(nameOn(button), button);
         if (width != button->width()) {
             button->setFixedWidth(width);
             q->setColumnWidth(column, width);
@@ -333,9 +246,9 @@ void VelaButtonPath::refresh(QString path)
     setColumnCount(qMax(0, 2 * names.size() - 1));
     for (int i = 0; i < names.size(); ++i) {
         if (i > 0) {
-            d->setButton(2 * i - 1, createArrow(viewport()));
+            d->setButton(2 * i - 1, createPathArrow(viewport()));
         }
-        QPushButton *button = createNameButton(names.at(i), viewport(), [this, i] { d->showInFull(2 * i); });
+        QPushButton *button = createPathName(names.at(i), viewport(), [this, i] { d->showInFull(2 * i); });
         connect(button, &QPushButton::clicked, d->nameMapper, qOverload<>(&QSignalMapper::map));
         d->nameMapper->setMapping(button, 2 * i);
         d->setButton(2 * i, button);
@@ -359,7 +272,7 @@ void VelaButtonPath::updateColumnSize()
     int total = 0;
     for (int column = 0; column < columnCount(); ++column) {
         if (isArrow(column)) {
-            setColumnWidth(column, scaled(ArrowWidth));
+            setColumnWidth(column, scaled(PathArrowWidth));
         }
         total += columnWidth(column);
     }
