@@ -5,9 +5,11 @@
 
 #include <VelaTheme>
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QTimer>
 
 namespace {
@@ -29,12 +31,22 @@ void hover(QWidget *widget)
     widget->update();
 }
 
-// The keyboard focus is with one widget only, so its rules are made to hold for any that is enabled. Both
-// pseudo-states weigh the same where rules compete.
-void showFocusRules(QWidget *widget, QString sheet)
+// The pseudo-state whose rules a picture shows. The keyboard focus is with one widget only, and a combo box that is
+// pressed opens its list.
+QString pseudoState(const QWidget *widget, WidgetState state)
 {
-    sheet.replace(QLatin1String(":!focus"), QLatin1String(":disabled"));
-    sheet.replace(QLatin1String(":focus"), QLatin1String(":enabled"));
+    if (state == WidgetState::Focused) {
+        return QStringLiteral("focus");
+    }
+    const bool opens = state == WidgetState::Pressed && qobject_cast<const QComboBox *>(widget);
+    return opens ? QStringLiteral("on") : QString();
+}
+
+// Makes rules of a pseudo-state hold for any widget that is enabled. Both weigh the same where rules compete.
+void showRules(QWidget *widget, const QString &pseudoState, QString sheet)
+{
+    sheet.replace(QRegularExpression(QStringLiteral(":!%1\\b").arg(pseudoState)), QStringLiteral(":disabled"));
+    sheet.replace(QRegularExpression(QStringLiteral(":%1\\b").arg(pseudoState)), QStringLiteral(":enabled"));
     widget->setStyleSheet(sheet);
 }
 
@@ -81,14 +93,18 @@ bool freeze(QWidget *widget, WidgetState state)
 {
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     widget->setFocusPolicy(Qt::NoFocus);
+    const QString shownState = pseudoState(widget, state);
+    if (!shownState.isEmpty()) {
+        showRules(widget, shownState, widget->styleSheet());
+        return !widget->styleSheet().isEmpty();
+    }
     switch (state) {
     case WidgetState::Hovered:
     case WidgetState::Pressed:
         new Pointer(widget, state == WidgetState::Pressed);
         return true;
-    case WidgetState::Focused:
-        showFocusRules(widget, widget->styleSheet());
-        return !widget->styleSheet().isEmpty();
+    case WidgetState::Focused: // is a pseudo-state
+        break;
     case WidgetState::Disabled:
         widget->setEnabled(false);
         // A button that is given other images shows that of the normal state first.
@@ -101,10 +117,13 @@ bool freeze(QWidget *widget, WidgetState state)
     return false;
 }
 
-void followFocusRules(QWidget *widget, const QWidget *model)
+void followRules(QWidget *widget, WidgetState state, const QWidget *model)
 {
-    QObject::connect(VelaTheme::getInstance(), &VelaTheme::changed, widget,
-                     [widget, model] { showFocusRules(widget, model->styleSheet()); });
+    const QString shownState = pseudoState(widget, state);
+    if (!shownState.isEmpty()) {
+        QObject::connect(VelaTheme::getInstance(), &VelaTheme::changed, widget,
+                         [widget, shownState, model] { showRules(widget, shownState, model->styleSheet()); });
+    }
 }
 
 QStringList stateColumns()

@@ -19,8 +19,9 @@ enum class WidgetState {
 /// be done: the focused state is known of widgets with a style sheet only.
 bool freeze(QWidget *widget, WidgetState state);
 
-/// Gives @p widget, frozen in the focused state, the sheet of each theme as @p model has it, which lives as long.
-void followFocusRules(QWidget *widget, const QWidget *model);
+/// Where @p widget, frozen in @p state, shows that by the rules of its sheet, gives it those of each theme as @p model
+/// has them, which lives as long.
+void followRules(QWidget *widget, WidgetState state, const QWidget *model);
 
 /// Column headings for the widgets of inAllStates().
 QStringList stateColumns();
@@ -36,8 +37,8 @@ QList<QWidget *> inAllStates(Create create)
         if (!freeze(widget, state)) {
             delete widget;
             widget = nullptr;
-        } else if (state == WidgetState::Focused) {
-            followFocusRules(widget, widgets.constFirst());
+        } else {
+            followRules(widget, state, widgets.constFirst());
         }
         widgets.append(widget);
     }

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void aFrozenWidgetStaysSoWhenItIsShownAgain();
     void aFrozenWidgetHeedsNeitherPointerNorKeyboard();
     void focusIsNotKnownWithoutAStyleSheet();
+    void aComboBoxFrozenAsPressedOpensNoList();
     void focusMovesNoTextOfAComboBox();
     void eachStateHasAColumn();
 
@@ -174,6 +175,30 @@ void WidgetStatesTest::focusIsNotKnownWithoutAStyleSheet()
 {
     VelaButton unstyled(QStringLiteral("Plain"), 6);
     QVERIFY(!freeze(&unstyled, WidgetState::Focused));
+}
+
+void WidgetStatesTest::aComboBoxFrozenAsPressedOpensNoList()
+{
+    QWidget window;
+    VelaComboBox real(&window);
+    VelaComboBox frozen(&window);
+    for (VelaComboBox *combo : {&real, &frozen}) {
+        combo->setFocusPolicy(Qt::NoFocus);
+        combo->addItem(QStringLiteral("Every day"));
+        combo->resize(combo->sizeHint());
+        combo->move(10, 10);
+    }
+    real.move(10, 60);
+    window.resize(300, 200);
+    QVERIFY(freeze(&frozen, WidgetState::Pressed));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const QImage atRest = picture(&real);
+    QVERIFY(!QApplication::activePopupWidget());
+    QVERIFY(picture(&frozen) != atRest);
+
+    real.showPopup();
+    QCOMPARE(picture(&frozen), picture(&real));
 }
 
 void WidgetStatesTest::focusMovesNoTextOfAComboBox()
