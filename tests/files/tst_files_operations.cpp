@@ -144,6 +144,7 @@ void FilesOperationsTest::init()
 {
     m_folder.reset(new QTemporaryDir);
     QVERIFY(m_folder->isValid());
+    qputenv("HOME", m_folder->path().toLocal8Bit()); // has the wastebasket of its own disk only
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("from")));
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("to")));
 }
