@@ -35,7 +35,11 @@ add_compile_options("-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/=")
 
 # Undefined symbols are found when the library is linked, not when it is loaded; the sanitizers' own functions, which
 # come from the executable, are the exception.
-if(ECM_ENABLE_SANITIZERS)
+if(VELA_BUILD_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
+    add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # of qCWarning
+    add_link_options(-fsanitize=address,undefined)
+elseif(ECM_ENABLE_SANITIZERS)
     add_compile_options(-fno-sanitize-recover=undefined)
 else()
     add_link_options(LINKER:--no-undefined,--as-needed)

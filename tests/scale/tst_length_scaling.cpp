@@ -2,49 +2,15 @@
 // SPDX-License-Identifier: MIT
 
 #include "scale/length-scaling_p.h"
+#include "scale/literal-scaling.h"
 #include "support/generated-text.h"
 
-#include <QRegExp>
 #include <QtTest>
-
-#include <limits>
 
 namespace {
 
 constexpr int GeneratedTexts = 150000;
 constexpr double Factors[] = {1.0, 1.25, 1.5, 2.0, 96.0 / 97.0};
-
-int cutToInteger(double value)
-{
-    const bool isInt = value > -2147483649.0 && value < 2147483648.0;
-    return isInt ? static_cast<int>(value) : std::numeric_limits<int>::min();
-}
-
-// The definition, step by step.
-QString literallyScaled(const QString &sheet, double factor)
-{
-    QRegExp expression(QStringLiteral("(\\d+\\.?\\d*)(px)"));
-    const QStringList pieces = sheet.split(expression);
-    QString result;
-    int position = 0;
-    int index = 0;
-    while (position >= 0) {
-        position = expression.indexIn(sheet, position);
-        if (position < 0) {
-            break;
-        }
-        if (index < pieces.size()) {
-            result += pieces.at(index);
-        }
-        result += QStringLiteral("%1px").arg(cutToInteger(expression.cap(1).toDouble() * factor));
-        position += 3;
-        ++index;
-    }
-    if (index < pieces.size()) {
-        result += pieces.at(index);
-    }
-    return result;
-}
 
 QString text(const char *utf8)
 {

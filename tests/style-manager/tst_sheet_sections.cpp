@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "style-manager/sheet-sections_p.h"
+#include "style-manager/literal-sections.h"
 #include "support/generated-text.h"
 
-#include <QRegExp>
-#include <QTextStream>
 #include <QtTest>
 
 using Sections = std::map<QString, QString>;
@@ -13,45 +12,6 @@ using Sections = std::map<QString, QString>;
 namespace {
 
 constexpr int GeneratedTexts = 150000;
-
-// The definition, step by step.
-QString literallyWithoutComments(QString text)
-{
-    QRegExp blockComment(QStringLiteral("/\\*.*\\*/"));
-    blockComment.setMinimal(true);
-    QRegExp lineComment(QStringLiteral("//.*\n"));
-    lineComment.setMinimal(true);
-    text.remove(blockComment);
-    text.remove(lineComment);
-    return text;
-}
-
-// The definition, line by line.
-void readSectionsLiterally(QString text, Sections &sections)
-{
-    QTextStream stream(&text);
-    QString key;
-    QString body;
-    while (!stream.atEnd()) {
-        const QString line = stream.readLine();
-        if (line.startsWith(QLatin1String("==")) && line.endsWith(QLatin1String("=="))) {
-            if (!key.isEmpty()) {
-                sections[key] = body;
-                key.clear();
-                body.clear();
-            }
-            key = line;
-            key.remove(QLatin1Char('='));
-            key.remove(QLatin1Char(' '));
-        } else {
-            body += QLatin1Char('\n');
-            body += line;
-        }
-    }
-    if (!key.isEmpty()) {
-        sections[key] = body;
-    }
-}
 
 QString text(const char *utf8)
 {
