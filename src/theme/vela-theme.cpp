@@ -37,6 +37,51 @@ public:
     Q_DISABLE_COPY_MOVE(BusyCursor)
 };
 
+// Keeps windows from noting each widget that is to be painted again, which takes a time that grows with the square of
+// their number. Each window is painted once, as a whole, afterwards.
+class PaintDelay
+{
+public:
+    PaintDelay()
+    {
+        const QWidgetList all = QApplication::topLevelWidgets();
+        for (QWidget *window : all) {
+            if (window->isVisible() && window->updatesEnabled()) {
+                window->setUpdatesEnabled(false);
+                m_windows.append(window);
+            }
+        }
+    }
+
+    ~PaintDelay()
+    {
+        for (const QPointer<QWidget> &window : qAsConst(m_windows)) {
+            if (window) {
+                window->setAttribute(Qt::WA_ForceUpdatesDisabled, false);
+                enable(window);
+                window->update();
+            }
+        }
+    }
+
+    Q_DISABLE_COPY_MOVE(PaintDelay)
+
+private:
+    // QWidget::setUpdatesEnabled() would have each widget painted on its own.
+    static void enable(QWidget *widget)
+    {
+        widget->setAttribute(Qt::WA_UpdatesDisabled, false);
+        for (QObject *object : widget->children()) {
+            auto *child = object->isWidgetType() ? static_cast<QWidget *>(object) : nullptr;
+            if (child && !child->isWindow() && !child->testAttribute(Qt::WA_ForceUpdatesDisabled)) {
+                enable(child);
+            }
+        }
+    }
+
+    QVector<QPointer<QWidget>> m_windows;
+};
+
 // Keeps the toolkit's own captions from the buttons of the library's sheets and boxes, which have theirs.
 class CaptionKeeper : public QObject
 {
@@ -179,6 +224,7 @@ VelaTheme::Problems VelaThemePrivate::load(const QString &newFolder, const QStri
     }
 
     const BusyCursor busy;
+    const PaintDelay delay;
     const LookTables former = LookTables::installed();
     LookTables now = former;
     now.paths[ResourcePath] = absoluteFolder;
@@ -217,6 +263,7 @@ VelaTheme::Problems VelaThemePrivate::setLanguage(const QString &newLanguage)
         return theme.problems();
     }
     const BusyCursor busy;
+    const PaintDelay delay;
     const LookTables former = LookTables::installed();
     LookTables now = former;
     now.texts = theme.texts();

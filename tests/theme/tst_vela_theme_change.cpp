@@ -32,6 +32,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+#include <array>
 #include <functional>
 
 namespace {
@@ -628,6 +629,91 @@ private Q_SLOTS:
         load(Dark, English);
         QCOMPARE(label.shape, Qt::WaitCursor);
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    // As a whole, which spares the window a list of those that are to be painted.
+    void everyWidgetInViewIsPainted_data()
+    {
+        QTest::addColumn<QString>("palette");
+        QTest::addColumn<QString>("language");
+
+        QTest::newRow("palette") << Dark << English;
+        QTest::newRow("language") << Light << German;
+    }
+
+    void everyWidgetInViewIsPainted()
+    {
+        QFETCH(QString, palette);
+        QFETCH(QString, language);
+        load(Light, English);
+        auto *column = new QWidget;
+        auto *rows = new QVBoxLayout(column);
+        const std::array<QWidget *, 4> widgets {new VelaLabel(QStringLiteral("Text")), new VelaLineEdit,
+                                                new VelaButton(QStringLiteral("Save"), VelaButton::ApplyButton),
+                                                new QWidget};
+        for (QWidget *widget : widgets) {
+            widget->setMinimumSize(20, 20);
+            rows->addWidget(widget);
+        }
+        Window window(column);
+        QVERIFY(window.showAndWait());
+        QTRY_VERIFY(widgets.back()->isVisible());
+        QCoreApplication::processEvents();
+        std::vector<std::unique_ptr<EventCounter>> counters;
+        for (QWidget *widget : widgets) {
+            counters.push_back(std::make_unique<EventCounter>(widget, QEvent::Paint));
+        }
+        load(palette, language);
+        for (std::size_t i = 0; i < widgets.size(); ++i) {
+            int paints = 0;
+            QTRY_VERIFY2((paints += counters[i]->take()) > 0, widgets[i]->metaObject()->className());
+        }
+    }
+
+    void updatesThatAreOffStayOff()
+    {
+        class Maker : public VelaLabel
+        {
+        public:
+            QPointer<QWidget> made;
+
+        protected:
+            void changeEvent(QEvent *event) override
+            {
+                if (event->type() == QEvent::StyleChange && !made) {
+                    made = new QWidget(parentWidget());
+                }
+                VelaLabel::changeEvent(event);
+            }
+        };
+        load(Light, English);
+        auto *column = new QWidget;
+        auto *still = new QWidget(column);
+        auto *inStill = new QWidget(still);
+        auto *maker = new Maker;
+        maker->setParent(column);
+        Window window(column);
+        QWidget stillWindow;
+        auto *inStillWindow = new VelaLabel(QStringLiteral("Text"));
+        inStillWindow->setParent(&stillWindow);
+        stillWindow.show();
+        QVERIFY(window.showAndWait());
+        still->setUpdatesEnabled(false);
+        stillWindow.setUpdatesEnabled(false);
+        delete maker->made;
+
+        load(Dark, English);
+        QVERIFY(maker->made);
+        for (const QWidget *widget :
+             {static_cast<QWidget *>(&window), column, static_cast<QWidget *>(maker), maker->made.data()}) {
+            QVERIFY(widget->updatesEnabled());
+        }
+        for (const QWidget *widget : {still, inStill, &stillWindow, static_cast<QWidget *>(inStillWindow)}) {
+            QVERIFY(!widget->updatesEnabled());
+        }
+        stillWindow.setUpdatesEnabled(true);
+        still->setUpdatesEnabled(true);
+        QVERIFY(inStillWindow->updatesEnabled() && inStill->updatesEnabled());
     }
 
     // Widgets of the application may go, with their children, while they are told.
