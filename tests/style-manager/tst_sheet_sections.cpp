@@ -11,7 +11,7 @@ using Sections = std::map<QString, QString>;
 
 namespace {
 
-constexpr int GeneratedTexts = 150000;
+constexpr int GeneratedTexts = 60000;
 
 QString text(const char *utf8)
 {
