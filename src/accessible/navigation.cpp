@@ -107,6 +107,14 @@ QList<QWidget *> Path::parts() const
     return parts;
 }
 
+// The table beneath tells of its current cell by the number that cells have in a table with two headers.
+QAccessibleInterface *Path::child(int index) const
+{
+    const auto *path = static_cast<const VelaButtonPath *>(widget());
+    const int column = index - path->columnCount() - 2;
+    return column < 0 ? Group::child(index) : QAccessible::queryAccessibleInterface(path->cellWidget(0, column));
+}
+
 QString Path::text(QAccessible::Text text) const
 {
     const QString given = QAccessibleWidget::text(text);

@@ -46,6 +46,7 @@ class Path : public Group
 public:
     explicit Path(QWidget *path);
 
+    QAccessibleInterface *child(int index) const override;
     QString text(QAccessible::Text text) const override;
 
 protected:

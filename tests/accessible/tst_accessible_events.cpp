@@ -3,6 +3,7 @@
 
 #include "accessible/accessible.h"
 #include "component/paging/vela-paging-bar.h"
+#include "component/vela-button-path.h"
 #include "component/vela-countdown-msg-box.h"
 #include "component/vela-date-selector.h"
 #include "component/vela-input-sheet.h"
@@ -11,6 +12,7 @@
 #include "component/vela-msg-sheet.h"
 #include "component/vela-table-widget.h"
 #include "component/vela-tree-widget.h"
+#include "support/log-capture.h"
 #include "support/modal-sheet.h"
 #include "support/resource-folder.h"
 
@@ -94,6 +96,7 @@ private Q_SLOTS:
     void theCurrentRowOfATreeIsTold();
     void theCurrentCellOfATableIsTold();
     void theCurrentDayIsTold();
+    void theCurrentNameOfAPathIsTold();
 };
 
 void AccessibleEventsTest::initTestCase()
@@ -294,6 +297,22 @@ void AccessibleEventsTest::theCurrentDayIsTold()
     const Listener listener;
     QTest::keyClick(grid, Qt::Key_Right);
     QVERIFY(listener.linesOf("Focus").contains(QStringLiteral("Focus Thursday, April 18, 2024")));
+}
+
+void AccessibleEventsTest::theCurrentNameOfAPathIsTold()
+{
+    VelaButtonPath path;
+    path.resize(400, 30);
+    path.refresh(QStringLiteral("letters/2026/may"));
+    path.show();
+    QVERIFY(QTest::qWaitForWindowActive(&path));
+    LogCapture log;
+    const Listener listener;
+    path.cellWidget(0, 2)->setFocus(Qt::TabFocusReason);
+    QStringList told = listener.linesOf("Focus");
+    told.removeDuplicates();
+    QCOMPARE(told, QStringList(QStringLiteral("Focus 2026")));
+    QCOMPARE(log.takeTexts(), QStringList());
 }
 
 QTEST_MAIN(AccessibleEventsTest)
