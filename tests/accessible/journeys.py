@@ -26,14 +26,13 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import GLib  # noqa: E402
 import pyatspi  # noqa: E402
 
+sys.dont_write_bytecode = True
+from bus_tree import problems_of, states_of  # noqa: E402
+
 PATIENCE = 60  # seconds for what must come
 QUIET = 1.5  # seconds without a word, after which nothing is expected any more; only where the words are written anew
 
 CONTAINERS = {"alert", "dialog", "list", "panel", "table", "tree", "tool bar"}
-
-
-def states_of(accessible):
-    return {pyatspi.stateToString(state) for state in accessible.getState().getStates()}
 
 
 def ancestors_of(accessible):
@@ -366,29 +365,6 @@ def travel(program, name, update):
     finally:
         gallery.end()
     return said
-
-
-def problems_of(accessible, path=""):
-    """What is wrong with that and all that is shown below it, and how many things that are."""
-    here = path + " > " + accessible.getRoleName() + " " + repr(accessible.name)
-    states = states_of(accessible)
-    problems = []
-    if "focusable" in states and not accessible.name.strip():
-        problems.append(here + ": takes the focus and has no name")
-    if "focusable" in states and accessible.getRoleName() in ("unknown", "invalid", ""):
-        problems.append(here + ": takes the focus and has no role")
-    count = 1
-    for index in range(accessible.childCount):
-        child = accessible.getChildAtIndex(index)
-        if child is None:
-            problems.append(here + ": has nothing as child {}".format(index))
-        elif "showing" in states_of(child):
-            if child.getIndexInParent() != index:
-                problems.append(here + ": its child {} is elsewhere".format(index))
-            found, more = problems_of(child, here)
-            problems += found
-            count += more
-    return problems, count
 
 
 def walk(program):

@@ -23,6 +23,10 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import GLib  # noqa: E402
 import pyatspi  # noqa: E402
 
+sys.dont_write_bytecode = True
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "accessible"))
+from bus_tree import problems_of, states_of  # noqa: E402
+
 PATIENCE = 30  # seconds for what must come
 BAD_NAME = b"bad\xff.txt"
 JOURNEYS = []
@@ -31,10 +35,6 @@ JOURNEYS = []
 def journey(function):
     JOURNEYS.append(function)
     return function
-
-
-def states_of(accessible):
-    return {pyatspi.stateToString(state) for state in accessible.getState().getStates()}
 
 
 class Files:
@@ -105,6 +105,22 @@ class Files:
                 return result
             time.sleep(0.02)
         raise AssertionError("waited in vain for " + what)
+
+    # ---- what a screen reader is told
+
+    def assert_all_is_told(self, at_least):
+        """All that is shown has a place in the tree, and what takes the focus a name and a role. Folders have no size: a
+        cell may be empty."""
+        count = 0
+        for window in self.windows():
+            if "showing" in states_of(window):
+                problems, more = problems_of(window, nameless=("table cell",))
+                assert not problems, "\n".join(problems)
+                count += more
+        assert count >= at_least, "only {} things are there".format(count)
+
+    def focused(self):
+        return next((found for found in self.shown() if "focused" in states_of(found)), None)
 
     # ---- what is on the screen
 
@@ -448,6 +464,39 @@ def hidden_files_and_settings(files):
     files.wait_for_title("Letters")
     files.keys("alt+Up")
     files.until(lambda: ".hidden" in files.rows(), "the hidden file")
+
+
+@journey
+def everything_is_told(files):
+    files.start()
+    files.wait_for_rows("Letters", "Pictures", "a.txt", "b.png", "c.zip")
+    files.assert_all_is_told(at_least=50)
+    files.select("a.txt")
+    for keys, shown in (("F2", "New name"), ("shift+Delete", "a.txt"), ("alt+Return", "Kind: plain text document")):
+        files.keys(keys)
+        files.wait_for("label", shown)
+        files.assert_all_is_told(at_least=4)
+        files.keys("Return" if keys == "alt+Return" else "Escape")
+        files.wait_until_gone("label", shown)
+    files.keys("F1")
+    files.until(lambda: any(window.name == "Help" for window in files.windows()), "the help")
+    files.assert_all_is_told(at_least=50)
+
+
+@journey
+def tab_goes_round(files):
+    files.start()
+    files.wait_for_rows("Letters", "Pictures", "a.txt", "b.png", "c.zip")
+    stops = [files.until(files.focused, "a focus")]
+    while True:
+        files.keys("Tab")
+        stop = files.until(lambda: (files.focused() not in (None, stops[-1])) and files.focused(), "the next focus")
+        assert stop.name.strip(), "a {} has no name".format(stop.getRoleName())
+        if stop == stops[0]:
+            break
+        assert stop not in stops, "Tab goes round without the first: " + stop.name
+        stops.append(stop)
+    assert len(stops) > 5, [stop.name for stop in stops]
 
 
 @journey
