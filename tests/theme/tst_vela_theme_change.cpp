@@ -405,7 +405,7 @@ private Q_SLOTS:
         living.refresh(QStringLiteral("one/two & three/four"));
         const ThemeCopy copy;
         copy.replace(QStringLiteral("styles/tree-and-path.qss"),
-                     "== component.button_path_name_button ==\nQPushButton {",
+                     "== component.button_path_name_button ==\nQPushButton {\n    font-size: 13px;",
                      "== component.button_path_name_button ==\nQPushButton {\n    font-size: 31px;");
         QVERIFY(VelaTheme::getInstance()->load(copy.path(), English).isEmpty());
         VelaButtonPath made;
