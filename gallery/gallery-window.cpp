@@ -13,15 +13,19 @@
 #include <DPIinfo>
 #include <ImageManager>
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -53,17 +57,23 @@ QScrollArea *createScrollArea(QWidget *content)
 } // namespace
 
 GalleryWindow::GalleryWindow(const std::vector<ThemeEntry> &themes) :
-    m_list(new QListWidget), m_pages(new QStackedWidget), m_log(new LogView)
+    m_sideBar(new QWidget),
+    m_title(createText(QStringLiteral("Vela Components"), TextStyle::SectionTitle)),
+    m_list(new QListWidget),
+    m_pages(new QStackedWidget),
+    m_log(new LogView)
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(createSideBar(themes));
+    fillSideBar(themes);
+    layout->addWidget(m_sideBar);
     layout->addWidget(createContent(), 1);
     resize(scaled(WindowSize.width()), scaled(WindowSize.height()));
 
     connect(m_list, &QListWidget::currentRowChanged, this, &GalleryWindow::setCurrentPage);
     connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
+    connect(qApp, &QApplication::focusChanged, this, &GalleryWindow::scrollToFocus);
     connect(&m_watch, &ThemeWatch::changed, this, &GalleryWindow::reloadTheme);
     followTheme(this, [this] { renewLook(); });
 }
@@ -105,32 +115,29 @@ GalleryState GalleryWindow::state() const
             saveGeometry()};
 }
 
-QWidget *GalleryWindow::createSideBar(const std::vector<ThemeEntry> &themes)
+void GalleryWindow::fillSideBar(const std::vector<ThemeEntry> &themes)
 {
     m_list->setObjectName(QStringLiteral("pageList"));
     m_list->setAccessibleName(QStringLiteral("Pages"));
+    styleScrollBars(m_list);
     for (const PageEntry &page : galleryPages()) {
         m_list->addItem(page.title);
     }
 
-    QLabel *title = createText(QStringLiteral("Vela Components"), TextStyle::SectionTitle);
-    title->setContentsMargins(scaled(SideBarTextMargin), 0, scaled(SideBarTextMargin), 0);
+    m_title->setContentsMargins(scaled(SideBarTextMargin), 0, scaled(SideBarTextMargin), 0);
     auto *switches = new Switches(themes);
     connect(switches, &Switches::chosen, this, &GalleryWindow::addProblems);
     connect(switches, &Switches::scaleChosen, this, &GalleryWindow::scaleChosen);
 
-    auto *sideBar = new QWidget;
-    sideBar->setAutoFillBackground(true);
-    sideBar->setBackgroundRole(QPalette::Base);
-    sideBar->setFixedWidth(scaled(SideBarWidth));
-    auto *layout = new QVBoxLayout(sideBar);
+    m_sideBar->setAutoFillBackground(true);
+    m_sideBar->setBackgroundRole(QPalette::Base);
+    auto *layout = new QVBoxLayout(m_sideBar);
     const int margin = scaled(SideBarMargin);
     layout->setContentsMargins(margin, scaled(SideBarTopMargin), margin, margin);
     layout->setSpacing(scaled(SideBarSpacing));
-    layout->addWidget(title);
+    layout->addWidget(m_title);
     layout->addWidget(m_list);
     layout->addWidget(switches);
-    return sideBar;
 }
 
 QWidget *GalleryWindow::createContent()
@@ -167,15 +174,44 @@ void GalleryWindow::setCurrentPage(int index)
     setWindowTitle(currentPage()->accessibleName() + QStringLiteral(" \u2013 Vela Gallery"));
 }
 
+// Scroll areas follow keys only from one of their widgets to the next, and of a field they show the cursor. Under a
+// press of the mouse nothing may move.
+void GalleryWindow::scrollToFocus(QWidget *, QWidget *focused)
+{
+    if (!focused || QApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    auto *area = static_cast<QScrollArea *>(m_pages->currentWidget());
+    const QWidget *page = area->widget();
+    if (!page || !page->isAncestorOf(focused)) {
+        return;
+    }
+    const QSize half = (focused->size() + QSize(1, 1)) / 2;
+    const QPoint center = focused->mapTo(page, focused->rect().center());
+    const QSize room = area->viewport()->size();
+    if (focused->width() < room.width() && focused->height() < room.height()) {
+        area->ensureVisible(center.x(), center.y(), half.width(), half.height());
+    }
+}
+
 // Colours of the palette are read when a sheet is set.
 void GalleryWindow::renewLook()
 {
     m_list->setStyleSheet(DPIinfo::getInstance()->getScaledStyleSheet(QString::fromLatin1(ListSheet)));
+    m_sideBar->setFixedWidth(sideBarWidth());
     setWindowIcon(QIcon::fromTheme(QStringLiteral("vela-gallery")));
     if (windowIcon().isNull()) {
         setWindowIcon(getGlobalImage("app_img", ImageManager::IMAGE_NORMAL));
     }
     m_watch.setFolder(VelaTheme::getInstance()->folder());
+}
+
+// Large fonts need more than the usual width.
+int GalleryWindow::sideBarWidth() const
+{
+    const int pagesWidth = m_list->sizeHintForColumn(0) + m_list->verticalScrollBar()->sizeHint().width();
+    const int widest = std::max(pagesWidth, m_title->sizeHint().width());
+    return std::max(scaled(SideBarWidth), widest + 2 * scaled(SideBarMargin));
 }
 
 void GalleryWindow::reloadTheme()

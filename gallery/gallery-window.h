@@ -15,6 +15,7 @@
 
 class GalleryPage;
 class LogView;
+class QLabel;
 class QListWidget;
 class QStackedWidget;
 
@@ -47,12 +48,16 @@ Q_SIGNALS:
     void scaleChosen(double scale);
 
 private:
-    QWidget *createSideBar(const std::vector<ThemeEntry> &themes);
+    void fillSideBar(const std::vector<ThemeEntry> &themes);
     QWidget *createContent();
     void setCurrentPage(int index);
+    void scrollToFocus(QWidget *former, QWidget *focused);
     void renewLook();
+    int sideBarWidth() const;
     void reloadTheme();
 
+    QWidget *m_sideBar;
+    QLabel *m_title;
     QListWidget *m_list;
     QStackedWidget *m_pages;
     LogView *m_log;

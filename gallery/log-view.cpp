@@ -18,6 +18,7 @@ namespace {
 constexpr int Margin = 12;
 constexpr int SideMargin = 32;
 constexpr int Spacing = 6;
+constexpr int FewestLines = 2;
 constexpr int MaximumLines = 1000;
 
 } // namespace
@@ -36,6 +37,7 @@ LogView::LogView() : m_text(new QPlainTextEdit), m_clear(new QToolButton)
     m_text->setPlaceholderText(QStringLiteral("Try a widget: the signals that it emits are listed here."));
     m_text->setAccessibleName(QStringLiteral("Signals and warnings"));
     m_text->document()->setDocumentMargin(0);
+    m_text->setMinimumHeight(FewestLines * m_text->fontMetrics().lineSpacing());
     styleScrollBars(m_text);
 
     auto *header = new QHBoxLayout;

@@ -9,6 +9,7 @@
 #include <VelaMenu>
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QScreen>
 
 namespace {
@@ -51,14 +52,19 @@ VelaMenu *createMenu(GalleryPage *page, QWidget *parent)
     return menu;
 }
 
-// A menu in the page, so that its look is seen without opening one.
+// A menu in the page, so that its look is seen without opening one. It would leave a place that is not on a screen, for
+// which it takes its place in the widget around it.
 QWidget *createPicture(GalleryPage *page)
 {
-    VelaMenu *menu = createMenu(page, page);
+    auto *frame = new QWidget;
+    VelaMenu *menu = createMenu(page, frame);
     menu->setWindowFlags(Qt::Widget);
     followTheme(menu, [menu] { menu->setFixedSize(menu->sizeHint()); });
     menu->setActiveAction(menu->actions().at(1));
-    return menu;
+    auto *layout = new QHBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(menu);
+    return frame;
 }
 
 // Where a menu of size stands out of the screen's corner.

@@ -14,6 +14,7 @@
 #include <VelaTheme>
 
 #include <QAbstractAnimation>
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QMovie>
@@ -93,8 +94,12 @@ private Q_SLOTS:
     void tabVisitsWhatIsOnAPageAndComesBack();
     void nothingMovesButASheetThatIsProcessing_data() { tabVisitsWhatIsOnAPageAndComesBack_data(); }
     void nothingMovesButASheetThatIsProcessing();
+    void accessKeysAreShownAndWork_data() { tabVisitsWhatIsOnAPageAndComesBack_data(); }
+    void accessKeysAreShownAndWork();
 
 private:
+    QVector<QWidget *> widgetsWithAccessKeys() const;
+    bool showsItsAccessKey(QWidget *widget) const;
     QVector<Stop> roundTrip(Qt::Key key);
 
     const OwnDataFolder m_dataFolder;
@@ -192,6 +197,64 @@ void GalleryKeysTest::nothingMovesButASheetThatIsProcessing()
         const bool isRepeating = timer->isActive() && !timer->isSingleShot();
         QVERIFY(!isRepeating || qobject_cast<VelaCountdownMessageBox *>(timer->parent()));
     }
+}
+
+// Buttons, and labels that lead to a widget. Those that only show a state take no keys.
+QVector<QWidget *> GalleryKeysTest::widgetsWithAccessKeys() const
+{
+    QVector<QWidget *> found;
+    const auto widgets = m_window->findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const bool takesKeys = label
+            ? label->buddy() != nullptr
+            : qobject_cast<const QAbstractButton *>(widget) && widget->focusPolicy() != Qt::NoFocus;
+        const QString text = widget->property("text").toString();
+        if (takesKeys && widget->isVisible() && widget->isEnabled() && !QKeySequence::mnemonic(text).isEmpty()) {
+            found.append(widget);
+        }
+    }
+    return found;
+}
+
+// It is the underline that the picture of the same text without the key has not.
+bool GalleryKeysTest::showsItsAccessKey(QWidget *widget) const
+{
+    const QString text = widget->property("text").toString();
+    const QImage picture = widget->grab().toImage();
+    widget->setProperty("text", QString(text).remove(u'&'));
+    const QImage without = widget->grab().toImage();
+    widget->setProperty("text", text);
+    return picture.size() == without.size() && picture != without;
+}
+
+void GalleryKeysTest::accessKeysAreShownAndWork()
+{
+    QFETCH(QString, name);
+    m_window->showPage(name);
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.data()));
+    const QVector<QWidget *> widgets = widgetsWithAccessKeys();
+    QStringList keys;
+    for (QWidget *widget : widgets) {
+        const QKeySequence sequence = QKeySequence::mnemonic(widget->property("text").toString());
+        keys.append(sequence.toString(QKeySequence::PortableText));
+        QVERIFY2(showsItsAccessKey(widget), qPrintable(keys.constLast()));
+
+        m_window->findChild<QWidget *>(QStringLiteral("pageList"))->setFocus();
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const QScopedPointer<QSignalSpy> clicks(label ? nullptr : new QSignalSpy(widget, SIGNAL(clicked(bool))));
+        QTest::keyClick(m_window->windowHandle(), static_cast<Qt::Key>(sequence[0] & ~Qt::ALT), Qt::AltModifier);
+        QTRY_VERIFY2(label ? label->buddy()->hasFocus() : clicks->size() == 1, qPrintable(keys.constLast()));
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight); // which one of the keys has changed
+    keys.sort();
+    // Those of the bar at the side are on every page, and one page has a key of its own.
+    QStringList expected {QStringLiteral("Alt+C"), QStringLiteral("Alt+L"), QStringLiteral("Alt+R"),
+                          QStringLiteral("Alt+T")};
+    expected += name == QStringLiteral("buttons") ? QStringList(QStringLiteral("Alt+S")) : QStringList();
+    expected.sort();
+    QCOMPARE(keys, expected);
 }
 
 QTEST_MAIN(GalleryKeysTest)
