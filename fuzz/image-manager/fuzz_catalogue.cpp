@@ -10,6 +10,7 @@
 #include "support/widgets.h"
 #include "utils/ui-path-manager.h"
 
+#include <QCache>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -43,10 +44,15 @@ public:
         UIPathManager::getInstance()->setPath(QStringLiteral("user_data_path"), m_folder.path());
     }
 
-    // The size of an image in the file, empty if there is none.
+    // The size of an image in the file, empty if there is none. The files stay as they are.
     QSize sizeOf(const QString &name) const
     {
-        return QImage(m_folder.filePath(QStringLiteral("images/") + name + QStringLiteral(".png"))).size();
+        static QCache<QString, QSize> sizes(10000);
+        if (!sizes.contains(name)) {
+            const QString path = m_folder.filePath(QStringLiteral("images/") + name + QStringLiteral(".png"));
+            sizes.insert(name, new QSize(QImage(path).size()));
+        }
+        return *sizes[name];
     }
 
     QString copyOf(const QString &name) const

@@ -4,6 +4,7 @@
 // An image file, whatever is in it, and its copy.
 
 #include "image-manager/image-manager.h"
+#include "scale/dpi-info.h"
 #include "support/input.h"
 #include "support/widgets.h"
 #include "utils/ui-path-manager.h"
@@ -55,7 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     ImageManager::getInstance()->initialize(ImageManager::INIT_PRELOAD);
 
     const QPixmap original = QPixmap::fromImage(QImage(path)); // not out of the cache of pixmaps
-    const QSize target = original.size() / 4.0;
+    QSize target = original.size() / 4.0;
+    target *= DPIinfo::getInstance()->getDPI();
     const QPixmap expected = original.scaled(target, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     const QPixmap actual = getGlobalImage("x", ImageManager::IMAGE_NORMAL);
     agree("size", actual.size(), expected.size());

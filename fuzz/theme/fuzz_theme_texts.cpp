@@ -36,6 +36,19 @@ bool addLiterally(const QByteArray &json, Texts &texts)
     return isGood;
 }
 
+// A table with every text that the library asks for.
+QByteArray wholeTable()
+{
+    static const QByteArray table = [] {
+        QJsonObject object;
+        for (const TextEntry &entry : TextEntries) {
+            object.insert(QLatin1String(entry.key), QStringLiteral("text"));
+        }
+        return QJsonDocument(object).toJson();
+    }();
+    return table;
+}
+
 int problemsOf(const VelaTheme::Problems &problems, VelaTheme::Problem::Severity severity)
 {
     return static_cast<int>(std::count_if(problems.begin(), problems.end(), [severity](const auto &problem) {
@@ -52,8 +65,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static const bool isMade = QDir(folder.path()).mkdir(QStringLiteral("strings"));
     Q_UNUSED(isMade)
     FuzzInput input(data, size);
+    const bool isFallbackWhole = input.take<quint8>() % 4 != 0;
     const QByteArray own = input.takeUpTo(Separator);
-    const QByteArray fallback = input.rest();
+    const QByteArray fallback = isFallbackWhole ? wholeTable() : input.rest();
     const auto write = [](const char *name, const QByteArray &bytes) {
         QFile file(folder.filePath(QLatin1String(name)));
         file.open(QIODevice::WriteOnly);
