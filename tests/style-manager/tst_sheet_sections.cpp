@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "style-manager/sheet-sections_p.h"
 #include "style-manager/literal-sections.h"
+#include "style-manager/sheet-sections_p.h"
 #include "support/generated-text.h"
 
 #include <QtTest>
