@@ -49,26 +49,50 @@ constexpr int LargeLetters = 24;
 constexpr int LayoutPasses = 10;
 constexpr int MostStops = 200; // of a page, far more than there are
 
-// "large": letters of 24 points; "long": a language whose texts are twice as long as English ones.
+// "large": letters of 24 points; "long": a language whose texts are twice as long as English ones; "arabic": one that
+// is written from right to left.
 bool isAbout(const char *subject)
 {
     return qgetenv("VELA_TEST_TEXTS") == subject;
 }
 
-QString twice(const QString &text)
+bool hasWords(const QString &text)
 {
-    const bool hasWords = std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
-    return hasWords ? QString(text + u' ' + QString(text).remove(u'&')) : text;
+    return std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
 }
 
-// The reference theme with a language of long words in the place of English. Returns the words.
-QStringList lengthen(const ThemeCopy &theme)
+QString twice(const QString &text)
+{
+    return hasWords(text) ? QString(text + u' ' + QString(text).remove(u'&')) : text;
+}
+
+// As many words, of some Arabic sentence.
+QString inArabic(const QString &text)
+{
+    static const QStringList arabic = QStringLiteral("\u0632\u0631 \u0627\u0644\u0646\u0635 "
+                                                     "\u0627\u0644\u0639\u0631\u0628\u064A "
+                                                     "\u0627\u0644\u0637\u0648\u064A\u0644")
+                                          .split(u' ');
+    QStringList words = text.split(u' ');
+    for (int i = 0; i < words.size(); ++i) {
+        words[i] = hasWords(words.at(i)) ? arabic.at(i % arabic.size()) : words.at(i);
+    }
+    return words.join(u' ');
+}
+
+QString translated(const QString &text)
+{
+    return isAbout("arabic") ? inArabic(text) : twice(text);
+}
+
+// The reference theme with another language in the place of English. Returns the words.
+QStringList translate(const ThemeCopy &theme)
 {
     const QString name = QStringLiteral("strings/enu.json");
     QJsonObject texts = QJsonDocument::fromJson(theme.read(name)).object();
     QStringList words;
     for (auto it = texts.begin(); it != texts.end(); ++it) {
-        words.append(twice(it.value().toString()));
+        words.append(translated(it.value().toString()));
         it.value() = words.constLast();
     }
     theme.write(name, QJsonDocument(texts).toJson());
@@ -82,39 +106,39 @@ QString plain(const QString &richText)
     return document.toPlainText();
 }
 
-void lengthenSheets(QWidget *page)
+void translateSheets(QWidget *page)
 {
     const auto sheets = page->findChildren<VelaMessageSheet *>();
     for (VelaMessageSheet *sheet : sheets) {
         const auto labels = sheet->findChildren<MessageLabel *>(QString(), Qt::FindDirectChildrenOnly);
-        sheet->setText(twice(plain(labels.constFirst()->text())));
+        sheet->setText(translated(plain(labels.constFirst()->text())));
         if (labels.size() > 1) {
-            sheet->setInformativeText(twice(plain(labels.at(1)->text())));
+            sheet->setInformativeText(translated(plain(labels.at(1)->text())));
         }
     }
     const auto inputSheets = page->findChildren<VelaInputSheet *>();
     for (VelaInputSheet *sheet : inputSheets) {
-        sheet->setText(twice(plain(sheet->findChild<MessageLabel *>()->text())));
+        sheet->setText(translated(plain(sheet->findChild<MessageLabel *>()->text())));
     }
 }
 
-void lengthenPaths(QWidget *page)
+void translatePaths(QWidget *page)
 {
     const auto paths = page->findChildren<VelaButtonPath *>();
     for (VelaButtonPath *path : paths) {
         QStringList names = path->getPath(path->columnCount() - 1).split(u'/');
-        std::transform(names.begin(), names.end(), names.begin(), twice);
+        std::transform(names.begin(), names.end(), names.begin(), translated);
         path->refresh(names.join(u'/'));
     }
 }
 
 // Boxes are as wide as they ask for, which they do anew.
-void lengthenBoxes(QWidget *page)
+void translateBoxes(QWidget *page)
 {
     const auto boxes = page->findChildren<QComboBox *>();
     for (QComboBox *box : boxes) {
         for (int i = 0; i < box->count(); ++i) {
-            box->setItemText(i, twice(box->itemText(i)));
+            box->setItemText(i, translated(box->itemText(i)));
         }
         box->ensurePolished();
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -132,26 +156,26 @@ bool isWithin(const QWidget *widget)
 }
 
 // What the application says, which the words of the theme are no part of. It gives the texts below a list their widths.
-void lengthen(QWidget *page, const QStringList &words)
+void translate(QWidget *page, const QStringList &words)
 {
-    lengthenSheets(page);
-    lengthenPaths(page);
-    lengthenBoxes(page);
+    translateSheets(page);
+    translatePaths(page);
+    translateBoxes(page);
     const auto buttons = page->findChildren<QAbstractButton *>();
     for (QAbstractButton *button : buttons) {
         if (!words.contains(button->text()) && !isWithin<VelaButtonPath>(button)) {
-            button->setText(twice(button->text()));
+            button->setText(translated(button->text()));
         }
     }
     const auto labels = page->findChildren<QLabel *>();
     for (QLabel *label : labels) {
         if (!qobject_cast<MessageLabel *>(label) && !isWithin<VelaPagingBar>(label)) {
-            label->setText(twice(label->text()));
+            label->setText(translated(label->text()));
         }
     }
     const auto actions = page->findChildren<QAction *>();
     for (QAction *action : actions) {
-        action->setText(twice(action->text()));
+        action->setText(translated(action->text()));
     }
 }
 
@@ -201,6 +225,7 @@ bool showsItsText(const QWidget *widget)
     }
     const QString text = textOf(widget);
     const QFontMetrics metrics = widget->fontMetrics();
+    // A box asks for as much as is painted of its text.
     const int width = qobject_cast<const QComboBox *>(widget) ? metrics.boundingRect(text).width()
                                                               : metrics.size(Qt::TextShowMnemonic, text).width();
     return holds(room, {width, metrics.tightBoundingRect(text).height()});
@@ -259,6 +284,8 @@ private Q_SLOTS:
     void theFocusIsInView();
     void theListOfPagesIsNotCut();
     void sheetsAreWithinASmallWindow();
+    void thereAreLettersOfOtherScripts();
+    void textsOfASheetBeginWhereTheirScriptDoes();
 
 private:
     GalleryPage *show(const QString &name);
@@ -272,11 +299,13 @@ private:
 void GalleryTextsTest::initTestCase()
 {
     QApplication::setFont(QFont(QStringLiteral("Sans Serif"), isAbout("large") ? LargeLetters : UsualLetters));
+    QApplication::setLayoutDirection(isAbout("arabic") ? Qt::RightToLeft : Qt::LeftToRight);
     QString folder = referenceTheme(QStringLiteral("light"));
     QStringList words;
-    if (isAbout("long")) {
+    const bool isOtherLanguage = isAbout("long") || isAbout("arabic");
+    if (isOtherLanguage) {
         m_theme.reset(new ThemeCopy);
-        words = lengthen(*m_theme);
+        words = translate(*m_theme);
         folder = m_theme->path();
     }
     QVERIFY(VelaTheme::getInstance()->load(folder, QStringLiteral("enu")).isEmpty());
@@ -288,8 +317,8 @@ void GalleryTextsTest::initTestCase()
         for (VelaCalanderView *calendar : calendars) {
             calendar->setCurrentPage(2026, 9);
         }
-        if (isAbout("long")) {
-            lengthen(m_window->currentPage(), words);
+        if (isOtherLanguage) {
+            translate(m_window->currentPage(), words);
         }
     }
     m_window->resize(SmallWindow * DPIinfo::getInstance()->getDPI());
@@ -305,10 +334,15 @@ void GalleryTextsTest::cleanupTestCase()
 GalleryPage *GalleryTextsTest::show(const QString &name)
 {
     m_window->showPage(name);
+    GalleryPage *page = m_window->currentPage();
+    // A layout may have asked what was changed on a hidden page before that was styled.
+    const auto layouts = page->findChildren<QLayout *>();
+    std::for_each(layouts.begin(), layouts.end(), [](QLayout *layout) { layout->invalidate(); });
+    page->updateGeometry();
     for (int pass = 0; pass < LayoutPasses; ++pass) {
         QCoreApplication::processEvents();
     }
-    return m_window->currentPage();
+    return page;
 }
 
 // Those of the page that one could see by scrolling.
@@ -424,6 +458,40 @@ void GalleryTextsTest::sheetsAreWithinASmallWindow()
             QVERIFY2(!part->isVisible() || !isControl(part) || textOf(part).isEmpty() || showsItsText(part),
                      qPrintable(described(part)));
         }
+    }
+}
+
+void GalleryTextsTest::thereAreLettersOfOtherScripts()
+{
+    const QFontMetrics metrics(QApplication::font());
+    for (const char16_t letter : {u'\u0627', u'\u0632', u'\u05D0', u'\u05E9'}) { // Arabic and Hebrew ones
+        QVERIFY2(metrics.inFont(QChar(letter)), qPrintable(QString::number(letter, 16)));
+    }
+}
+
+void GalleryTextsTest::textsOfASheetBeginWhereTheirScriptDoes()
+{
+    for (const bool isArabic : {false, true}) {
+        QWidget window;
+        window.resize(SmallWindow);
+        const QString text = QStringLiteral("Name");
+        VelaInputSheet sheet(isArabic ? inArabic(text) : text, &window);
+        window.show();
+        const QImage picture = sheet.findChild<MessageLabel *>()->grab().toImage();
+        const QRgb background = picture.pixel(picture.width() / 2, 0);
+        const auto isWritten = [&](int from, int to) {
+            for (int x = from; x < to; ++x) {
+                for (int y = 0; y < picture.height(); ++y) {
+                    if (picture.pixel(x, y) != background) {
+                        return true;
+                    }
+                }
+            }
+            return false;
+        };
+        const int half = picture.width() / 2;
+        QCOMPARE(isWritten(0, half), !isArabic);
+        QCOMPARE(isWritten(half, picture.width()), isArabic);
     }
 }
 
