@@ -187,7 +187,7 @@ private:
         if (!widget.isClicked) {
             return;
         }
-        const Stage stage(widget, StageState::Normal, Qt::LeftToRight);
+        const StagedWidget stage(widget, StageState::Normal, Qt::LeftToRight);
         const QSize size = stage.widget()->size();
         if (size.width() < SmallestTarget || size.height() < SmallestTarget) {
             add("target-small", widget,
@@ -200,17 +200,17 @@ private:
 
     void checkStates(const StageWidget &widget)
     {
-        const QImage normal = Stage(widget, StageState::Normal, Qt::LeftToRight).widgetPicture();
+        const QImage normal = StagedWidget(widget, StageState::Normal, Qt::LeftToRight).widgetPicture();
         constexpr int Thickness = 4; // of what must change at least, if it were as long as the widget is high
         if (widget.states.contains(StageState::Focused)) {
-            const QImage focused = Stage(widget, StageState::Focused, Qt::LeftToRight).widgetPicture();
+            const QImage focused = StagedWidget(widget, StageState::Focused, Qt::LeftToRight).widgetPicture();
             if (countChanged(normal, focused) < Thickness * std::min(normal.height(), normal.width())) {
                 add("focus-invisible", widget,
                     QStringLiteral("the %1 looks the same with the keyboard focus").arg(QLatin1String(widget.name)));
             }
         }
         if (widget.states.contains(StageState::Disabled)) {
-            const QImage disabled = Stage(widget, StageState::Disabled, Qt::LeftToRight).widgetPicture();
+            const QImage disabled = StagedWidget(widget, StageState::Disabled, Qt::LeftToRight).widgetPicture();
             if (countChanged(normal, disabled) < std::min(normal.height(), normal.width())) {
                 add("disabled-invisible", widget,
                     QStringLiteral("the %1 looks the same when it is disabled").arg(QLatin1String(widget.name)));
@@ -223,7 +223,7 @@ private:
         QStringList states;
         double least = ReadableContrast;
         for (const StageState state : widget.states) {
-            const Stage stage(widget, state, Qt::LeftToRight);
+            const StagedWidget stage(widget, state, Qt::LeftToRight);
             const QVector<ShownText> texts = textsOf(stage.widget());
             setWords(stage.widget(), QString(QChar(FullBlock)));
             const QImage with = stage.widgetPicture();

@@ -144,7 +144,7 @@ QString renderScreen(const QString &folder, const QString &output, int screen)
                     QStringLiteral("%1-%2-%3-%4")
                         .arg(QLatin1String(widget.name), nameOf(state), QLatin1String(Screens[screen].name),
                              direction == Qt::LeftToRight ? QStringLiteral("ltr") : QStringLiteral("rtl"));
-                const QImage picture = Stage(widget, state, direction).picture();
+                const QImage picture = StagedWidget(widget, state, direction).picture();
                 if (!picture.save(fileOf(output, cell), "PNG")) {
                     return QStringLiteral("Cannot write '%1'.").arg(fileOf(output, cell));
                 }

@@ -94,7 +94,7 @@ void useTheme(const QString &folder, const QString &language)
     StyleManager::getInstance()->initialize(sheets);
 }
 
-Stage::Stage(const StageWidget &widget, StageState state, Qt::LayoutDirection direction) :
+StagedWidget::StagedWidget(const StageWidget &widget, StageState state, Qt::LayoutDirection direction) :
     m_page(std::make_unique<QWidget>())
 {
     m_page->setLayoutDirection(direction);
@@ -114,9 +114,9 @@ Stage::Stage(const StageWidget &widget, StageState state, Qt::LayoutDirection di
     }
 }
 
-Stage::~Stage() = default;
+StagedWidget::~StagedWidget() = default;
 
-void Stage::enter(StageState state)
+void StagedWidget::enter(StageState state)
 {
     QWidget *part = activePart(m_widget);
     switch (state) {
@@ -149,7 +149,7 @@ void Stage::enter(StageState state)
     }
 }
 
-QImage Stage::picture() const
+QImage StagedWidget::picture() const
 {
     QPixmap page = m_page->grab();
     if (m_widget->isWindow()) { // a message box, which stands beside the page
@@ -159,7 +159,7 @@ QImage Stage::picture() const
     return page.toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-QImage Stage::widgetPicture() const
+QImage StagedWidget::widgetPicture() const
 {
     const QPixmap picture = m_widget->isWindow() ? m_widget->grab() : m_page->grab(m_widget->geometry());
     return picture.toImage().convertToFormat(QImage::Format_RGB32);

@@ -45,11 +45,11 @@ const QVector<StageWidget> &stageWidgets();
 void useTheme(const QString &folder, const QString &language);
 
 /// A widget on the page of its theme, in a state.
-class Stage
+class StagedWidget
 {
 public:
-    Stage(const StageWidget &widget, StageState state, Qt::LayoutDirection direction);
-    ~Stage();
+    StagedWidget(const StageWidget &widget, StageState state, Qt::LayoutDirection direction);
+    ~StagedWidget();
 
     QWidget *widget() const { return m_widget; }
     /// What is seen of the widget, with a margin around it.
