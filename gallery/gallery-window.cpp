@@ -73,7 +73,9 @@ GalleryWindow::GalleryWindow(const std::vector<ThemeEntry> &themes) :
 
     connect(m_list, &QListWidget::currentRowChanged, this, &GalleryWindow::setCurrentPage);
     connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
-    connect(qApp, &QApplication::focusChanged, this, &GalleryWindow::scrollToFocus);
+    // Until the window is destroyed, by which it loses the focus: the watch is gone by then.
+    connect(qApp, &QApplication::focusChanged, &m_watch,
+            [this](const QWidget *, const QWidget *focused) { scrollToFocus(focused); });
     connect(&m_watch, &ThemeWatch::changed, this, &GalleryWindow::reloadTheme);
     followTheme(this, [this] { renewLook(); });
 }
@@ -176,7 +178,7 @@ void GalleryWindow::setCurrentPage(int index)
 
 // Scroll areas follow keys only from one of their widgets to the next, and of a field they show the cursor. Under a
 // press of the mouse nothing may move.
-void GalleryWindow::scrollToFocus(QWidget *, QWidget *focused)
+void GalleryWindow::scrollToFocus(const QWidget *focused)
 {
     if (!focused || QApplication::mouseButtons() != Qt::NoButton) {
         return;

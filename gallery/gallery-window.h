@@ -51,7 +51,7 @@ private:
     void fillSideBar(const std::vector<ThemeEntry> &themes);
     QWidget *createContent();
     void setCurrentPage(int index);
-    void scrollToFocus(QWidget *former, QWidget *focused);
+    void scrollToFocus(const QWidget *focused);
     void renewLook();
     int sideBarWidth() const;
     void reloadTheme();
