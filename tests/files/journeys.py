@@ -363,6 +363,23 @@ def copy_and_paste(files):
 
 
 @journey
+def stop_a_copy(files):
+    size = 1 << 36  # bytes, more than is copied before the click
+    with open(files.path("big.bin"), "wb") as file:
+        file.truncate(size)
+    before = files.on_disk()
+    files.start()
+    files.select("big.bin")
+    files.keys("ctrl+c", "ctrl+v")
+    files.click_button("Stop")
+    files.wait_for("label", "Stopped.")
+    assert files.on_disk() == before
+    files.keys("Return")
+    files.wait_until_gone("label", "Stopped.")
+    assert not files.shown("push button", "Stop") and os.path.getsize(files.path("big.bin")) == size
+
+
+@journey
 def cut_and_paste(files):
     files.start()
     files.select("a.txt")
