@@ -91,7 +91,7 @@ Q_SIGNALS:
     /// The look has changed, and the library's widgets have followed; what the application has styled with
     /// getStyleSheet(), getGlobalImage() or ComponentStrings itself is its own to renew now. Before this, where the
     /// language has changed, all widgets have received QEvent::LanguageChange; to change the theme from there is
-    /// refused.
+    /// refused, and no window is painted before all widgets have followed, so that no dialog should be run there.
     ///
     /// Sections and texts that the application has added to the registries are gone: they are to be added again. Links
     /// in rich texts of labels, and widgets of the application with a style sheet that sets no colours, keep the former

@@ -716,6 +716,37 @@ private Q_SLOTS:
         QVERIFY(inStillWindow->updatesEnabled() && inStill->updatesEnabled());
     }
 
+    // As applications do that change much of a window at once.
+    void updatesMayBeSwitchedMeanwhile()
+    {
+        class Switcher : public VelaLabel
+        {
+        protected:
+            void changeEvent(QEvent *event) override
+            {
+                if (event->type() == QEvent::LanguageChange) {
+                    for (QWidget *widget : {static_cast<QWidget *>(this), parentWidget()}) {
+                        widget->setUpdatesEnabled(false);
+                        widget->setUpdatesEnabled(true);
+                    }
+                }
+                VelaLabel::changeEvent(event);
+            }
+        };
+        load(Light, English);
+        auto *column = new QWidget;
+        auto *switcher = new Switcher;
+        switcher->setParent(column);
+        auto *beside = new QWidget(column);
+        Window window(column);
+        QVERIFY(window.showAndWait());
+        load(Dark, German);
+        for (const QWidget *widget :
+             {static_cast<QWidget *>(&window), column, static_cast<QWidget *>(switcher), beside}) {
+            QVERIFY(widget->updatesEnabled());
+        }
+    }
+
     // Widgets of the application may go, with their children, while they are told.
     void widgetsMayBeDeletedMeanwhile()
     {
