@@ -14,14 +14,16 @@
 #include <QRegExpValidator>
 #include <QTextLayout>
 
+#include <functional>
+
 using namespace Vela;
 
 QRect g_check_rect;
 
 namespace {
 
-constexpr int ShapedTextCount = 100; // more than the rows of a window
-constexpr int LongestShapedText = 1000; // characters, more than fit into a row
+constexpr int KeptTextCount = 100; // more than the rows of a window
+constexpr int LongestKeptText = 1000; // characters, more than fit into a row
 
 // Names without a dot in front, and without what some file system does not allow.
 const char FolderNamePattern[] = R"(^[^\.\\\/:*?"<>|][^\\\/:*?"<>|]*)";
@@ -55,6 +57,20 @@ struct ShapedText
     QTextLine line;
 };
 
+// The room that the base gives to a text, which it works out by laying the text out.
+struct MeasuredText
+{
+    QFont font;
+    QRect rect;
+};
+
+// Whether the text is one line and short enough to be kept.
+bool isPlain(const QString &text, const QStyleOptionViewItem &option)
+{
+    return !option.features.testFlag(QStyleOptionViewItem::WrapText) && text.size() <= LongestKeptText
+        && !text.contains(QLatin1Char('\n')) && !text.contains(QChar::LineSeparator);
+}
+
 } // namespace
 
 class ItemDelegatePrivate
@@ -62,22 +78,44 @@ class ItemDelegatePrivate
 public:
     ~ItemDelegatePrivate() { QObject::disconnect(forgetting); }
 
+    void keepTextsWhileFontsLast();
+    QRect measuredRect(const QString &text, const QFont &font, const std::function<QRect()> &measure);
     const ShapedText &shapedText(const QString &text, const QStyleOptionViewItem &option, int width);
 
-    QCache<QString, ShapedText> shapedTexts {ShapedTextCount};
+    QCache<QString, ShapedText> shapedTexts {KeptTextCount};
+    QCache<QString, MeasuredText> measuredTexts {KeptTextCount};
     QMetaObject::Connection forgetting; // connection to the application, which may come after its delegates
 };
+
+void ItemDelegatePrivate::keepTextsWhileFontsLast()
+{
+    if (!forgetting) {
+        shapedTexts.clear();
+        measuredTexts.clear();
+        forgetting = QObject::connect(qApp, &QGuiApplication::fontDatabaseChanged, qApp, [this] {
+            shapedTexts.clear();
+            measuredTexts.clear();
+        });
+    }
+}
+
+QRect ItemDelegatePrivate::measuredRect(const QString &text, const QFont &font, const std::function<QRect()> &measure)
+{
+    keepTextsWhileFontsLast();
+    MeasuredText *measured = measuredTexts.object(text);
+    if (!measured || measured->font != font) {
+        measured = new MeasuredText {font, measure()};
+        measuredTexts.insert(text, measured);
+    }
+    return measured->rect;
+}
 
 const ShapedText &ItemDelegatePrivate::shapedText(const QString &text, const QStyleOptionViewItem &option, int width)
 {
     QTextOption textOption(QStyle::visualAlignment(option.direction, option.displayAlignment));
     textOption.setTextDirection(option.direction);
     textOption.setWrapMode(QTextOption::ManualWrap);
-    if (!forgetting) {
-        shapedTexts.clear();
-        forgetting =
-            QObject::connect(qApp, &QGuiApplication::fontDatabaseChanged, qApp, [this] { shapedTexts.clear(); });
-    }
+    keepTextsWhileFontsLast();
     ShapedText *shaped = shapedTexts.object(text);
     if (!shaped || !shaped->isFor(option.font, textOption, width)) {
         shaped = new ShapedText(text, option.font, textOption, width);
@@ -89,6 +127,37 @@ const ShapedText &ItemDelegatePrivate::shapedText(const QString &text, const QSt
 ItemDelegate::ItemDelegate() : d(std::make_unique<ItemDelegatePrivate>()) { }
 
 ItemDelegate::~ItemDelegate() = default;
+
+// The base measures a text for each paint anew. What has a check box or an icon is left to it.
+void ItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QVariant value = index.data(Qt::DisplayRole);
+    const QString text = value.userType() == QMetaType::QString ? value.toString() : QString();
+    if (text.isEmpty() || !isPlain(text, option) || index.data(Qt::DecorationRole).isValid()
+        || index.data(Qt::CheckStateRole).isValid()) {
+        QItemDelegate::paint(painter, option, index);
+        return;
+    }
+    const QStyleOptionViewItem itemOption = setOptions(index, option);
+    QRect checkRect;
+    QRect iconRect;
+    QRect textRect = d->measuredRect(text, itemOption.font, [&] {
+        const QRect room(0, 0, QWIDGETSIZE_MAX, itemOption.rect.height());
+        return textRectangle(painter, room, itemOption.font, text);
+    });
+    doLayout(itemOption, &checkRect, &iconRect, &textRect, false);
+
+    painter->save();
+    if (hasClipping()) {
+        painter->setClipRect(itemOption.rect);
+    }
+    drawBackground(painter, itemOption, index);
+    drawCheck(painter, itemOption, checkRect, Qt::Unchecked);
+    drawDecoration(painter, itemOption, iconRect, QPixmap());
+    drawDisplay(painter, itemOption, textRect, text);
+    drawFocus(painter, itemOption, textRect);
+    painter->restore();
+}
 
 QSize ItemDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
@@ -130,13 +199,11 @@ void ItemDelegate::drawCheck(QPainter *painter, const QStyleOptionViewItem &opti
 void ItemDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
                                const QString &text) const
 {
-    const bool isPlain = !(option.state & (QStyle::State_Selected | QStyle::State_Editing))
-        && !option.features.testFlag(QStyleOptionViewItem::WrapText) && text.size() <= LongestShapedText
-        && !text.contains(QLatin1Char('\n')) && !text.contains(QChar::LineSeparator);
+    const bool isKept = !(option.state & (QStyle::State_Selected | QStyle::State_Editing)) && isPlain(text, option);
     const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
     const QRect place = rect.adjusted(margin, 0, -margin, 0);
-    const ShapedText *shaped = isPlain ? &d->shapedText(text, option, place.width()) : nullptr;
+    const ShapedText *shaped = isKept ? &d->shapedText(text, option, place.width()) : nullptr;
     if (!shaped || !shaped->fitsInto(place.size())) {
         QItemDelegate::drawDisplay(painter, option, rect, text);
         return;

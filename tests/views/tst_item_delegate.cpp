@@ -10,7 +10,9 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QValidator>
 #include <QtTest>
 
@@ -60,6 +62,32 @@ QImage drawnText(const Delegate &delegate, const QStyleOptionViewItem &option, c
     return image;
 }
 
+// A row, painted twice, as texts are kept from the first time.
+QVector<QImage> drawnRow(const QItemDelegate &delegate, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    QVector<QImage> images;
+    for (int i = 0; i < 2; ++i) {
+        QImage image(200, 60, QImage::Format_RGB32);
+        image.fill(Ground);
+        QPainter painter(&image);
+        delegate.paint(&painter, option, index);
+        painter.drawText(option.rect.bottomLeft(), QStringLiteral("after"));
+        painter.end();
+        images.append(image);
+    }
+    return images;
+}
+
+// The toolkit's style, with another margin beside texts.
+class WideStyle : public QProxyStyle
+{
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
+    {
+        return metric == PM_FocusFrameHMargin ? 9 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
 } // namespace
 
 class ItemDelegateTest : public QObject
@@ -96,6 +124,9 @@ private Q_SLOTS:
 
     void textsAreDrawnAsByTheBase_data();
     void textsAreDrawnAsByTheBase();
+    void aRowWithoutACheckPublishesNone();
+    void rowsAreDrawnAsByTheBase_data();
+    void rowsAreDrawnAsByTheBase();
 
 private:
     ResourceFolder m_folder;
@@ -495,6 +526,90 @@ void ItemDelegateTest::textsAreDrawnAsByTheBase()
             compare();
         }
     }
+}
+
+void ItemDelegateTest::aRowWithoutACheckPublishesNone()
+{
+    QStandardItemModel model;
+    model.appendRow(new QStandardItem(QStringLiteral("Folder 1")));
+    const CheckRecorder delegate;
+    QStyleOptionViewItem option;
+    option.rect = QRect(10, 5, 180, 28);
+    g_check_rect = option.rect;
+    drawnRow(delegate, option, model.index(0, 0));
+    QCOMPARE(delegate.rects, QVector<QRect>(2));
+    QCOMPARE(g_check_rect, QRect());
+}
+
+void ItemDelegateTest::rowsAreDrawnAsByTheBase_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QVariant>("roleValue");
+    const QVariant text = QStringLiteral("Folder 1");
+    QFont tall;
+    tall.setPixelSize(20);
+    QTest::newRow("text") << text << int(Qt::UserRole) << QVariant();
+    QTest::newRow("too long") << QVariant(QString(QStringLiteral("folder ")).repeated(20)) << int(Qt::UserRole)
+                              << QVariant();
+    QTest::newRow("two lines") << QVariant(QStringLiteral("one\ntwo")) << int(Qt::UserRole) << QVariant();
+    QTest::newRow("no text") << QVariant() << int(Qt::UserRole) << QVariant();
+    QTest::newRow("empty text") << QVariant(QStringLiteral("")) << int(Qt::UserRole) << QVariant();
+    QTest::newRow("number") << QVariant(1234.5) << int(Qt::UserRole) << QVariant();
+    QTest::newRow("date") << QVariant(QDate(2026, 11, 22)) << int(Qt::UserRole) << QVariant();
+    QTest::newRow("font") << text << int(Qt::FontRole) << QVariant(tall);
+    QTest::newRow("alignment") << text << int(Qt::TextAlignmentRole) << QVariant(Qt::AlignRight | Qt::AlignBottom);
+    QTest::newRow("foreground") << text << int(Qt::ForegroundRole) << QVariant(QBrush(Qt::red));
+    QTest::newRow("background") << text << int(Qt::BackgroundRole) << QVariant(QBrush(Qt::green));
+    QTest::newRow("icon") << text << int(Qt::DecorationRole) << QVariant(QColor(Qt::blue));
+    QTest::newRow("checked") << text << int(Qt::CheckStateRole) << QVariant(Qt::Checked);
+    QTest::newRow("unchecked") << text << int(Qt::CheckStateRole) << QVariant(Qt::Unchecked);
+}
+
+void ItemDelegateTest::rowsAreDrawnAsByTheBase()
+{
+    QFETCH(const QVariant, value);
+    QFETCH(const int, role);
+    QFETCH(const QVariant, roleValue);
+    QStandardItemModel model(1, 1);
+    const QModelIndex index = model.index(0, 0);
+    QVERIFY(model.setData(index, value, Qt::DisplayRole));
+    QVERIFY(model.setData(index, roleValue, role));
+    ItemDelegate delegate;
+    QItemDelegate base;
+    QWidget widget;
+    QStyleOptionViewItem plain;
+    plain.widget = &widget;
+    plain.decorationSize = QSize(16, 16);
+    plain.state =
+        QStyle::State_Enabled | QStyle::State_Active | QStyle::State_HasFocus; // whose frame shows the text's room
+    plain.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    QVector<QStyleOptionViewItem> options(8, plain);
+    options[1].state = QStyle::State_None;
+    options[2].state |= QStyle::State_Selected;
+    options[3].state &= ~QStyle::State_HasFocus;
+    options[4].showDecorationSelected = true;
+    options[5].direction = Qt::RightToLeft;
+    options[6].font.setPixelSize(17);
+    options[6].fontMetrics = QFontMetrics(options[6].font);
+    options[7].features = QStyleOptionViewItem::WrapText;
+    for (const bool isClipping : {false, true}) {
+        delegate.setClipping(isClipping);
+        base.setClipping(isClipping);
+        for (QStyleOptionViewItem &option : options) {
+            for (const QRect &place : {QRect(10, 5, 180, 28), QRect(0, 0, 60, 12)}) {
+                option.rect = place;
+                QCOMPARE(drawnRow(delegate, option, index), drawnRow(base, option, index));
+            }
+        }
+    }
+
+    QCOMPARE(drawnRow(delegate, options.first(), index), drawnRow(base, options.first(), index));
+    QApplication::setStyle(new WideStyle); // which the application owns
+    const QVector<QImage> images = drawnRow(delegate, options.first(), index);
+    const QVector<QImage> expected = drawnRow(base, options.first(), index);
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QCOMPARE(images, expected);
 }
 
 QTEST_MAIN(ItemDelegateTest)
