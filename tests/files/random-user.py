@@ -56,11 +56,14 @@ def main():
     fill(home)
     authority = os.path.join(base, "authority")
     shutil.copy(os.environ["XAUTHORITY"], authority)
-    for path in (base, authority):
-        os.chown(path, USER, USER)
-    environment = dict(os.environ, HOME=home, XAUTHORITY=authority, XDG_CONFIG_HOME=base + "/config", TMPDIR=base,
-                       XDG_DATA_HOME=base + "/data", XDG_RUNTIME_DIR=base, QT_QPA_PLATFORM="xcb", QT_FONT_DPI="96",
-                       LC_ALL="C.UTF-8", QT_XCB_GL_INTEGRATION="none", BROWSER="true")
+    os.chown(authority, USER, USER)
+    for name in ("config", "data", "runtime", "tmp"):
+        os.mkdir(os.path.join(base, name), 0o700)
+        os.chown(os.path.join(base, name), USER, USER)
+    os.chmod(base, 0o755)  # the superuser's: what is needed to start cannot be deleted
+    environment = dict(os.environ, HOME=home, XAUTHORITY=authority, XDG_CONFIG_HOME=base + "/config", TMPDIR=base + "/tmp",
+                       XDG_DATA_HOME=base + "/data", XDG_RUNTIME_DIR=base + "/runtime", QT_QPA_PLATFORM="xcb",
+                       QT_FONT_DPI="96", LC_ALL="C.UTF-8", QT_XCB_GL_INTEGRATION="none", BROWSER="true")
     command = ["setpriv", "--reuid", str(USER), "--regid", str(USER), "--clear-groups", program]
     log = open(os.path.join(base, "log"), "w+", encoding="utf-8", errors="replace")
     process = subprocess.Popen(command, env=environment, cwd=base, stdout=log, stderr=log)

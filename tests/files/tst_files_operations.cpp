@@ -130,6 +130,7 @@ private Q_SLOTS:
     void withoutAWastebasketNothingChanges();
     void trashRefusesNamesThatItCannotTake();
     void removalTakesAllThatIsInAFolder();
+    void aJobDoesAllThatItIsGivenInTurn();
     void aJobEndsWithItsOwner();
 
 private:
@@ -464,6 +465,42 @@ void FilesOperationsTest::removalTakesAllThatIsInAFolder()
     QCOMPARE(removeForGood({path("from/tree")}, &m_progress).errors.size(), 0);
     QCOMPARE(allIn(path("from")), QByteArrayList());
     QCOMPARE(allIn(path("to")), QByteArrayList({"kept"}));
+}
+
+void FilesOperationsTest::aJobDoesAllThatItIsGivenInTurn()
+{
+    Job job;
+    QStringList told;
+    std::atomic<int> under {0};
+    const auto tell = [&](const char *what) { return [&told, what] { told.append(QString::fromLatin1(what)); }; };
+    const auto give = [&](const char *begun, const char *done, const std::function<void()> &after) {
+        job.start(
+            [&](Progress *progress) {
+                const bool isAlone = ++under == 1;
+                while (!progress->isStopped) {
+                    std::this_thread::yield();
+                }
+                --under;
+                Outcome outcome;
+                outcome.isStopped = isAlone;
+                return outcome;
+            },
+            [=, &told](const Outcome &outcome) {
+                told.append(outcome.isStopped ? QString::fromLatin1(done) : QStringLiteral("two at once"));
+                after();
+            },
+            tell(begun));
+    };
+    give("first", "first done", [&] { give("third", "third done", [] {}); });
+    give("second", "second done", [] {});
+    for (const char *so : {"first", "first|first done|second", "first|first done|second|second done|third"}) {
+        QTRY_COMPARE(told.join(u'|'), QString::fromLatin1(so));
+        QVERIFY(job.isRunning());
+        job.stop();
+    }
+    QTRY_COMPARE(told.size(), 6);
+    QCOMPARE(told.constLast(), QStringLiteral("third done"));
+    QVERIFY(!job.isRunning());
 }
 
 void FilesOperationsTest::aJobEndsWithItsOwner()

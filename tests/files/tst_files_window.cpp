@@ -62,6 +62,7 @@ private Q_SLOTS:
     void copiedFilesArePasted();
     void trashAsksFirst();
     void deletingForGoodCanBePrevented();
+    void whatIsAgreedToMeanwhileIsDoneAfterwards();
     void aFolderThatVanishesIsLeft();
     void theLanguageChangesUnderASheet();
     void settingsComeBack();
@@ -330,6 +331,32 @@ void FilesWindowTest::deletingForGoodCanBePrevented()
         QTRY_VERIFY_WITH_TIMEOUT(!m_window->findChild<VelaCountdownMessageBox *>(), Patience);
         QTRY_COMPARE_WITH_TIMEOUT(onDisk().contains(QStringLiteral("a.txt")), isPrevented, Patience);
     }
+}
+
+// A shortcut pressed again works once more until the window system has brought up the box of the first.
+void FilesWindowTest::whatIsAgreedToMeanwhileIsDoneAfterwards()
+{
+    const auto trigger = [this](const char *keys) {
+        const QList<QAction *> actions = m_window->actions();
+        const auto found = std::find_if(actions.begin(), actions.end(), [keys](const QAction *action) {
+            return action->shortcut() == QKeySequence(QString::fromLatin1(keys));
+        });
+        QVERIFY(found != actions.end());
+        (*found)->trigger();
+    };
+    select("a.txt");
+    trigger("Del");
+    select("b.png");
+    trigger("Shift+Del");
+    QVERIFY(sheet<VelaMessageSheet>());
+    QVERIFY(m_window->findChild<VelaCountdownMessageBox *>());
+
+    m_window->findChild<VelaCountdownMessageBox *>()->button(QMessageBox::Ok)->click();
+    sheet<VelaMessageSheet>()->button(QMessageBox::Ok)->click();
+    QTRY_COMPARE_WITH_TIMEOUT(onDisk().join(u'|'), QStringLiteral("c.cpp|inner"), Patience);
+    QTest::qWait(500); // a sheet that nobody puts away would be up by then
+    QVERIFY(!sheet<VelaMessageSheet>());
+    QVERIFY(m_window->findChildren<VelaMessageSheet *>().isEmpty());
 }
 
 void FilesWindowTest::aFolderThatVanishesIsLeft()

@@ -30,22 +30,34 @@ Job::~Job()
     m_thread.waitForDone();
 }
 
-void Job::start(const Work &work, const std::function<void(const Outcome &)> &done)
+void Job::start(const Work &work, const std::function<void(const Outcome &)> &done, const std::function<void()> &begun)
 {
-    if (isRunning()) {
-        return;
+    m_waiting.enqueue({work, done, begun});
+    if (!isRunning()) {
+        startNext();
     }
+}
+
+void Job::startNext()
+{
+    const Piece piece = m_waiting.dequeue();
     m_progress = std::make_shared<Progress>();
     m_timer.start();
-    QtConcurrent::run(&m_thread, [this, work, done, progress = m_progress] {
-        const Outcome outcome = work(progress.get());
-        QMetaObject::invokeMethod(this, [this, done, outcome] {
+    QtConcurrent::run(&m_thread, [this, piece, progress = m_progress] {
+        const Outcome outcome = piece.work(progress.get());
+        QMetaObject::invokeMethod(this, [this, piece, outcome] {
             m_timer.stop();
             m_progress.reset();
             Q_EMIT finished();
-            done(outcome);
+            piece.done(outcome);
+            if (!isRunning() && !m_waiting.isEmpty()) {
+                startNext();
+            }
         });
     });
+    if (piece.begun) {
+        piece.begun();
+    }
     Q_EMIT started();
 }
 

@@ -6,6 +6,7 @@
 #include "outcome.h"
 
 #include <QObject>
+#include <QQueue>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -24,9 +25,11 @@ public:
 
     using Work = std::function<Outcome(Progress *)>;
 
-    /// finished() follows, and @p done with what it brings. Does nothing while another one is under way.
-    void start(const Work &work, const std::function<void(const Outcome &)> &done);
-    /// What is begun and cannot be stopped is waited for.
+    /// Begins now, or when all that was given before has ended, and calls @p begun then. finished() follows, and @p
+    /// done with what the work brings.
+    void start(const Work &work, const std::function<void(const Outcome &)> &done,
+               const std::function<void()> &begun = {});
+    /// Ends what is under way, not what waits. A step that cannot be stopped is waited for.
     void stop();
     bool isRunning() const;
     /// Hundredths; -1 while that is not known.
@@ -38,6 +41,16 @@ Q_SIGNALS:
     void finished();
 
 private:
+    struct Piece
+    {
+        Work work;
+        std::function<void(const Outcome &)> done;
+        std::function<void()> begun;
+    };
+
+    void startNext();
+
+    QQueue<Piece> m_waiting;
     std::shared_ptr<Progress> m_progress; // null while nothing is under way
     QTimer m_timer;
     QThreadPool m_thread;

@@ -94,18 +94,18 @@ void Commands::askForName(const char *promptKey, const QString &proposal, const 
 void Commands::trash(const QStringList &paths)
 {
     m_sheets->ask(text("trash_question").arg(whichFiles(paths)), text("trash_details"), text("trash"), [this, paths] {
-        m_sheets->showBusy(text("trashing"));
         m_job->start([paths](Progress *progress) { return moveToTrash(paths, progress); },
-                     [this](const Outcome &outcome) { tell("trash_failed", outcome); });
+                     [this](const Outcome &outcome) { tell("trash_failed", outcome); },
+                     [this] { m_sheets->showBusy(text("trashing")); });
     });
 }
 
 void Commands::removeForGood(const QStringList &paths)
 {
     m_sheets->countDown(CountdownSeconds, text("delete"), text("delete_warning").arg(whichFiles(paths)), [this, paths] {
-        m_sheets->showBusy(text("deleting"));
         m_job->start([paths](Progress *progress) { return ::removeForGood(paths, progress); },
-                     [this](const Outcome &outcome) { tell("delete_failed", outcome); });
+                     [this](const Outcome &outcome) { tell("delete_failed", outcome); },
+                     [this] { m_sheets->showBusy(text("deleting")); });
     });
 }
 
