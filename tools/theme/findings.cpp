@@ -32,12 +32,11 @@ constexpr Rule Rules[] = {
     {"brace-unclosed", true,
      "A \"{\" whose \"}\" is missing. What follows is taken for declarations, up to the section's end."},
     {"caption-cut", true,
-     "A caption has more to show than the place where a widget shows it. It was measured in that widget, with the "
-     "theme's font. Shorten the text, or give the widget's section more room."},
+     "A text has more to show than the place where a widget shows it. It was measured in that widget, with the theme's "
+     "font. Where a text is named, shorten it; where a section is, give it more room."},
     {"caption-cut-longer", false,
      "Texts of other languages are longer than English ones, and some are read right to left. A caption that is a "
-     "third "
-     "longer has more to show than the place where a widget shows it. Give the widget's section more room."},
+     "third longer has more to show than the place where a widget shows it. Give the widget's section more room."},
     {"catalogue-entry", true,
      "The arrays \"images\" and \"tmp_images\" of images.json hold names: the file's, without state and without "
      "\".png\". Anything else is taken for an empty name."},

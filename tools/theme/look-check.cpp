@@ -3,22 +3,18 @@
 
 #include "look-check.h"
 
+#include "caption-check.h"
 #include "contrast.h"
+#include "drawn-texts.h"
+#include "fault-section.h"
 #include "findings.h"
-#include "json-file.h"
 #include "sheet-text.h"
 #include "stage.h"
 #include "text-check.h"
 
 #include <ComponentStrings>
-#include <VelaCalanderView>
-#include <VelaCountdownMessageBox>
-#include <VelaInputSheet>
 #include <VelaLineEdit>
-#include <VelaMessageSheet>
 #include <VelaTableWidget>
-#include <VelaTheme>
-#include <VelaTreeWidget>
 
 #include <QtWidgets>
 
@@ -32,7 +28,6 @@ constexpr double SeenContrast = 1.15; // of two states of the same pixel
 constexpr int SeenDifference = 24; // of a channel, where they are equally bright
 constexpr ushort FullBlock = 0x2588; // a character without thin strokes, which would be blended with what they stand on
 constexpr int SmallestTarget = 24; // logical pixels
-constexpr int SheetWindowWidth = 600; // logical pixels, of a small window
 
 bool areToldApart(QRgb one, QRgb other)
 {
@@ -146,50 +141,65 @@ bool hasErrorIn(const Findings &findings, std::initializer_list<const char *> be
     });
 }
 
+// What was seen of a widget in a state.
+struct SeenState
+{
+    StageState state;
+    QImage picture;
+};
+
 class LookCheck
 {
 public:
-    LookCheck(const SheetText &text, Findings *findings) : m_text(text), m_findings(findings) { }
+    LookCheck(const SheetText &sheets, Findings *findings) : m_sheets(sheets), m_findings(findings) { }
 
     void run()
     {
         for (const StageWidget &widget : stageWidgets()) {
-            checkSize(widget);
-            checkStates(widget);
-            if (widget.showsWords) {
-                checkContrast(widget);
-            }
+            check(widget);
         }
     }
 
 private:
     void add(const char *rule, const StageWidget &widget, const QString &text)
     {
-        for (const ThemeSection &section : m_text.sections()) {
-            if (section.key == QLatin1String(widget.key)) {
-                const QVector<Finding> &all = m_findings->all();
-                const bool isTold = std::any_of(all.cbegin(), all.cend(), [&](const Finding &finding) {
-                    return finding.file == section.header.file && finding.line == section.header.line
-                        && qstrcmp(finding.rule->name, rule) == 0;
-                });
-                if (isTold) { // of another widget with the section
-                    return;
-                }
-                m_findings->add(rule, section.header.file, section.header.line,
-                                QStringLiteral("%1: %2").arg(section.key, text));
-                return;
+        addToSection(rule, QString::fromLatin1(widget.key), text, m_sheets, m_findings);
+    }
+
+    bool isToldToCut(const StageWidget &widget) const
+    {
+        return isToldOfSection("caption-cut", QString::fromLatin1(widget.key), m_sheets, *m_findings);
+    }
+
+    void check(const StageWidget &widget)
+    {
+        QVector<SeenState> seen;
+        QStringList lowStates;
+        double least = ReadableContrast;
+        for (const StageState state : widget.states) {
+            const StagedWidget stage(widget, state, Qt::LeftToRight);
+            if (state == StageState::Normal) {
+                checkSize(widget, stage.widget()->size());
             }
+            const bool isCut = checkTexts(widget, stage.widget());
+            seen.append({state, stage.widgetPicture()});
+            if (widget.showsWords && !isCut && !isToldToCut(widget) && hasLowContrast(stage, &least)) {
+                lowStates.append(nameOf(state));
+            }
+        }
+        checkStates(widget, seen);
+        if (!lowStates.isEmpty()) {
+            add("contrast-low", widget,
+                QStringLiteral("the text of the %1 has a contrast of %2 to 1 (%3)")
+                    .arg(QLatin1String(widget.name))
+                    .arg(least, 0, 'f', 1)
+                    .arg(lowStates.join(QStringLiteral(", "))));
         }
     }
 
-    void checkSize(const StageWidget &widget)
+    void checkSize(const StageWidget &widget, const QSize &size)
     {
-        if (!widget.isClicked) {
-            return;
-        }
-        const StagedWidget stage(widget, StageState::Normal, Qt::LeftToRight);
-        const QSize size = stage.widget()->size();
-        if (size.width() < SmallestTarget || size.height() < SmallestTarget) {
+        if (widget.isClicked && (size.width() < SmallestTarget || size.height() < SmallestTarget)) {
             add("target-small", widget,
                 QStringLiteral("the %1 is %2 by %3 logical pixels large")
                     .arg(QLatin1String(widget.name))
@@ -198,148 +208,84 @@ private:
         }
     }
 
-    void checkStates(const StageWidget &widget)
+    // Whether a text is cut.
+    bool checkTexts(const StageWidget &widget, QWidget *shown)
     {
-        const QImage normal = StagedWidget(widget, StageState::Normal, Qt::LeftToRight).widgetPicture();
+        const QVector<DrawnText> texts = drawnTexts(shown);
+        const auto cut = std::find_if(texts.cbegin(), texts.cend(), [](const DrawnText &text) { return text.isCut; });
+        if (cut == texts.cend()) {
+            return false;
+        }
+        QWidget *part = shown->childAt(cut->seenAt);
+        const QString key = sectionAtFault(part ? part : shown, [&] {
+            QCoreApplication::sendPostedEvents();
+            return drawnTexts(shown).value(static_cast<int>(cut - texts.cbegin())).isCut;
+        });
+        addToSection("caption-cut", key.isEmpty() ? QString::fromLatin1(widget.key) : key,
+                     QStringLiteral("the text \"%1\" of the %2 is cut").arg(cut->text, QLatin1String(widget.name)),
+                     m_sheets, m_findings);
+        return true;
+    }
+
+    void checkStates(const StageWidget &widget, const QVector<SeenState> &seen)
+    {
+        const QImage &normal = seen.constFirst().picture;
+        const int side = std::min(normal.height(), normal.width());
         constexpr int Thickness = 4; // of what must change at least, if it were as long as the widget is high
-        if (widget.states.contains(StageState::Focused)) {
-            const QImage focused = StagedWidget(widget, StageState::Focused, Qt::LeftToRight).widgetPicture();
-            if (countChanged(normal, focused) < Thickness * std::min(normal.height(), normal.width())) {
+        for (const SeenState &other : seen) {
+            const int changed = countChanged(normal, other.picture);
+            if (other.state == StageState::Focused && changed < Thickness * side) {
                 add("focus-invisible", widget,
                     QStringLiteral("the %1 looks the same with the keyboard focus").arg(QLatin1String(widget.name)));
             }
-        }
-        if (widget.states.contains(StageState::Disabled)) {
-            const QImage disabled = StagedWidget(widget, StageState::Disabled, Qt::LeftToRight).widgetPicture();
-            if (countChanged(normal, disabled) < std::min(normal.height(), normal.width())) {
+            if (other.state == StageState::Disabled && changed < side) {
                 add("disabled-invisible", widget,
                     QStringLiteral("the %1 looks the same when it is disabled").arg(QLatin1String(widget.name)));
             }
         }
     }
 
-    void checkContrast(const StageWidget &widget)
+    // Whether a text is hard to read, and what the least contrast is of all that are.
+    static bool hasLowContrast(const StagedWidget &stage, double *least)
     {
-        QStringList states;
-        double least = ReadableContrast;
-        for (const StageState state : widget.states) {
-            const StagedWidget stage(widget, state, Qt::LeftToRight);
-            const QVector<ShownText> texts = textsOf(stage.widget());
-            setWords(stage.widget(), QString(QChar(FullBlock)));
-            const QImage with = stage.widgetPicture();
-            setWords(stage.widget(), QStringLiteral(" "));
-            const QImage without = stage.widgetPicture();
-            const qreal ratio = static_cast<qreal>(with.width()) / stage.widget()->width();
-            bool isLow = false;
-            for (const ShownText &text : texts) {
-                const QRect rect(text.rect.topLeft() * ratio, text.rect.size() * ratio);
-                const double found = contrastIn(with, without, rect);
-                const double needed = text.isDisabled ? DisabledContrast : ReadableContrast;
-                if (found < needed) {
-                    isLow = true;
-                    least = std::min(least, found);
-                }
-            }
-            if (isLow) {
-                states.append(nameOf(state));
+        const QVector<ShownText> texts = textsOf(stage.widget());
+        setWords(stage.widget(), QString(QChar(FullBlock)));
+        const QImage with = stage.widgetPicture();
+        setWords(stage.widget(), QStringLiteral(" "));
+        const QImage without = stage.widgetPicture();
+        const qreal ratio = static_cast<qreal>(with.width()) / stage.widget()->width();
+        bool isLow = false;
+        for (const ShownText &text : texts) {
+            const QRect rect(text.rect.topLeft() * ratio, text.rect.size() * ratio);
+            const double found = contrastIn(with, without, rect);
+            const double needed = text.isDisabled ? DisabledContrast : ReadableContrast;
+            if (found < needed) {
+                isLow = true;
+                *least = std::min(*least, found);
             }
         }
-        if (!states.isEmpty()) {
-            add("contrast-low", widget,
-                QStringLiteral("the text of the %1 has a contrast of %2 to 1 (%3)")
-                    .arg(QLatin1String(widget.name))
-                    .arg(least, 0, 'f', 1)
-                    .arg(states.join(QStringLiteral(", "))));
-        }
+        return isLow;
     }
 
-    const SheetText &m_text;
+    const SheetText &m_sheets;
     Findings *const m_findings;
 };
 
-// ---- captions
-
-// The longest caption of those buttons that are narrower than they need to be: the others may have given way to it.
-QString cutCaption(const QWidget *window)
-{
-    QString cut;
-    const QList<QAbstractButton *> buttons = window->findChildren<QAbstractButton *>();
-    for (const QAbstractButton *button : buttons) {
-        if (button->isVisibleTo(window) && !button->text().isEmpty() && button->width() < button->sizeHint().width()
-            && button->text().size() > cut.size()) {
-            cut = button->text();
-        }
-    }
-    return cut;
-}
-
-// What is cut of the texts that are installed, in the widgets that show them.
-QStringList cutCaptions(Qt::LayoutDirection direction)
-{
-    QWidget window;
-    window.setAttribute(Qt::WA_DontShowOnScreen);
-    window.setLayoutDirection(direction);
-    window.resize(SheetWindowWidth, SheetWindowWidth);
-    const QString text = QStringLiteral("text");
-    QList<QWidget *> shown {
-        new VelaMessageSheet(VelaMessageSheet::QuestionMessage, text, &window),
-        new VelaMessageSheet(VelaMessageSheet::UpgradeMessage, text, &window),
-        new VelaInputSheet(text, &window),
-        new VelaCalanderView(&window),
-    };
-    window.show();
-    QStringList cut;
-    for (QWidget *widget : qAsConst(shown)) {
-        widget->show();
-        widget->resize(widget->sizeHint().expandedTo(widget->minimumSize()).boundedTo(widget->maximumSize()));
-        if (widget->layout()) {
-            widget->layout()->activate();
-        }
-        cut.append(cutCaption(widget));
-    }
-    cut.removeAll(QString());
-    cut.removeDuplicates();
-    return cut;
-}
-
-void checkCaptions(const QString &folder, Findings *findings)
-{
-    const QStringList languages = VelaTheme::languages(folder);
-    for (const QString &language : languages) {
-        const QMap<QString, QString> texts = textsOf(folder, language);
-        ComponentStrings::getInstance()->installStrings(texts);
-        const QStringList cut = cutCaptions(Qt::LeftToRight);
-        for (const QString &caption : cut) {
-            const QString file = QStringLiteral("strings/%1.json").arg(language);
-            Findings ignored;
-            const int line = JsonFile(folder, file, "text-json", &ignored).lineOf(texts.key(caption));
-            findings->add("caption-cut", file, line, QStringLiteral("the caption \"%1\" is cut").arg(caption));
-        }
-    }
-    if (languages.isEmpty() || hasErrorIn(*findings, {"strings"})) {
-        return;
-    }
-    const QString model = mainLanguageOf(folder);
-    ComponentStrings::getInstance()->installStrings(lengthened(textsOf(folder, model)));
-    const QStringList cut = cutCaptions(Qt::RightToLeft);
-    for (const QString &caption : cut) {
-        findings->add("caption-cut-longer", QStringLiteral("strings/%1.json").arg(model), 0,
-                      QStringLiteral("the caption \"%1\", a third longer and right to left, is cut").arg(caption));
-    }
-}
-
 } // namespace
 
-void checkLooks(const QString &folder, const SheetText &text, Findings *findings)
+void checkLooks(const QString &folder, const SheetText &sheets, Findings *findings)
 {
     if (hasErrorIn(*findings, {"styles", "images"})) {
         return;
     }
     // What is missing has been told.
     QLoggingCategory::setFilterRules(QStringLiteral("debug.message.warning=false"));
-    useTheme(folder, mainLanguageOf(folder));
-    LookCheck(text, findings).run();
+    const QString language = mainLanguageOf(folder);
+    useTheme(folder, language);
+    ComponentStrings::getInstance()->installStrings(shortTexts());
+    LookCheck(sheets, findings).run();
+    ComponentStrings::getInstance()->installStrings(textsOf(folder, language));
     if (!hasErrorIn(*findings, {"strings"})) {
-        checkCaptions(folder, findings);
+        checkCaptions(folder, sheets, findings);
     }
 }

@@ -10,4 +10,4 @@ class SheetText;
 
 /// Checks what the widgets look like in the theme in @p folder, which is taken into use. Nothing is looked at while
 /// there are errors that could be the cause.
-void checkLooks(const QString &folder, const SheetText &text, Findings *findings);
+void checkLooks(const QString &folder, const SheetText &sheets, Findings *findings);

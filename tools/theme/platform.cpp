@@ -15,12 +15,12 @@
 
 namespace {
 
-// The platform without a display says of every window that it has no frame, and the toolkit of each colour, property
-// and image that it does not know what the check says better.
+// The platform without a display says of every window what it cannot do with it, and the toolkit of each colour,
+// property and image that it does not know what the check says better.
 void passOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    static const char *const silenced[] = {"This plugin does not support propagateSizeHints()",
-                                           "QCssParser::", "Unknown property ", "Could not create pixmap from "};
+    static const char *const silenced[] = {"This plugin does not support ", "QCssParser::", "Unknown property ",
+                                           "Could not create pixmap from "};
     const bool isSilenced = std::any_of(std::begin(silenced), std::end(silenced), [&message](const char *beginning) {
         return message.startsWith(QLatin1String(beginning));
     });

@@ -186,6 +186,15 @@ QMap<QString, QString> textsOf(const QString &folder, const QString &language)
     return texts;
 }
 
+QMap<QString, QString> shortTexts()
+{
+    QMap<QString, QString> texts;
+    for (const Vela::TextEntry &entry : Vela::TextEntries) {
+        texts.insert(QString::fromLatin1(entry.key), QStringLiteral("Cancel"));
+    }
+    return texts;
+}
+
 QMap<QString, QString> lengthened(const QMap<QString, QString> &texts)
 {
     QMap<QString, QString> longer;

@@ -15,5 +15,7 @@ void checkTexts(const QString &folder, Findings *findings);
 QString mainLanguageOf(const QString &folder);
 /// The texts of one; empty if they cannot be read.
 QMap<QString, QString> textsOf(const QString &folder, const QString &language);
+/// All texts of the contract in a few letters, for which each section must have room.
+QMap<QString, QString> shortTexts();
 /// Texts that are a third longer and told by brackets, as those of another language might be.
 QMap<QString, QString> lengthened(const QMap<QString, QString> &texts);
