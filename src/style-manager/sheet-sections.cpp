@@ -189,6 +189,9 @@ void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value
 QByteArray readSheets(QFile &file)
 {
     QByteArray text = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        return QByteArray(); // a file that cannot be read is empty, not one that ends anywhere
+    }
     // A device in text mode does the same, but looks for carriage returns a byte at a time.
     if (std::memchr(text.constData(), '\r', static_cast<std::size_t>(text.size()))) {
         text.replace("\r", "");

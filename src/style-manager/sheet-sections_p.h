@@ -29,7 +29,8 @@ struct RemovedComments
     std::vector<TextRange> lines;
 };
 
-/// What is in @p file, which is open, as valid UTF-8 without carriage returns.
+/// What is in @p file, which is open, as valid UTF-8 without carriage returns. Nothing where it cannot be read to its
+/// end, which the file tells by its error().
 QByteArray readSheets(QFile &file);
 
 /// Puts the folders, as UTF-8, in the places of "IMG_LOC" and "TMPIMG_LOC".

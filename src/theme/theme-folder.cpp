@@ -109,7 +109,21 @@ std::optional<QByteArray> ThemeFolder::readFile(const QString &file)
         add(Problem::Error, file, 0, QStringLiteral("Cannot be read: %1").arg(whyUnreadable(device)));
         return {};
     }
-    return device.readAll();
+    QByteArray bytes = device.readAll();
+    if (!isWholeOf(device)) {
+        return {};
+    }
+    return bytes;
+}
+
+// Whether all that has been read of a file was there to be read: a disk may fail anywhere in it.
+bool ThemeFolder::isWholeOf(const QFile &device)
+{
+    if (device.error() != QFileDevice::NoError) {
+        add(Problem::Error, device.fileName(), 0, QStringLiteral("Cannot be read: %1").arg(device.errorString()));
+        return false;
+    }
+    return true;
 }
 
 std::optional<ThemeFolder::JsonFile> ThemeFolder::readJson(const QString &file)
@@ -258,6 +272,9 @@ void ThemeFolder::readSheets()
             return;
         }
         files.append({file, ::readSheets(device)});
+        if (!isWholeOf(device)) {
+            return;
+        }
         text += files.constLast().text + '\n';
     }
     insertImageFolders(text, imageFolder().toUtf8(), m_tempImageFolder.toUtf8());

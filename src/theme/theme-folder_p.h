@@ -12,6 +12,8 @@
 #include <map>
 #include <optional>
 
+class QFile;
+
 namespace Vela {
 
 /// A theme folder's files, read without touching what is in force.
@@ -50,6 +52,7 @@ private:
     QString path(const QString &name) const;
     QString imageFolder() const;
     std::optional<QByteArray> readFile(const QString &file);
+    bool isWholeOf(const QFile &device);
     std::optional<JsonFile> readJson(const QString &file);
     void addTexts(const QString &language);
     QString imagePath(const QString &name) const;

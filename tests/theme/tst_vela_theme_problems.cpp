@@ -87,6 +87,15 @@ private Q_SLOTS:
                 QVERIFY(QFile::link(QStringLiteral("/missing"), copy.filePath(QStringLiteral("styles/gone.qss"))));
             },
             {QStringLiteral("styles/gone.qss: error: Cannot be read: there is no such file")});
+        // A part of the system that can be opened, but not be read where it begins.
+        for (const char *name : {"images.json", "strings/enu.json", "styles/date.qss"}) {
+            row(qPrintable(QLatin1String("cannot be read to its end: ") + QLatin1String(name)),
+                [name](const ThemeCopy &copy) {
+                    copy.remove(QString::fromLatin1(name));
+                    QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), copy.filePath(QString::fromLatin1(name))));
+                },
+                {QString::fromLatin1(name) + QStringLiteral(": error: Cannot be read: Input/output error")});
+        }
         row("section does not parse", replaced("styles/date.qss", "QComboBox:hover {", "QComboBox:hover {{"),
             {QStringLiteral("styles/date.qss:LINE(== component.date_selector ==): error: The toolkit cannot parse the "
                             "section \"component.date_selector\"")});
