@@ -3,7 +3,6 @@
 
 #include "inspection.h"
 
-#include "findings.h"
 #include "json-file.h"
 #include "sheet-syntax.h"
 #include "sheet-text.h"
@@ -20,6 +19,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +48,11 @@ QString patternOf(const QString &text)
         part = QRegularExpression::escape(part);
     }
     return parts.join(QStringLiteral("[^{}]*?"));
+}
+
+QString placeOf(const QString &file, int line)
+{
+    return QStringLiteral("%1:%2").arg(file).arg(line);
 }
 
 QString titleOf(const QWidget *widget)
@@ -98,7 +103,10 @@ QVector<InspectedSection> sectionsOf(const QString &sheet, const std::vector<The
     for (const Match &match : qAsConst(outer)) {
         const SourceLine &header = match.section->header;
         const QString raw = QString::fromUtf8(match.section->body).trimmed();
-        sections.append({match.section->key, QStringLiteral("%1:%2").arg(header.file).arg(header.line), raw,
+        const QVector<SourceLine> &lines = match.section->lines;
+        const bool isInOneFile = !lines.isEmpty() && lines.constLast().file == header.file;
+        const int lastLine = isInOneFile ? lines.constLast().line : header.line;
+        sections.append({match.section->key, header.file, header.line, lastLine, raw,
                          DPIinfo::getInstance()->getScaledStyleSheet(raw)});
     }
     return sections;
@@ -169,7 +177,7 @@ QStringList textsShown(const QWidget *widget, const QString &folder)
             }
         }
         for (const QString &key : qAsConst(keys)) {
-            found.append(QStringLiteral("%1: %2:%3").arg(key, file).arg(lines.lineOf(key)));
+            found.append(QStringLiteral("%1: %2").arg(key, placeOf(file, lines.lineOf(key))));
         }
     }
     found.removeDuplicates();
@@ -207,6 +215,29 @@ Inspection inspect(const QWidget *widget)
     inspection.images = imagesShown(widget, images) + imagesNamed(inspection.sections);
     inspection.texts = textsShown(widget, folder);
     return inspection;
+}
+
+Findings findingsOf(const Inspection &inspection, const Findings &all)
+{
+    QSet<QString> places;
+    for (const InspectedSection &section : inspection.sections) {
+        for (int line = section.firstLine; line <= section.lastLine; ++line) {
+            places.insert(placeOf(section.file, line));
+        }
+    }
+    const QStringList named = inspection.images + inspection.texts;
+    for (QString name : named) {
+        name.replace(QLatin1String("TMPIMG_LOC/tmp_"), QLatin1String("images/"));
+        name.replace(QLatin1String("IMG_LOC/"), QLatin1String("images/"));
+        places.insert(name.mid(name.indexOf(u' ') + 1));
+    }
+    Findings found;
+    for (const Finding &finding : all.all()) {
+        if (places.contains(finding.line > 0 ? placeOf(finding.file, finding.line) : finding.file)) {
+            found.add(finding.rule->name, finding.file, finding.line, finding.text);
+        }
+    }
+    return found;
 }
 
 QWidget *widgetAt(const QPoint &position)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "findings.h"
+
 #include <QPoint>
 #include <QString>
 #include <QStringList>
@@ -14,7 +16,9 @@ class QWidget;
 struct InspectedSection
 {
     QString key;
-    QString place; ///< file and line, relative to the theme's folder
+    QString file; ///< relative to the theme's folder
+    int firstLine; ///< its header's, from 1 on
+    int lastLine;
     QString raw; ///< as it is written, without comments
     QString scaled;
 };
@@ -29,6 +33,9 @@ struct Inspection
 };
 
 Inspection inspect(const QWidget *widget);
+
+/// Those of a theme's findings that are about what a widget has from it.
+Findings findingsOf(const Inspection &inspection, const Findings &all);
 
 /// The innermost widget at @p position, in global coordinates; also one that lets clicks through. Null if there is
 /// none.

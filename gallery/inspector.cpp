@@ -3,10 +3,7 @@
 
 #include "inspector.h"
 
-#include "check.h"
 #include "chrome.h"
-#include "findings.h"
-#include "inspection.h"
 #include "scale/scaled.h"
 
 #include <VelaTheme>
@@ -75,11 +72,25 @@ Inspector::Inspector(QWidget *parent) : QWidget(parent, Qt::Window), m_title(cre
     layout->addWidget(texts, 1);
     resize(scaled(WindowSize.width()), scaled(WindowSize.height()));
 
+    connect(&m_check, &CheckRun::found, this, [this](const Findings &findings) {
+        m_found = findings;
+        tellOfCheck(QStringLiteral("Nothing is wrong."));
+        showFindings();
+    });
+    connect(&m_check, &CheckRun::failed, this, [this](const QString &reason) {
+        m_found = Findings();
+        tellOfCheck(QStringLiteral("vela-theme could not check it: %1").arg(reason));
+        showFindings();
+    });
     connect(&m_watch, &ThemeWatch::changed, this, &Inspector::check);
     connect(&m_watch, &ThemeWatch::changed, this, &Inspector::refresh);
     followTheme(this, [this] {
-        m_watch.setFolder(VelaTheme::getInstance()->folder());
-        check();
+        const QString folder = VelaTheme::getInstance()->folder();
+        if (m_folder != folder) { // saves are watched for
+            m_folder = folder;
+            m_watch.setFolder(folder);
+            check();
+        }
         refresh();
     });
 }
@@ -119,10 +130,15 @@ QWidget *Inspector::createSections()
 QWidget *Inspector::createFindings()
 {
     auto *row = new QSplitter;
-    m_findings = addText(row, QStringLiteral("Findings in the theme's files"));
+    row->setChildrenCollapsible(false);
+    m_widgetFindings = addText(row, QStringLiteral("Findings in these"));
+    m_findings = addText(row, QStringLiteral("All findings in the theme"));
+    m_widgetFindings->setObjectName(QStringLiteral("widgetFindings"));
     m_findings->setObjectName(QStringLiteral("findings"));
-    m_findings->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-    m_findings->setPlaceholderText(QStringLiteral("Nothing is wrong with them."));
+    for (QPlainTextEdit *findings : {m_widgetFindings, m_findings}) {
+        findings->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    }
+    row->setSizes({scaled(WindowSize.width()), scaled(WindowSize.width())}); // in equal parts
     return row;
 }
 
@@ -152,29 +168,54 @@ void Inspector::refresh()
     if (!m_widget) {
         return; // what it was remains to be read
     }
-    const Inspection inspection = ::inspect(m_widget);
+    m_inspection = ::inspect(m_widget);
     QStringList keys;
     QString raw;
     QString scaledText;
-    for (const InspectedSection &section : inspection.sections) {
+    for (const InspectedSection &section : qAsConst(m_inspection.sections)) {
         const QString header = QStringLiteral("== %1 ==\n").arg(section.key);
-        keys.append(QStringLiteral("%1: %2").arg(section.key, section.place));
+        keys.append(QStringLiteral("%1: %2:%3").arg(section.key, section.file).arg(section.firstLine));
         raw += header + section.raw + QStringLiteral("\n\n");
         scaledText += header + section.scaled + QStringLiteral("\n\n");
     }
-    m_title->setText(inspection.title);
+    m_title->setText(m_inspection.title);
     m_keys->setText(linesOf(keys));
-    m_images->setText(linesOf(inspection.images));
-    m_texts->setText(linesOf(inspection.texts));
+    m_images->setText(linesOf(m_inspection.images));
+    m_texts->setText(linesOf(m_inspection.texts));
     m_raw->setPlainText(raw);
     m_scaled->setPlainText(scaledText);
+    showFindings();
 }
 
-// Not of the looks, for which the theme would be put into force anew.
 void Inspector::check()
 {
-    const QString folder = VelaTheme::getInstance()->folder();
-    m_findings->setPlainText(asText(checkTheme(folder, CheckedParts::Files), QDir(folder).dirName()));
+    m_isCheckDue = !isVisible();
+    if (!m_isCheckDue) {
+        tellOfCheck(QStringLiteral("It is being checked."));
+        m_check.start(m_folder);
+    }
+}
+
+// In place of findings, where there are none.
+void Inspector::tellOfCheck(const QString &state)
+{
+    m_findings->setPlaceholderText(state);
+    m_widgetFindings->setPlaceholderText(state);
+}
+
+void Inspector::showFindings()
+{
+    const QString theme = QDir(m_folder).dirName();
+    m_findings->setPlainText(asText(m_found, theme));
+    m_widgetFindings->setPlainText(asText(findingsOf(m_inspection, m_found), theme));
+}
+
+void Inspector::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_isCheckDue) {
+        check();
+    }
 }
 
 InspectorKey::InspectorKey(QWidget *gallery) : m_gallery(gallery)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "check-run.h"
+#include "inspection.h"
 #include "theme-watch.h"
 
 #include <QPointer>
@@ -11,8 +13,8 @@
 class QLabel;
 class QPlainTextEdit;
 
-/// A window that tells what a widget has from the theme, and what is wrong with the theme's files. Both follow each
-/// save.
+/// A window that tells what a widget has from the theme, and what is wrong with the theme: all that vela-theme finds in
+/// its files and in the looks that they give. Both follow each save.
 class Inspector : public QWidget
 {
     Q_OBJECT
@@ -23,6 +25,9 @@ public:
     /// Shows @p widget, and the window.
     void inspect(QWidget *widget);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void standBeside(const QRect &gallery);
     QWidget *createSections();
@@ -30,6 +35,8 @@ private:
     QPlainTextEdit *addText(QWidget *column, const QString &title);
     void refresh();
     void check();
+    void showFindings();
+    void tellOfCheck(const QString &state);
 
     QPointer<QWidget> m_widget;
     QLabel *m_title;
@@ -38,8 +45,14 @@ private:
     QLabel *m_texts;
     QPlainTextEdit *m_raw;
     QPlainTextEdit *m_scaled;
+    QPlainTextEdit *m_widgetFindings;
     QPlainTextEdit *m_findings;
+    QString m_folder;
     ThemeWatch m_watch;
+    CheckRun m_check;
+    Inspection m_inspection;
+    Findings m_found;
+    bool m_isCheckDue = true; // which is done while the window is seen
 };
 
 /// Opens the inspector of a gallery while it lives: F12 inspects the widget under the pointer or, where there is none,

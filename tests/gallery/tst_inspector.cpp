@@ -78,6 +78,10 @@ private Q_SLOTS:
     void textsAreNamedWithTheirLines();
     void sectionsFollowEachSave();
     void findingsFollowEachSave();
+    void findingsOfTheLookAreToldToo();
+    void findingsOfTheWidgetStandByThemselves();
+    void theGalleryGoesOnWhileTheThemeIsChecked();
+    void aThemeIsCheckedOnceTheWindowIsSeenAgain();
     void anotherThemeIsShown();
 
 private:
@@ -299,6 +303,72 @@ void InspectorTest::findingsFollowEachSave()
                                   .arg(lineOf(m_theme.read(Buttons), "color: #12345"))));
     m_theme.write(Buttons, whole);
     QTRY_COMPARE(shown(inspector, "findings"), QString());
+}
+
+// Of the texts too, which the gallery itself cannot measure in another language.
+void InspectorTest::findingsOfTheLookAreToldToo()
+{
+    const Inspector *inspector = inspect(button(QStringLiteral("Apply")));
+    m_theme.replace(Buttons, "color: #FFFFFF;", "color: #6F9BE8;");
+    m_theme.replace(English, "\"Today\"", "\"" + QByteArray("The day that it is ").repeated(6) + "\"");
+    const QString place = QStringLiteral("%1:%2: error: ");
+    const QString contrast = place.arg(Buttons).arg(lineOf(m_theme.read(Buttons), "== component.apply_button =="));
+    QTRY_VERIFY(
+        shown(inspector, "findings").contains(contrast + QStringLiteral("component.apply_button: the text of")));
+    QVERIFY(
+        shown(inspector, "findings")
+            .contains(place.arg(English).arg(lineOf(m_theme.read(English), "\"today\"")) + QStringLiteral("\"The")));
+    for (const QString &file : {Buttons, English}) {
+        m_theme.replace(file, file == Buttons ? "color: #6F9BE8;" : QByteArray("The day that it is ").repeated(6),
+                        file == Buttons ? "color: #FFFFFF;" : "Today");
+    }
+    QTRY_COMPARE(shown(inspector, "findings"), QString());
+}
+
+void InspectorTest::findingsOfTheWidgetStandByThemselves()
+{
+    Inspector *inspector = inspect(button(QStringLiteral("Apply")));
+    for (const QByteArray key : {"apply", "cancel"}) {
+        const QByteArray rule = "== component." + key + "_button ==\nQPushButton {\n";
+        m_theme.replace(Buttons, rule, rule + "color: " + key + "dish;\n");
+    }
+    QTRY_COMPARE(shown(inspector, "findings").count(u'\n'), 2);
+    QTRY_VERIFY(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: applydish")));
+    QCOMPARE(shown(inspector, "widgetFindings").count(u'\n'), 1);
+
+    inspector->hide(); // it may lie in the way
+    QCOMPARE(inspect(button(QStringLiteral("Cancel"))), inspector);
+    QTRY_VERIFY(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: canceldish")));
+    QCOMPARE(shown(inspector, "widgetFindings").count(u'\n'), 1);
+}
+
+void InspectorTest::theGalleryGoesOnWhileTheThemeIsChecked()
+{
+    const Inspector *inspector = inspect(button(QStringLiteral("Apply")));
+    const auto *findings = inspector->findChild<QPlainTextEdit *>(QStringLiteral("findings"));
+    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("Nothing is wrong."));
+    auto *apply = qobject_cast<QAbstractButton *>(button(QStringLiteral("Apply")));
+    const QSignalSpy clicks(apply, &QAbstractButton::clicked);
+    m_theme.replace(Buttons, "color: #FFFFFF;", "color: #6F9BE8;");
+    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("It is being checked."));
+    apply->click();
+    QCOMPARE(clicks.size(), 1);
+    QVERIFY(findings->toPlainText().isEmpty());
+    QTRY_VERIFY(!findings->toPlainText().isEmpty());
+}
+
+void InspectorTest::aThemeIsCheckedOnceTheWindowIsSeenAgain()
+{
+    Inspector *inspector = inspect(button(QStringLiteral("Apply")));
+    const auto *findings = inspector->findChild<QPlainTextEdit *>(QStringLiteral("findings"));
+    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("Nothing is wrong."));
+    inspector->hide();
+    const QSignalSpy reloads(VelaTheme::getInstance(), &VelaTheme::changed);
+    m_theme.replace(Buttons, "color: #FFFFFF;", "color: #6F9BE8;");
+    QTRY_COMPARE(reloads.size(), 1);
+    QCOMPARE(findings->toPlainText(), QString());
+    inspector->show();
+    QTRY_VERIFY(!findings->toPlainText().isEmpty());
 }
 
 void InspectorTest::anotherThemeIsShown()
