@@ -11,6 +11,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QLocalSocket>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTimer>
 #include <QVector>
@@ -238,7 +239,16 @@ void QtLocalPeerPrivate::receiveMessage(QLocalSocket *socket)
     socket->flush();
     // The connection would go on reading what nobody wants.
     socket->disconnectFromServer();
+    // A slot may delete the peer, but not the socket, which has more to do once this returns.
+    const QPointer<QtLocalPeerPrivate> self(this);
+    const QPointer<QLocalSocket> connection(socket);
+    socket->setParent(nullptr);
     Q_EMIT q->messageReceived(message.text());
+    if (self && connection) {
+        connection->setParent(this);
+    } else if (connection) {
+        connection->deleteLater();
+    }
 }
 
 QtLocalPeer::QtLocalPeer(QObject *parent, const QString &appId) :

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QtTest>
@@ -133,15 +134,21 @@ void QtLocalPeerReceivingTest::aSlotMayDeleteThePeer()
 {
     auto *peer = new QtLocalPeer(nullptr, m_id);
     QVERIFY(!peer->isClient());
+    QLocalSocket socket;
+    socket.connectToServer(m_socket);
+    QTRY_VERIFY(peer->findChild<QLocalSocket *>());
+    const QPointer<QLocalSocket> connection = peer->findChild<QLocalSocket *>();
     bool isDeleted = false;
+    bool isConnectionThere = false;
     connect(peer, &QtLocalPeer::messageReceived, this, [&] {
         delete peer;
         isDeleted = true;
+        isConnectionThere = !connection.isNull();
     });
-    QLocalSocket socket;
-    socket.connectToServer(m_socket);
     socket.write(framed("end"));
     QTRY_VERIFY(isDeleted);
+    QVERIFY(isConnectionThere); // it has a slot of the toolkit to come back to
+    QTRY_VERIFY(!connection);
     QTRY_COMPARE(socket.state(), QLocalSocket::UnconnectedState);
     QCOMPARE(socket.readAll(), QByteArray("ack"));
 }
