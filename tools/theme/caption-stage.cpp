@@ -45,11 +45,13 @@ constexpr Shortcut Shortcuts[] = {
 };
 
 // Characters that are to be seen, in any order: from right to left they are painted in another one.
-QString lettersOf(QString text)
+QString lettersOf(const QString &text)
 {
-    text.remove(u'&').remove(u' ');
-    std::sort(text.begin(), text.end());
-    return text;
+    QString letters;
+    std::copy_if(text.cbegin(), text.cend(), std::back_inserter(letters),
+                 [](QChar character) { return character != u'&' && !character.isSpace() && character.isPrint(); });
+    std::sort(letters.begin(), letters.end());
+    return letters;
 }
 
 bool isCut(const QString &caption, const QRect &place, const QVector<DrawnText> &drawn)

@@ -54,12 +54,26 @@ QCommandLineOption formatOption(const QString &formats)
 
 int runContract(const Call &call)
 {
+    if (!call.arguments.isEmpty()) {
+        return fail(QStringLiteral("'contract' takes no arguments."));
+    }
     const QString format = call.parser.value(QStringLiteral("format"));
     if (!format.isEmpty() && format != QLatin1String("json") && format != QLatin1String("markdown")) {
         return fail(QStringLiteral("There is no format '%1' of the contract.").arg(format));
     }
     print(stdout, format == QLatin1String("markdown") ? contractAsMarkdown() : QString::fromUtf8(contractAsJson()));
     return Clean;
+}
+
+QString endingOf(const QString &suggestion)
+{
+    return suggestion.isEmpty() ? QStringLiteral(".") : suggestion;
+}
+
+// Whether there is a folder of that name, which to leave out means none.
+bool isFolder(const QString &name)
+{
+    return !name.isEmpty() && QDir(name).exists();
 }
 
 int explain(const QString &name)
@@ -72,7 +86,7 @@ int explain(const QString &name)
         return Clean;
     }
     return fail(QStringLiteral("There is no rule '%1'%2 The rules are: %3.")
-                    .arg(name, suggestion(name, ruleNames()), ruleNames().join(QStringLiteral(", "))));
+                    .arg(name, endingOf(suggestion(name, ruleNames())), ruleNames().join(QStringLiteral(", "))));
 }
 
 int runCheck(const Call &call)
@@ -88,7 +102,7 @@ int runCheck(const Call &call)
         return fail(QStringLiteral("There is no format '%1' of findings.").arg(format));
     }
     const QDir folder(call.arguments.first());
-    if (!folder.exists()) {
+    if (!isFolder(call.arguments.first())) {
         return fail(QStringLiteral("There is no theme folder '%1'.").arg(call.arguments.first()));
     }
     const BuiltTheme theme(folder.absolutePath());
@@ -108,7 +122,8 @@ int runCheck(const Call &call)
 
 int runNew(const Call &call)
 {
-    if (call.arguments.size() != 1 || !call.parser.isSet(QStringLiteral("accent"))) {
+    if (call.arguments.size() != 1 || call.arguments.first().isEmpty()
+        || !call.parser.isSet(QStringLiteral("accent"))) {
         return fail(QStringLiteral("'new' takes a folder and --accent, for instance --accent #0a7f5a."));
     }
     const QString error = writeThemeSource(call.arguments.first(), call.parser.value(QStringLiteral("accent")),
@@ -147,18 +162,23 @@ int runDiff(const Call &call)
     return lines.isEmpty() ? Clean : Found;
 }
 
+int screenOf(const QCommandLineParser &parser)
+{
+    return qBound(0, parser.value(QStringLiteral("screen")).toInt(), renderScreenCount() - 1);
+}
+
 int runRender(const Call &call)
 {
     if (call.arguments.size() != 2) {
         return fail(QStringLiteral("'render' takes a theme's folder and a folder for its pictures."));
     }
     const QDir folder(call.arguments.at(0));
-    if (!folder.exists()) {
-        return fail(QStringLiteral("There is no theme folder '%1'.").arg(call.arguments.at(0)));
+    if (!isFolder(call.arguments.at(0)) || call.arguments.at(1).isEmpty()) {
+        return fail(QStringLiteral("There is no theme folder '%1', or no folder for its pictures is named.")
+                        .arg(call.arguments.at(0)));
     }
     if (call.parser.isSet(QStringLiteral("screen"))) {
-        const QString error = renderScreen(folder.absolutePath(), call.arguments.at(1),
-                                           call.parser.value(QStringLiteral("screen")).toInt());
+        const QString error = renderScreen(folder.absolutePath(), call.arguments.at(1), screenOf(call.parser));
         return error.isEmpty() ? Clean : fail(error);
     }
     const BuiltTheme theme(folder.absolutePath());
@@ -180,7 +200,7 @@ int runCompare(const Call &call)
     }
     const QDir folder(call.arguments.at(0));
     const QString approved = call.arguments.at(1);
-    if (!folder.exists() || renderedCells(approved).isEmpty()) {
+    if (!isFolder(call.arguments.at(0)) || renderedCells(approved).isEmpty()) {
         return fail(QStringLiteral("There is no theme folder '%1', or no approved pictures in '%2'.")
                         .arg(call.arguments.at(0), approved));
     }
@@ -332,8 +352,8 @@ int runCommand(int &argc, char **argv)
         for (const Command &known : Commands) {
             names.append(QString::fromLatin1(known.name));
         }
-        return fail(
-            QStringLiteral("There is no command '%1'%2 See vela-theme --help.").arg(name, suggestion(name, names)));
+        return fail(QStringLiteral("There is no command '%1'%2 See vela-theme --help.")
+                        .arg(name, endingOf(suggestion(name, names))));
     }
 
     QStringList arguments;
@@ -358,7 +378,7 @@ int runCommand(int &argc, char **argv)
     }
     preparePlatform();
     if (parser.optionNames().contains(QStringLiteral("screen"))) {
-        prepareRenderScreen(qBound(0, parser.value(QStringLiteral("screen")).toInt(), renderScreenCount() - 1));
+        prepareRenderScreen(screenOf(parser));
     }
     int noArguments = 1; // the toolkit's own options are none of this program
     const std::unique_ptr<QCoreApplication> application(command->needsScreen ? new QApplication(noArguments, argv)

@@ -143,6 +143,11 @@ void checkLengths(const SheetDeclaration &declaration, SectionFindings *findings
         return;
     }
     const QString outer = outerText(declaration.value);
+    if (Toolkit::isLength(declaration.name) && outer.contains(QLatin1Char('('))) {
+        findings->add("length-unit", declaration.begin,
+                      QStringLiteral("no length: the toolkit does not reckon \"%1\"").arg(declaration.value.left(60)));
+        return;
+    }
     static const QRegularExpression foreignDigit(QStringLiteral("(?![0-9])\\p{Nd}[\\p{Nd}.]*px"));
     if (const QRegularExpressionMatch match = foreignDigit.match(outer); match.hasMatch()) {
         findings->add("length-unit", declaration.begin,
@@ -155,6 +160,11 @@ void checkLengths(const SheetDeclaration &declaration, SectionFindings *findings
         const bool isApart = !match.captured(2).isEmpty();
         const QString unit = match.captured(3);
         const bool isPixels = unit.compare(QLatin1String("px"), Qt::CaseInsensitive) == 0;
+        if (declaration.name == QLatin1String("font-size") && digits.toDouble() == 0.0) {
+            findings->add("length-unit", declaration.begin,
+                          QStringLiteral("a font cannot have the size \"%1\"").arg(match.captured().trimmed()));
+            return;
+        }
         if (isPixels && (isApart || unit != QLatin1String("px"))) {
             findings->add(
                 "length-unit", declaration.begin,
@@ -177,10 +187,46 @@ void checkLengths(const SheetDeclaration &declaration, SectionFindings *findings
     }
 }
 
+bool isColorText(const QString &text)
+{
+    static const QRegularExpression function(QStringLiteral("^([A-Za-z]+)\\s*\\((.*)\\)$"));
+    if (text.startsWith(QLatin1Char('#'))) {
+        return isHexColor(text);
+    }
+    const QRegularExpressionMatch match = function.match(text);
+    return match.hasMatch() ? isColorFunction(match.captured(1).toLower(), match.captured(2))
+                            : QColor::isValidColor(text) || text == QLatin1String("transparent");
+}
+
+bool checkGradients(const SheetDeclaration &declaration, SectionFindings *findings)
+{
+    static const QRegularExpression gradient(QStringLiteral("([A-Za-z-]*gradient)\\s*\\("),
+                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression stop(
+        QStringLiteral("\\bstop\\s*:\\s*[-\\d.]+\\s+([A-Za-z]+\\s*\\([^()]*\\)|[^\\s,()]+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    for (auto matches = gradient.globalMatch(declaration.value); matches.hasNext();) {
+        const QString name = matches.next().captured(1).toLower();
+        if (!Toolkit::gradients().contains(name)) {
+            findings->add("color-invalid", declaration.begin,
+                          QStringLiteral("no gradient: %1").arg(name) + suggestion(name, Toolkit::gradients()));
+            return false;
+        }
+    }
+    for (auto matches = stop.globalMatch(declaration.value); matches.hasNext();) {
+        const QString color = matches.next().captured(1);
+        if (!isColorText(color)) {
+            findings->add("color-invalid", declaration.begin, QStringLiteral("no colour: %1").arg(color));
+            return false;
+        }
+    }
+    return true;
+}
+
 void checkColors(const SheetDeclaration &declaration, SectionFindings *findings)
 {
     const bool isColor = Toolkit::isColor(declaration.name);
-    if (!isColor && !Toolkit::holdsColor(declaration.name)) {
+    if ((!isColor && !Toolkit::holdsColor(declaration.name)) || !checkGradients(declaration, findings)) {
         return;
     }
     static const QRegularExpression part(
@@ -201,7 +247,7 @@ void checkColors(const SheetDeclaration &declaration, SectionFindings *findings)
         if (!hex.isEmpty()) {
             isValid = isHexColor(hex);
         } else if (!function.isEmpty()) {
-            isValid = function == QLatin1String("url") || function.endsWith(QLatin1String("gradient"))
+            isValid = function == QLatin1String("url") || Toolkit::gradients().contains(function)
                 || isColorFunction(function, match.captured(3));
         } else if (!match.captured(4).isEmpty()) { // a gradient with colours made by functions
             return;

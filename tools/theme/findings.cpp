@@ -207,6 +207,14 @@ QString placeOf(const Finding &finding, const QString &folder)
     return folder + (finding.file.isEmpty() ? QString() : u'/' + finding.file);
 }
 
+QString inOneLine(QString text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](QChar character) { return character.category() == QChar::Other_Control; },
+        QChar(u' '));
+    return text;
+}
+
 const char *severityOf(const Finding &finding)
 {
     return finding.rule->isError ? "error" : "warning";
@@ -271,7 +279,7 @@ QString asText(const Findings &findings, const QString &folder)
         if (finding.line > 0) {
             text += QString::number(finding.line) + u':';
         }
-        text += QStringLiteral(" %1: ").arg(QLatin1String(severityOf(finding))) + finding.text
+        text += QStringLiteral(" %1: ").arg(QLatin1String(severityOf(finding))) + inOneLine(finding.text)
             + QStringLiteral(" [%1]\n").arg(QLatin1String(finding.rule->name));
     }
     return text;

@@ -20,7 +20,7 @@ namespace {
 void passOn(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     static const char *const silenced[] = {"This plugin does not support ", "QCssParser::", "Unknown property ",
-                                           "Could not create pixmap from "};
+                                           "Could not create pixmap from ", "QFont::setP",  "QWidget::setM"};
     const bool isSilenced = std::any_of(std::begin(silenced), std::end(silenced), [&message](const char *beginning) {
         return message.startsWith(QLatin1String(beginning));
     });

@@ -92,10 +92,20 @@ private:
 
     void checkBraces(const SheetSyntax &syntax)
     {
+        // A rule within another looks like both: one that is not closed, and a brace too many behind it.
+        QVector<int> stray = syntax.strayBraces;
         for (const int position : syntax.unclosedBraces) {
-            m_findings.add("brace-unclosed", position, QStringLiteral("the \"{\" of this rule is never closed"));
+            const auto closing =
+                std::find_if(stray.begin(), stray.end(), [position](int brace) { return brace > position; });
+            const bool isAround = closing != stray.end();
+            if (isAround) {
+                stray.erase(closing);
+            }
+            m_findings.add("brace-unclosed", position,
+                           isAround ? QStringLiteral("this rule holds another, which rules cannot")
+                                    : QStringLiteral("the \"{\" of this rule is never closed"));
         }
-        for (const int position : syntax.strayBraces) {
+        for (const int position : qAsConst(stray)) {
             m_findings.add("brace-stray", position, QStringLiteral("\"}\" closes nothing"));
         }
         for (const int position : syntax.unclosedQuotes) {
@@ -136,7 +146,10 @@ private:
         if (bad < 0 && Vela::isUnderstood(QString::fromUtf8(body.mid(rules.isEmpty() ? 0 : rules.last().begin)))) {
             return true;
         }
-        int position = bad < 0 ? rest : rules.at(bad - 1).begin;
+        if (bad >= 0 && hasAnyIn(rules.at(bad - 1))) { // which is the reason
+            return false;
+        }
+        int position = bad < 0 ? rest : refusedPart(body, rules.at(bad - 1));
         while (position < body.size() - 1 && isspace(static_cast<unsigned char>(body.at(position)))) {
             ++position;
         }
@@ -147,6 +160,27 @@ private:
                                .arg(m_section.key, QString::fromUtf8(line.left(60)).trimmed()));
         }
         return false;
+    }
+
+    bool hasAnyIn(const SheetRule &rule) const
+    {
+        return std::any_of(
+            rule.declarations.cbegin(), rule.declarations.cend(),
+            [this](const SheetDeclaration &declaration) { return m_findings.hasAny(declaration.begin); });
+    }
+
+    // The place of the declaration without which the toolkit takes the rule, or else of the rule.
+    static int refusedPart(const QByteArray &body, const SheetRule &rule)
+    {
+        for (const SheetDeclaration &declaration : rule.declarations) {
+            QByteArray text = body.mid(rule.begin, rule.end - rule.begin);
+            const int length = declaration.text.toUtf8().size();
+            text.replace(declaration.begin - rule.begin, length, QByteArray(length, ' '));
+            if (Vela::isUnderstood(QString::fromUtf8(text))) {
+                return declaration.begin;
+            }
+        }
+        return rule.begin;
     }
 
     void checkSelectors(const SheetSyntax &syntax)

@@ -116,6 +116,11 @@ bool ThemeImages::isSpoilt(const QString &name) const
 
 void ThemeImages::check(const UsedImages &used)
 {
+    if (!QDir(m_folder + QStringLiteral("/images")).exists()) {
+        m_findings->remove([](const Finding &finding) { return qstrcmp(finding.rule->name, "image-missing") == 0; });
+        m_findings->add("image-missing", QStringLiteral("images"), 0, QStringLiteral("there is no such folder"));
+        return;
+    }
     if (!m_catalogue.exists()) {
         m_findings->add("catalogue-json", CatalogueName, 0, QStringLiteral("there is no such file"));
     }

@@ -249,6 +249,12 @@ QStringList Toolkit::keywordsOf(const QString &property)
     return QStringList();
 }
 
+const QStringList &Toolkit::gradients()
+{
+    static const QStringList names = words("qlineargradient qradialgradient qconicalgradient");
+    return names;
+}
+
 const QStringList &Toolkit::keywords()
 {
     static const QStringList names = words(

@@ -21,6 +21,8 @@ bool isColor(const QString &property);
 bool holdsColor(const QString &property);
 /// The words that a property takes, empty if it takes others too or none.
 QStringList keywordsOf(const QString &property);
+/// The functions that make gradients.
+const QStringList &gradients();
 /// Words that stand beside colours.
 const QStringList &keywords();
 /// Names of the roles in "palette(...)".

@@ -190,6 +190,7 @@ void ThemeCaptionsTest::checkFinding(const ThemeCopy &theme, const Findings &fin
     QFETCH(QString, file);
     QFETCH(QByteArray, at);
     QVERIFY2(findings.all().size() == 1, qPrintable(asText(findings, QString())));
+    QCOMPARE(asText(findings, QString()).count(u'\n'), 1);
     const Finding &finding = findings.all().constFirst();
     QCOMPARE(finding.rule->name, "caption-cut");
     QCOMPARE(finding.file, file);
@@ -211,6 +212,8 @@ void ThemeCaptionsTest::aTextThatIsTooLongIsToldAtItsLine_data()
     row("answer of an upgrade", English, "Upgrade", "Upgrade all of it ", "\"wizard_client_upgrade\"");
     row("today", English, "Today", "The day that it is ", "\"today\"");
     row("month", English, "August", "The eighth month ", "\"month_aug\"");
+    QTest::newRow("two lines, told in one")
+        << English << QByteArray("\"Today\"") << QByteArray("\"To\\nday\"") << QByteArray("\"today\"");
     QTest::newRow("first letter of a weekday")
         << English << QByteArray("\"Sunday\"") << QByteArray("\"\xef\xb7\xbd Sunday\"") << QByteArray("\"sunday\"");
 }

@@ -235,6 +235,10 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
         "comment-stray", Buttons, "only blue surface.");
     row("address with slashes", replacing(Choices, "url(\"IMG_LOC/check_off.png\")", "url(\"IMG_LOC//check_off.png\")"),
         "address-comment", Choices, "IMG_LOC//");
+    row("rule within a rule", ruling("QCheckBox {\n    color: red;\n    QCheckBox:hover { color: blue; }\n}"),
+        "brace-unclosed", Choices, "QCheckBox {\n    color: red;\n    QCheckBox:hover");
+    row("rules of another language", ruling("@media screen { QCheckBox { color: red; } }"), "brace-unclosed", Choices,
+        "@media");
     row("refused selector", ruling("QCheckBox & QLabel {\n    color: red;\n}"), "section-refused", Choices,
         "QCheckBox & QLabel");
     row("selector without a state", ruling("QCheckBox: {\n    color: red;\n}"), "section-refused", Choices,
@@ -252,6 +256,10 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     declaration("number without a unit", "min-width: 80;", "length-unit");
     declaration("points that are no font's", "padding: 6pt;", "length-unit");
     declaration("length in percent", "min-width: 50%;", "length-unit");
+    declaration("length that is reckoned", "padding: calc(1px + 2px);", "length-unit");
+    declaration("font of no size", "font-size: 0px;", "length-unit");
+    declaration("image without an address", "image: IMG_LOC/bt_add.png;", "section-refused");
+    declaration("address of another system", "image: url(IMG_LOC\\bt_add.png);", "address-outside");
     declaration("two colours", "color: red blue;", "color-invalid");
     declaration("misspelt weight", "font-weight: blod;", "keyword-unknown");
     declaration("misspelt property", "backgroud-color: red;", "property-unknown");
@@ -262,6 +270,14 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     declaration("misspelt colour", "background-color: whte;", "color-invalid");
     declaration("colour of a border", "border: 1px solid gren;", "color-invalid");
     declaration("colour out of range", "color: rgb(300, 0, 0);", "color-invalid");
+    declaration("colour that was to be filled in", "color: @accent@;", "color-invalid");
+    declaration("variable", "color: $accent;", "color-invalid");
+    declaration("misspelt importance", "color: red !importent;", "color-invalid");
+    declaration("colour in a gradient",
+                "background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #FFFFF, stop:1 red);", "color-invalid");
+    declaration("misspelt gradient", "background: qlinergradient(x1:0, x2:0, stop:0 #FFFFFF, stop:1 red);",
+                "color-invalid");
+    declaration("gradient of another language", "background-color: linear-gradient(red, blue);", "color-invalid");
     declaration("colour of two channels", "color: rgb(1, 2);", "color-invalid");
     declaration("no such role", "color: palette(windowtext);", "color-invalid");
     declaration("word that a property does not take", "text-align: centre;", "keyword-unknown");
@@ -367,6 +383,16 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
             theme.rename(QStringLiteral("images/app_img.png"), QStringLiteral("images/App_img.png"));
         },
         "image-case", Catalogue, "app_img");
+    row(
+        "folder of images missing",
+        [](const ThemeCopy &theme) {
+            const QStringList files = QDir(theme.path() + QStringLiteral("/images")).entryList(QDir::Files);
+            for (const QString &file : files) {
+                theme.remove(QStringLiteral("images/") + file);
+            }
+            QDir().rmdir(theme.path() + QStringLiteral("/images"));
+        },
+        "image-missing", QStringLiteral("images"), "");
     row(
         "state missing",
         [](const ThemeCopy &theme) { theme.remove(QStringLiteral("images/bt_pagebar_next_click.png")); },
@@ -653,6 +679,16 @@ void ThemeCheckTest::whatCannotBeCheckedEndsWithTwo_data()
     QTest::newRow("no such folder") << QStringList {QStringLiteral("check"), QStringLiteral("/nonexistent")};
     QTest::newRow("no such format") << QStringList {QStringLiteral("check"), referenceTheme(),
                                                     QStringLiteral("--format"), QStringLiteral("xml")};
+    QTest::newRow("folder without a name") << QStringList {QStringLiteral("check"), QString()};
+    QTest::newRow("file for a folder") << QStringList {QStringLiteral("check"),
+                                                       referenceTheme() + QStringLiteral("/images.json")};
+    QTest::newRow("arguments of a contract") << QStringList {QStringLiteral("contract"), QStringLiteral("all")};
+    QTest::newRow("source without a name")
+        << QStringList {QStringLiteral("new"), QString(), QStringLiteral("--accent"), QStringLiteral("#0a7f5a")};
+    QTest::newRow("pictures without a name") << QStringList {QStringLiteral("render"), referenceTheme(), QString()};
+    QTest::newRow("screen that is none") << QStringList {QStringLiteral("render"), referenceTheme(),
+                                                         QStringLiteral("/nonexistent"), QStringLiteral("--screen"),
+                                                         QStringLiteral("99")};
     QTest::newRow("no such option") << QStringList {QStringLiteral("check"), referenceTheme(),
                                                     QStringLiteral("--quickly")};
 }
@@ -663,6 +699,7 @@ void ThemeCheckTest::whatCannotBeCheckedEndsWithTwo()
     const ThemeRun run = runThemeProgram(arguments);
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.out, QByteArray());
+    QCOMPARE(run.status, QProcess::NormalExit);
     QVERIFY(!run.errors.isEmpty());
 }
 
