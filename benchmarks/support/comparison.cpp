@@ -20,6 +20,7 @@ struct Entry
 {
     std::string name;
     benchmark::internal::Benchmark *benchmark;
+    bool measuresItself = false;
 };
 
 struct Comparison
@@ -54,7 +55,8 @@ public:
 benchmark::BenchmarkReporter::Run runOnce(const Entry &side)
 {
     LastRun reporter;
-    const std::string numbered = "^" + side.name + "(/iterations:.*)?$"; // its name once it is calibrated
+    const std::string numbered =
+        "^" + side.name + "(/iterations:[0-9]*)?(/manual_time)?$"; // its name once it is calibrated
     if (benchmark::RunSpecifiedBenchmarks(&reporter, numbered) != 1 || reporter.run.error_occurred) {
         std::fprintf(stderr, "%s failed: %s\n", side.name.c_str(), reporter.run.error_message.c_str());
         std::exit(EXIT_FAILURE);
@@ -68,11 +70,12 @@ void calibrate(const Entry &side)
     side.benchmark->Iterations(runOnce(side).iterations);
 }
 
-// Nanoseconds of CPU time of one iteration in a new slice.
+// Nanoseconds of CPU time, or of what the side has measured, of one iteration in a new slice.
 double slice(const Entry &side)
 {
     const auto run = runOnce(side);
-    return run.cpu_accumulated_time * 1e9 / static_cast<double>(run.iterations);
+    const double time = side.measuresItself ? run.real_accumulated_time : run.cpu_accumulated_time;
+    return time * 1e9 / static_cast<double>(run.iterations);
 }
 
 double median(std::vector<double> values)
@@ -133,6 +136,15 @@ void compare(const std::string &what, std::optional<double> target, Side ours, S
 {
     comparisons().push_back(
         {what, target, registered(what + "/ours", std::move(ours)), registered(what + "/floor", std::move(floor))});
+}
+
+void compareByOwnTime(const std::string &what, std::optional<double> target, Side ours, Side floor)
+{
+    compare(what, target, std::move(ours), std::move(floor));
+    for (Entry *side : {&comparisons().back().ours, &comparisons().back().floor}) {
+        side->measuresItself = true;
+        side->benchmark->UseManualTime();
+    }
 }
 
 int runComparisons(int &argc, char **argv)

@@ -17,6 +17,9 @@ using Side = std::function<void(benchmark::State &)>;
 /// letters, digits, blanks and commas. Without a @p target the ratio is only reported.
 void compare(const std::string &what, std::optional<double> target, Side ours, Side floor);
 
+/// The same for sides that measure each iteration themselves and call State::SetIterationTime().
+void compareByOwnTime(const std::string &what, std::optional<double> target, Side ours, Side floor);
+
 /// Measures all comparisons, or those whose name `--benchmark_filter` matches, and prints them as a table.
 ///
 /// The two sides take turns in short slices, so that whatever else the machine does meets both; of the
