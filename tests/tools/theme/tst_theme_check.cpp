@@ -272,7 +272,7 @@ void ThemeCheckTest::aFaultGivesItsFindingAndNoOther_data()
     declaration("colour out of range", "color: rgb(300, 0, 0);", "color-invalid");
     declaration("colour that was to be filled in", "color: @accent@;", "color-invalid");
     declaration("variable", "color: $accent;", "color-invalid");
-    declaration("misspelt importance", "color: red !importent;", "color-invalid");
+    declaration("misspelt importance", "color: red !importan;", "color-invalid");
     declaration("colour in a gradient",
                 "background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #FFFFF, stop:1 red);", "color-invalid");
     declaration("misspelt gradient", "background: qlinergradient(x1:0, x2:0, stop:0 #FFFFFF, stop:1 red);",
