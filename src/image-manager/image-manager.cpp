@@ -148,6 +148,10 @@ void ImageManager::load(ImageFile &image)
         // Each step rounds, so one multiplication would give other sizes.
         const QSize size = original.size() / DrawnScale * scale * ratio;
         image.pixmaps[i] = scaledTo(original, size);
+        if (image.pixmaps[i].isNull() && !size.isEmpty()) { // there is no memory for it
+            image.names[i].clear();
+            continue;
+        }
         image.pixmaps[i].setDevicePixelRatio(ratio);
         image.loaded = true;
     }
