@@ -57,7 +57,7 @@ void TextEngine::drawTextItem(const QPointF &position, const QTextItem &item)
     const bool isAllSeen = clip.contains(onDevice.adjusted(Blur, Blur, -Blur, -Blur));
     const QRectF seen = onDevice.intersected(clip);
     m_texts->append({text, onDevice, (seen.isEmpty() ? clip : seen).center().toPoint(),
-                     !isAllSeen || text.contains(QChar(Ellipsis))});
+                     !isAllSeen || text.contains(QChar(Ellipsis)), painter()->pen().color()});
 }
 
 QRectF TextEngine::clipOnDevice() const

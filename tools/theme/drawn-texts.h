@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QColor>
 #include <QPoint>
 #include <QRectF>
 #include <QRegion>
@@ -18,6 +19,7 @@ struct DrawnText
     QRectF rect; ///< what its letters cover, in the widget
     QPoint seenAt; ///< where some of them are seen, or would be
     bool isCut; ///< whether they are not all seen
+    QColor color;
 };
 
 /// The texts that @p widget and what it holds paint, in their order; of @p part of it, if that is not empty.

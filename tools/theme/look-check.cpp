@@ -130,6 +130,27 @@ double contrastIn(const QImage &with, const QImage &without, const QRect &rect)
     return most;
 }
 
+// The contrast of a text to what it stands on: the colour that there is most of around its letters.
+double contrastOf(const DrawnText &text, const QImage &picture, int width)
+{
+    constexpr int Margin = 2; // pixels
+    const qreal ratio = static_cast<qreal>(picture.width()) / width;
+    const QRectF place(text.rect.topLeft() * ratio, text.rect.size() * ratio);
+    const QRect seen = place.toAlignedRect().adjusted(-Margin, -Margin, Margin, Margin).intersected(picture.rect());
+    QHash<QRgb, int> counts;
+    QRgb surface = qRgb(255, 255, 255);
+    for (int y = seen.top(); y <= seen.bottom(); ++y) {
+        for (int x = seen.left(); x <= seen.right(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            surface = ++counts[pixel] > counts.value(surface) ? pixel : surface;
+        }
+    }
+    QImage blended(1, 1, QImage::Format_RGB32);
+    blended.fill(surface);
+    QPainter(&blended).fillRect(blended.rect(), text.color);
+    return contrast(blended.pixel(0, 0), surface);
+}
+
 bool hasErrorIn(const Findings &findings, std::initializer_list<const char *> beginnings)
 {
     const QVector<Finding> &all = findings.all();
@@ -181,8 +202,11 @@ private:
             if (state == StageState::Normal) {
                 checkSize(widget, stage.widget()->size());
             }
-            const bool isCut = checkTexts(widget, stage.widget());
+            const bool isCut = checkTexts(widget, stage);
             seen.append({state, stage.widgetPicture()});
+            if (!isCut) {
+                checkDrawnContrast(widget, stage, state);
+            }
             if (widget.showsWords && !isCut && !isToldToCut(widget) && hasLowContrast(stage, &least)) {
                 lowStates.append(nameOf(state));
             }
@@ -209,15 +233,15 @@ private:
     }
 
     // Whether a text is cut.
-    bool checkTexts(const StageWidget &widget, QWidget *shown)
+    bool checkTexts(const StageWidget &widget, const StagedWidget &stage)
     {
+        QWidget *shown = stage.widget();
         const QVector<DrawnText> texts = drawnTexts(shown);
         const auto cut = std::find_if(texts.cbegin(), texts.cend(), [](const DrawnText &text) { return text.isCut; });
         if (cut == texts.cend()) {
             return false;
         }
-        QWidget *part = shown->childAt(cut->seenAt);
-        const QString key = sectionAtFault(part ? part : shown, [&] {
+        const QString key = sectionAtFault(partAt(stage, *cut), [&] {
             QCoreApplication::sendPostedEvents();
             return drawnTexts(shown).value(static_cast<int>(cut - texts.cbegin())).isCut;
         });
@@ -225,6 +249,43 @@ private:
                      QStringLiteral("the text \"%1\" of the %2 is cut").arg(cut->text, QLatin1String(widget.name)),
                      m_sheets, m_findings);
         return true;
+    }
+
+    // Of those texts that are not replaced by what can be measured better.
+    void checkDrawnContrast(const StageWidget &widget, const StagedWidget &stage, StageState state)
+    {
+        const QVector<DrawnText> texts = drawnTexts(stage.widget());
+        const QImage picture = stage.widgetPicture();
+        for (int i = 0; i < texts.size(); ++i) {
+            const QWidget *part = partAt(stage, texts.at(i));
+            if (widget.showsWords && sectionsOf(part).value(0) == QLatin1String(widget.key)) {
+                continue;
+            }
+            const bool isDisabled = state == StageState::Disabled
+                || texts.at(i).color == part->palette().color(QPalette::Disabled, QPalette::Text);
+            const double needed = isDisabled ? DisabledContrast : ReadableContrast;
+            const double found = contrastOf(texts.at(i), picture, stage.widget()->width());
+            if (found < needed) {
+                const QString key = sectionAtFault(partAt(stage, texts.at(i)), [&] {
+                    QCoreApplication::sendPostedEvents();
+                    const DrawnText text = drawnTexts(stage.widget()).value(i);
+                    return contrastOf(text, stage.widgetPicture(), stage.widget()->width()) < needed;
+                });
+                addToSection("contrast-low", key.isEmpty() ? QString::fromLatin1(widget.key) : key,
+                             QStringLiteral("the text \"%1\" of the %2 has a contrast of %3 to 1 (%4)")
+                                 .arg(texts.at(i).text, QLatin1String(widget.name))
+                                 .arg(found, 0, 'f', 1)
+                                 .arg(nameOf(state)),
+                             m_sheets, m_findings);
+                return;
+            }
+        }
+    }
+
+    static QWidget *partAt(const StagedWidget &stage, const DrawnText &text)
+    {
+        QWidget *part = stage.widget()->childAt(text.seenAt);
+        return part ? part : stage.widget();
     }
 
     void checkStates(const StageWidget &widget, const QVector<SeenState> &seen)

@@ -54,6 +54,23 @@ void ThemePicturesTest::aFaultOfTheLookGivesItsFindingAndNoOther_data()
     row("faint text of a selected row", QStringLiteral("styles/table-and-paging.qss"),
         "QTableView::item:selected {\n    color: #17202B;", "QTableView::item:selected {\n    color: #B0B8C0;",
         "contrast-low", "== component.table ==");
+    const auto faint = [&row](const char *name, const char *file, const QByteArray &key, const QByteArray &rule,
+                              const QByteArray &color) {
+        row(name, QString::fromLatin1(file), rule + color, rule + "#D0D4D8", "contrast-low",
+            "== component." + key + " ==");
+    };
+    faint("faint days", "styles/date.qss", "date_selector",
+          "QTableView#qt_calendar_calendarview {\n    font-size: 13px;\n    color: ", "#17202B");
+    faint("faint days that cannot be chosen", "styles/date.qss", "date_selector",
+          "QTableView#qt_calendar_calendarview:disabled {\n    color: ", "#667382");
+    faint("faint names of a path", "styles/tree-and-path.qss", "button_path_name_button",
+          "== component.button_path_name_button ==\nQPushButton {\n    font-size: 13px;\n    color: ", "#17202B");
+    faint("faint message", "styles/messages.qss", "message_sheet_text",
+          "== component.message_sheet_text ==\nQLabel {\n    font-size: 14px;\n    color: ", "#17202B");
+    faint("faint titles of columns", "styles/table-and-paging.qss", "table_header",
+          "QHeaderView::section {\n    font-size: 12px;\n    font-weight: 600;\n    color: ", "#45525F");
+    faint("faint text beside a field", "styles/inputs.qss", "lineedit_label",
+          "== component.lineedit_label ==\nQLabel {\n    font-size: 13px;\n    color: ", "#45525F");
     row("focus that is not seen", Buttons, CancelFocus, "", "focus-invisible", "== component.cancel_button ==");
     row("disabled as if enabled", Buttons,
         "QPushButton:disabled {\n    color: #667382;\n    background-color: #EEF1F5;\n    border-color: #EEF1F5;\n}\n",
