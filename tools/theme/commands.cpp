@@ -162,6 +162,14 @@ int runDiff(const Call &call)
     return lines.isEmpty() ? Clean : Found;
 }
 
+// Why a theme cannot be rendered, empty if it can.
+QString errorOf(const BuiltTheme &theme)
+{
+    const bool hasStyles = !theme.errorText().isEmpty() || QDir(theme.path() + QStringLiteral("/styles")).exists();
+    return hasStyles ? theme.errorText()
+                     : QStringLiteral("'%1' is no theme: it has no folder 'styles'.").arg(theme.path());
+}
+
 int screenOf(const QCommandLineParser &parser)
 {
     return qBound(0, parser.value(QStringLiteral("screen")).toInt(), renderScreenCount() - 1);
@@ -183,7 +191,7 @@ int runRender(const Call &call)
     }
     const BuiltTheme theme(folder.absolutePath());
     const QString output = QDir(call.arguments.at(1)).absolutePath();
-    const QString error = theme.errorText().isEmpty() ? renderTheme(theme.path(), output) : theme.errorText();
+    const QString error = errorOf(theme).isEmpty() ? renderTheme(theme.path(), output) : errorOf(theme);
     if (!error.isEmpty()) {
         return fail(error);
     }
@@ -206,7 +214,7 @@ int runCompare(const Call &call)
     }
     const BuiltTheme theme(folder.absolutePath());
     const QTemporaryDir rendered;
-    const QString error = theme.errorText().isEmpty() ? renderTheme(theme.path(), rendered.path()) : theme.errorText();
+    const QString error = errorOf(theme).isEmpty() ? renderTheme(theme.path(), rendered.path()) : errorOf(theme);
     if (!error.isEmpty()) {
         return fail(error);
     }

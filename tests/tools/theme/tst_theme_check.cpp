@@ -686,6 +686,8 @@ void ThemeCheckTest::whatCannotBeCheckedEndsWithTwo_data()
     QTest::newRow("source without a name")
         << QStringList {QStringLiteral("new"), QString(), QStringLiteral("--accent"), QStringLiteral("#0a7f5a")};
     QTest::newRow("pictures without a name") << QStringList {QStringLiteral("render"), referenceTheme(), QString()};
+    QTest::newRow("pictures of no theme") << QStringList {
+        QStringLiteral("render"), referenceTheme() + QStringLiteral("/images"), QStringLiteral("/nonexistent")};
     QTest::newRow("screen that is none") << QStringList {QStringLiteral("render"), referenceTheme(),
                                                          QStringLiteral("/nonexistent"), QStringLiteral("--screen"),
                                                          QStringLiteral("99")};
