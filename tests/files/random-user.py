@@ -10,6 +10,7 @@ Usage: scripts/x-session tests/files/random-user.py PROGRAM [SECONDS [SEED]]
 
 import os
 import random
+import re
 import shutil
 import subprocess
 import sys
@@ -37,13 +38,25 @@ def fill(home):
             os.chown(name, USER, USER)
 
 
+def copy_program(program, folder):
+    """Copies what the program consists of to where any user can read it, and returns the copy."""
+    for part in ("bin", "share"):
+        shutil.copytree(os.path.join(os.path.dirname(program), "..", part), os.path.join(folder, part))
+    os.mkdir(os.path.join(folder, "lib"))
+    needed = subprocess.run(["ldd", program], capture_output=True, text=True, check=True).stdout
+    for library in re.findall(r"=> (/(?!lib|usr/)\S+)", needed):
+        shutil.copy(library, os.path.join(folder, "lib"))
+    suppressions = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support", "foreign-leaks.txt")
+    shutil.copy(suppressions, folder)
+    return os.path.join(folder, "bin", os.path.basename(program))
+
+
 def xdotool(*arguments):
     result = subprocess.run(["xdotool", *arguments], capture_output=True, text=True, check=False)
     return result.stdout.split()
 
 
 def main():
-    program = os.path.abspath(sys.argv[1])
     seconds = int(sys.argv[2]) if len(sys.argv) > 2 else 120
     seed = int(sys.argv[3]) if len(sys.argv) > 3 else random.randrange(10 ** 6)
     if os.geteuid() != 0:
@@ -52,6 +65,8 @@ def main():
     random.seed(seed)
     base = tempfile.mkdtemp(prefix="vela-files-random-")
     home = os.path.join(base, "home")
+    copies = os.path.join(base, "program")
+    program = copy_program(os.path.abspath(sys.argv[1]), copies)
     os.makedirs(home)
     fill(home)
     authority = os.path.join(base, "authority")
@@ -63,14 +78,19 @@ def main():
     os.chmod(base, 0o755)  # the superuser's: what is needed to start cannot be deleted
     environment = dict(os.environ, HOME=home, XAUTHORITY=authority, XDG_CONFIG_HOME=base + "/config", TMPDIR=base + "/tmp",
                        XDG_DATA_HOME=base + "/data", XDG_RUNTIME_DIR=base + "/runtime", QT_QPA_PLATFORM="xcb",
-                       QT_FONT_DPI="96", LC_ALL="C.UTF-8", QT_XCB_GL_INTEGRATION="none", BROWSER="true")
+                       QT_FONT_DPI="96", LC_ALL="C.UTF-8", QT_XCB_GL_INTEGRATION="none", BROWSER="true",
+                       LD_LIBRARY_PATH=copies + "/lib", LSAN_OPTIONS="suppressions=" + copies + "/foreign-leaks.txt")
     command = ["setpriv", "--reuid", str(USER), "--regid", str(USER), "--clear-groups", program]
     log = open(os.path.join(base, "log"), "w+", encoding="utf-8", errors="replace")
     process = subprocess.Popen(command, env=environment, cwd=base, stdout=log, stderr=log)
     begin = time.monotonic()
     while not xdotool("search", "--name", "Vela Files") and time.monotonic() < begin + PATIENCE:
         time.sleep(0.1)
-    window = xdotool("search", "--name", "Vela Files")[0]
+    windows = xdotool("search", "--name", "Vela Files")
+    if not windows:
+        log.seek(0)
+        sys.exit("random-user: no window has come up\n" + log.read())
+    window = windows[0]
 
     begin = time.monotonic()
     steps = 0
