@@ -4,6 +4,7 @@
 #include "disk/native-path.h"
 #include "start/appearance.h"
 #include "window/files-window.h"
+#include "window/sheets.h"
 
 #include <FileSystemTreeWidgetItem>
 #include <VelaButtonPath>
@@ -63,6 +64,8 @@ private Q_SLOTS:
     void trashAsksFirst();
     void deletingForGoodCanBePrevented();
     void whatIsAgreedToMeanwhileIsDoneAfterwards();
+    void workThatHasEndedBringsUpNoSheet();
+    void workOfSomeLengthIsShownUntilItEnds();
     void aFolderThatVanishesIsLeft();
     void theLanguageChangesUnderASheet();
     void settingsComeBack();
@@ -357,6 +360,39 @@ void FilesWindowTest::whatIsAgreedToMeanwhileIsDoneAfterwards()
     QTest::qWait(500); // a sheet that nobody puts away would be up by then
     QVERIFY(!sheet<VelaMessageSheet>());
     QVERIFY(m_window->findChildren<VelaMessageSheet *>().isEmpty());
+}
+
+// A menu that is opened meanwhile keeps what is to be deleted alive.
+void FilesWindowTest::workThatHasEndedBringsUpNoSheet()
+{
+    Sheets sheets(m_window.get());
+    bool hasPassed = false;
+    QTimer::singleShot(0, this, [&] {
+        sheets.showBusy(QStringLiteral("Working"));
+        sheets.hideBusy();
+        QEventLoop loop;
+        QTimer::singleShot(500, &loop, &QEventLoop::quit); // longer than a sheet takes to come up
+        loop.exec();
+        hasPassed = !sheet<VelaMessageSheet>();
+    });
+    QTRY_VERIFY_WITH_TIMEOUT(hasPassed, Patience);
+}
+
+void FilesWindowTest::workOfSomeLengthIsShownUntilItEnds()
+{
+    Sheets sheets(m_window.get());
+    sheets.showBusy(QStringLiteral("Working"));
+    QString shown;
+    QTimer end;
+    connect(&end, &QTimer::timeout, this, [&] {
+        if (sheet<VelaMessageSheet>()) {
+            shown = sheet<VelaMessageSheet>()->text();
+            sheets.hideBusy();
+        }
+    });
+    end.start(50);
+    QTRY_COMPARE_WITH_TIMEOUT(shown, QStringLiteral("Working"), Patience);
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->findChildren<VelaMessageSheet *>().isEmpty(), Patience);
 }
 
 void FilesWindowTest::aFolderThatVanishesIsLeft()

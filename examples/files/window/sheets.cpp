@@ -46,7 +46,11 @@ void showFault(VelaInputSheet *sheet, const QString &prompt, const QString &faul
 
 } // namespace
 
-Sheets::Sheets(QWidget *window) : QObject(window), m_window(window) { }
+Sheets::Sheets(QWidget *window) : QObject(window), m_window(window)
+{
+    m_busyTimer.setSingleShot(true);
+    connect(&m_busyTimer, &QTimer::timeout, this, &Sheets::runBusy);
+}
 
 Sheets::~Sheets() = default;
 
@@ -123,25 +127,27 @@ void Sheets::countDown(int seconds, const QString &title, const QString &message
     box->open();
 }
 
-// Only exec() runs the animation.
 void Sheets::showBusy(const QString &message)
 {
-    const QString theme = UIPathManager::getInstance()->getPath(QStringLiteral("resource_path"));
-    m_busy = new VelaMessageSheet(message, theme + QStringLiteral("/animations/processing.gif"), m_window);
-    m_busy->setBlockWindowButton(false);
-    m_busy->hide();
-    QTimer::singleShot(BusyAfter, m_busy, [this] {
-        putIntoMask(m_busy, m_window);
-        m_busy->exec();
-    });
+    m_busyMessage = message;
+    m_busyTimer.start(BusyAfter);
 }
 
 void Sheets::hideBusy()
 {
-    if (m_busy && m_busy->isVisible()) {
+    m_busyTimer.stop();
+    if (m_busy) {
         m_busy->quit();
-    } else if (m_busy) {
-        m_busy->deleteLater();
+        m_busy.clear();
     }
-    m_busy.clear();
+}
+
+// Only exec() runs the animation.
+void Sheets::runBusy()
+{
+    const QString theme = UIPathManager::getInstance()->getPath(QStringLiteral("resource_path"));
+    m_busy = new VelaMessageSheet(m_busyMessage, theme + QStringLiteral("/animations/processing.gif"), m_window);
+    m_busy->setBlockWindowButton(false);
+    putIntoMask(m_busy, m_window);
+    m_busy->exec();
 }

@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 
@@ -41,7 +42,10 @@ public:
 
 private:
     void show(VelaMessageSheet *sheet, const std::function<void()> &agreed);
+    void runBusy();
 
     QWidget *const m_window;
+    QString m_busyMessage;
+    QTimer m_busyTimer;
     QPointer<VelaMessageSheet> m_busy;
 };
