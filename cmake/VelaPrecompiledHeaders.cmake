@@ -9,7 +9,11 @@ add_library(vela-precompiled STATIC "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp
 target_link_libraries(vela-precompiled PRIVATE Qt5::Widgets)
 target_precompile_headers(vela-precompiled PRIVATE <QtWidgets>)
 
-foreach(target IN ITEMS vela-files-parts vela-gallery-parts vela-theme-parts)
+if(VELA_BUILD_BENCHMARKS)
+    get_property(benchmarks DIRECTORY benchmarks PROPERTY BUILDSYSTEM_TARGETS)
+    list(REMOVE_ITEM benchmarks benchmarks) # which only stands for the others
+endif()
+foreach(target IN ITEMS vela-files-parts vela-gallery-parts vela-theme-parts ${benchmarks})
     if(TARGET ${target})
         target_precompile_headers(${target} REUSE_FROM vela-precompiled)
     endif()
