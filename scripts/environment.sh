@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 
 # shellcheck shell=bash
-# An environment of their own for the programs that a script starts. Sourced by scripts/bench and tests/consumer/run.
+# An environment of their own for the programs that a script starts.
 
 # forget_desktop <home>: takes away the settings, fonts and language that the user of a desktop has chosen.
 forget_desktop()

@@ -3,7 +3,6 @@
 
 # shellcheck shell=bash
 # Named steps of a check, one line each: what a failed one printed is shown in full, what a good one printed is not.
-# Sourced by scripts/check and tests/consumer/run.
 
 passed=0
 failed=0
