@@ -7,11 +7,12 @@ include_guard(GLOBAL)
 #                [SOURCE <folder>] [OUTPUT <folder>] [DESTINATION <folder>] [NO_CHECK])
 #
 # Makes a theme folder from the reference theme's source in the colours of a palette. The target <name>-theme, part of
-# "all", builds it; its property VELA_THEME_DIR is the folder, which OUTPUT chooses.
+# "all", builds it; its property VELA_THEME_DIR is the folder.
 #   PALETTE      JSON file of named roles. Those that it leaves out are the ones of the reference palette that it names as
 #                "inherits" (light, dark or high-contrast; light if it names none).
 #   SOURCE       files that lie over the reference theme's source: new ones are added, those of the same name replace it,
 #                and images.json is joined to it
+#   OUTPUT       the folder, <name>-theme in the binary folder unless told otherwise. What else lies in it stays there.
 #   DESTINATION  where the theme is installed; without one it is not
 #   NO_CHECK     makes no test that runs "vela-theme check" on it
 # The theme's README.md tells what a source is made of.
@@ -55,6 +56,9 @@ function(vela_add_theme)
         set(theme_OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/${theme_NAME}-theme")
     endif()
     get_filename_component(theme_OUTPUT "${theme_OUTPUT}" ABSOLUTE BASE_DIR "${CMAKE_CURRENT_BINARY_DIR}")
+    if(theme_OUTPUT IN_LIST sources)
+        message(FATAL_ERROR "vela_add_theme: OUTPUT is the folder of a source, which it would replace: ${theme_OUTPUT}")
+    endif()
     set(work "${CMAKE_CURRENT_BINARY_DIR}/${theme_NAME}-theme.dir")
 
     _vela_read_palette("${theme_PALETTE}" "${reference}")
@@ -67,7 +71,7 @@ function(vela_add_theme)
     _vela_render_drawings()
     _vela_render_animations()
     _vela_warn_of_unused_roles()
-    _vela_remove_others("${theme_OUTPUT}" ${configured} ${rendered})
+    _vela_remove_former(${configured} ${rendered})
 
     add_custom_target(${theme_NAME}-theme ALL DEPENDS ${rendered})
     set_target_properties(${theme_NAME}-theme PROPERTIES VELA_THEME_DIR "${theme_OUTPUT}")
@@ -373,11 +377,17 @@ function(_vela_render_animation name animation)
     set(rendered ${rendered} "${output}" PARENT_SCOPE)
 endfunction()
 
-# Removes what a former state of the sources has left.
-function(_vela_remove_others folder)
-    file(GLOB_RECURSE files "${folder}/*")
-    list(REMOVE_ITEM files ${ARGN})
-    if(files)
-        file(REMOVE ${files})
+# Removes what a former state of the sources has left, and keeps a list of what is of the theme now. Other files are someone's.
+function(_vela_remove_former)
+    set(list "${work}/files")
+    if(EXISTS "${list}")
+        file(READ "${list}" former)
+        list(POP_FRONT former folder)
+        list(REMOVE_ITEM former ${ARGN})
+        if(former AND folder STREQUAL theme_OUTPUT)
+            file(REMOVE ${former})
+        endif()
     endif()
+    list(JOIN ARGN ";" files)
+    file(WRITE "${list}" "${theme_OUTPUT};${files}")
 endfunction()

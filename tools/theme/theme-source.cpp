@@ -23,7 +23,7 @@ constexpr int HoveredPercent = 14; // of text in an accent, as the reference the
 constexpr int PressedPercent = 36;
 constexpr int SelectedPercent = 84; // of surface
 constexpr int SelectedHoveredPercent = 75;
-constexpr int SelectedPressedPercent = 66;
+constexpr int SelectedPressedPercent = 70;
 
 const QString PaletteName = QStringLiteral("palette.json");
 const QString SourceName = QStringLiteral("source");

@@ -23,6 +23,53 @@ QStringList differences(const QString &before, const QString &after)
     return lines;
 }
 
+// A project that makes a theme of the files in "source", in the folder "assets".
+class ThemeProject
+{
+public:
+    ThemeProject()
+    {
+        write(QStringLiteral("palette.json"), R"({"accent": "#0a7f5a"})");
+        write(QStringLiteral("source/styles/mine.qss"), "== mine.label ==\nQLabel {}\n");
+        writeProject(QStringLiteral("assets"));
+    }
+
+    void writeProject(const QString &output) const
+    {
+        write(QStringLiteral("CMakeLists.txt"),
+              QStringLiteral("cmake_minimum_required(VERSION 3.22)\nproject(Mine LANGUAGES NONE)\n"
+                             "include([==[%1/cmake/VelaAddTheme.cmake]==])\n"
+                             "set_property(GLOBAL PROPERTY VELA_THEME_SOURCE_DIR [==[%1/theme]==])\n"
+                             "vela_add_theme(NAME mine PALETTE palette.json SOURCE source\n"
+                             "    OUTPUT \"${CMAKE_CURRENT_SOURCE_DIR}/%2\")\n")
+                  .arg(QStringLiteral(VELA_SOURCE_DIR), output)
+                  .toUtf8());
+    }
+
+    QString path(const QString &file) const { return m_folder.filePath(file); }
+    bool has(const QString &file) const { return QFile::exists(path(file)); }
+
+    void write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(path(name));
+        if (!QFileInfo(file).dir().mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly)
+            || file.write(content) != content.size()) {
+            qFatal("cannot write %s", qPrintable(name));
+        }
+    }
+
+    bool configure() const
+    {
+        return QProcess::execute(QStringLiteral("cmake"),
+                                 {QStringLiteral("-S"), m_folder.path(), QStringLiteral("-B"),
+                                  path(QStringLiteral("build")), QStringLiteral("--log-level=ERROR")})
+            == 0;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
 } // namespace
 
 class ThemeSourcesTest : public QObject
@@ -32,9 +79,15 @@ class ThemeSourcesTest : public QObject
 private Q_SLOTS:
     void aNewThemeChecksClean_data();
     void aNewThemeChecksClean();
+    void aTextThatCanBeReadAsItIsMixedIsNotListed();
     void aFaultInASourceIsFound();
     void whatCannotBeMadeIsRefused_data();
     void whatCannotBeMadeIsRefused();
+
+    void whatElseLiesInAThemesFolderStays();
+    void whatASourceNoLongerHasGoes();
+    void aThemeInAnotherFolderLeavesTheFormerOne();
+    void aSourceIsNotReplacedByItsTheme();
 
     void aThemeDoesNotDifferFromItself();
     void aChangeIsToldInWords_data();
@@ -72,6 +125,17 @@ void ThemeSourcesTest::aNewThemeChecksClean()
     QCOMPARE(checked.exitCode, 0);
 }
 
+void ThemeSourcesTest::aTextThatCanBeReadAsItIsMixedIsNotListed()
+{
+    const QTemporaryDir work;
+    const QString folder = work.filePath(QStringLiteral("mine"));
+    runThemeProgram({QStringLiteral("new"), folder, QStringLiteral("--accent"), QStringLiteral("#0A6A5A")});
+    QFile palette(folder + QStringLiteral("/palette.json"));
+    QVERIFY(palette.open(QIODevice::ReadOnly));
+    QCOMPARE(QJsonDocument::fromJson(palette.readAll()).object().keys(),
+             QStringList({QStringLiteral("accent"), QStringLiteral("inherits"), QStringLiteral("on_accent")}));
+}
+
 void ThemeSourcesTest::aFaultInASourceIsFound()
 {
     const QTemporaryDir work;
@@ -106,6 +170,51 @@ void ThemeSourcesTest::whatCannotBeMadeIsRefused()
     const ThemeRun run = runThemeProgram(QStringList {QStringLiteral("new")} + arguments);
     QCOMPARE(run.exitCode, 2);
     QVERIFY(!run.errors.isEmpty());
+}
+
+void ThemeSourcesTest::whatElseLiesInAThemesFolderStays()
+{
+    const ThemeProject project;
+    project.write(QStringLiteral("assets/logo.png"), "mine");
+    project.write(QStringLiteral("assets/styles/photos/mine.txt"), "mine");
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(project.configure());
+        QVERIFY(project.has(QStringLiteral("assets/styles/mine.qss")));
+        QVERIFY(project.has(QStringLiteral("assets/logo.png")));
+        QVERIFY(project.has(QStringLiteral("assets/styles/photos/mine.txt")));
+    }
+}
+
+void ThemeSourcesTest::whatASourceNoLongerHasGoes()
+{
+    const ThemeProject project;
+    project.write(QStringLiteral("source/images/mine.svg"), "<svg/>");
+    QVERIFY(project.configure());
+    project.write(QStringLiteral("assets/images/mine.png"), "rendered");
+    QVERIFY(QFile::remove(project.path(QStringLiteral("source/styles/mine.qss"))));
+    QVERIFY(QFile::remove(project.path(QStringLiteral("source/images/mine.svg"))));
+    QVERIFY(project.configure());
+    QVERIFY(!project.has(QStringLiteral("assets/styles/mine.qss")));
+    QVERIFY(!project.has(QStringLiteral("assets/images/mine.png")));
+    QVERIFY(project.has(QStringLiteral("assets/styles/buttons.qss")));
+}
+
+void ThemeSourcesTest::aThemeInAnotherFolderLeavesTheFormerOne()
+{
+    const ThemeProject project;
+    QVERIFY(project.configure());
+    project.writeProject(QStringLiteral("elsewhere"));
+    QVERIFY(project.configure());
+    QVERIFY(project.has(QStringLiteral("elsewhere/styles/mine.qss")));
+    QVERIFY(project.has(QStringLiteral("assets/styles/mine.qss")));
+}
+
+void ThemeSourcesTest::aSourceIsNotReplacedByItsTheme()
+{
+    const ThemeProject project;
+    project.writeProject(QStringLiteral("source"));
+    QVERIFY(!project.configure());
+    QVERIFY(!project.has(QStringLiteral("source/styles/buttons.qss")));
 }
 
 void ThemeSourcesTest::aThemeDoesNotDifferFromItself()
