@@ -13,7 +13,11 @@
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOption>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Vela::Private {
 
@@ -22,14 +26,47 @@ ModalSheet::ModalSheet(VelaSheet *sheet, WidthRule widthRule, int buttonSpacing)
     textLabel(new MessageLabel(sheet)),
     run(sheet),
     m_sheet(sheet),
+    m_parent(sheet->parentWidget()),
     m_widthRule(widthRule),
     m_buttonSpacing(buttonSpacing)
 {
+    sheet->installEventFilter(this);
 }
 
 void ModalSheet::addButtonBox()
 {
     buttonBox = new QDialogButtonBox(m_sheet);
+    buttonBox->installEventFilter(this);
+}
+
+// A sheet that comes to another parent, its mask, is polished with all that is in it. Its button box would hand the
+// style that the buttons have already on to them again, polish each for that twice, and lay them out as they lie.
+bool ModalSheet::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_sheet && event->type() == QEvent::ParentChange) {
+        m_parent = m_sheet->parentWidget();
+    } else if (watched == buttonBox && event->type() == QEvent::StyleChange) {
+        const BoxLayout former = std::exchange(m_boxLayout, boxLayout());
+        return m_sheet->parentWidget() != m_parent && m_boxLayout == former && buttonsHaveStyleOfBox();
+    }
+    return false;
+}
+
+ModalSheet::BoxLayout ModalSheet::boxLayout() const
+{
+    const QStyle *style = buttonBox->style();
+    QStyleOption box;
+    box.initFrom(buttonBox);
+    box.rect = QRect(0, 0, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return {style->styleHint(QStyle::SH_DialogButtonLayout, nullptr, buttonBox),
+            style->subElementRect(QStyle::SE_PushButtonLayoutItem, &box, buttonBox)};
+}
+
+bool ModalSheet::buttonsHaveStyleOfBox() const
+{
+    const QList<QAbstractButton *> buttons = buttonBox->buttons();
+    return std::all_of(buttons.cbegin(), buttons.cend(),
+                       [this](const QAbstractButton *button) { return button->style() == buttonBox->style(); });
 }
 
 ModalSheet::ButtonLook ModalSheet::buttonLook(Style style, const QString &customCaption, Text caption)

@@ -8,6 +8,9 @@
 
 #include <QMessageBox>
 #include <QObject>
+#include <QRect>
+
+#include <utility>
 
 class MessageLabel;
 class QDialogButtonBox;
@@ -27,6 +30,8 @@ namespace Vela::Private {
 class ModalSheet : public QObject
 {
 public:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
     QPushButton *button(QMessageBox::StandardButton which) const;
     /// Whether the sheet answers @p event, a key that has reached the window @p watched.
     bool isKeyOfWindow(const QObject *watched, const QEvent *event) const;
@@ -78,8 +83,14 @@ private:
     virtual void started() = 0;
 
     int preferredWidth() const;
+    /// What the button box is laid out by: the order of its buttons and the area of one, in pixels.
+    using BoxLayout = std::pair<int, QRect>;
+    BoxLayout boxLayout() const;
+    bool buttonsHaveStyleOfBox() const;
 
     VelaSheet *const m_sheet;
+    const QWidget *m_parent; // the former one while the sheet comes to another
+    BoxLayout m_boxLayout;
     const WidthRule m_widthRule;
     const int m_buttonSpacing;
 };

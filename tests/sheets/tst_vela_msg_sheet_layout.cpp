@@ -26,6 +26,8 @@ private Q_SLOTS:
     void buttonsComeInTheSameOrderInEveryStyle_data();
     void buttonsComeInTheSameOrderInEveryStyle();
     void aPlainBoxFollowsTheApplicationsStyle();
+    void aSheetThatComesToItsMaskTellsItsButtonsNoMoreThanItsTexts();
+    void theOrderOfTheButtonsIsThatOfTheWindowThatTheSheetComesTo();
 
     void theWidthFollowsThatOfTheParent();
     void theWidthAtItsLimits_data();
@@ -219,6 +221,37 @@ void VelaMessageSheetLayoutTest::aPlainBoxFollowsTheApplicationsStyle()
     QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Discard);
     box.show();
     QVERIFY(box.button(QDialogButtonBox::Discard)->x() < box.button(QDialogButtonBox::Ok)->x());
+}
+
+void VelaMessageSheetLayoutTest::aSheetThatComesToItsMaskTellsItsButtonsNoMoreThanItsTexts()
+{
+    QWidget window;
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &window);
+    EventCounter ofText(Parts(sheet).text, QEvent::StyleChange);
+    EventCounter ofOk(sheet.button(QMessageBox::Ok), QEvent::StyleChange);
+    VelaMask::createMask(&sheet, &window, Qt::black);
+    const int times = ofText.take();
+    QVERIFY(times > 0);
+    QCOMPARE(ofOk.take(), times);
+}
+
+void VelaMessageSheetLayoutTest::theOrderOfTheButtonsIsThatOfTheWindowThatTheSheetComesTo()
+{
+    QWidget window;
+    QWidget otherWindow;
+    otherWindow.setStyleSheet(
+        QStringLiteral("QDialogButtonBox { button-layout: %1 }").arg(QDialogButtonBox::GnomeLayout));
+    VelaMessageSheet sheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"), &window);
+    const auto isOkFirst = [&sheet] {
+        sheet.window()->show();
+        sheet.show();
+        return sheet.button(QMessageBox::Ok)->x() < sheet.button(QMessageBox::Discard)->x();
+    };
+    QVERIFY(isOkFirst());
+    VelaMask::createMask(&sheet, &otherWindow, Qt::black);
+    QVERIFY(!isOkFirst());
+    VelaMask::createMask(&sheet, &window, Qt::black);
+    QVERIFY(isOkFirst());
 }
 
 void VelaMessageSheetLayoutTest::theWidthFollowsThatOfTheParent()
