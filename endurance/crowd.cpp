@@ -7,7 +7,8 @@
 // - what has been sent was received once, unless the process was killed between its acknowledgement and its slot: then
 //   one message at most is missing for a kill, and the killed process has received nothing after that was sent
 // - nothing is received twice, and nothing that was not sent
-// And where the folder for temporary files cannot be written to, everybody is told at once that nobody was reached.
+// And where the folder for temporary files cannot be written to, be it another user's or a container's that is
+// read-only, everybody is told at once that nobody was reached.
 //
 // Needs Xvfb, and the superuser, who can be another user for a while.
 //
@@ -21,6 +22,7 @@
 #include <QHash>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <chrono>
 #include <csignal>
@@ -294,37 +296,56 @@ bool crowd(int processes, int messages, int kills)
     return story.isGood() && hasStrangerFailed && isInTime;
 }
 
-// Nobody can have the place, which all are told at once.
-bool withoutFolder(int processes)
+// How many processes, all at once, go on alone and soon with that folder.
+int countAlone(int processes, const QByteArray &folder, uid_t user, std::vector<const char *> command)
 {
-    QTemporaryDir folder(QStringLiteral("/tmp/crowd-XXXXXX"));
-    ::chmod(QFile::encodeName(folder.path()).constData(), 0555);
-    int good = 0;
+    command.push_back(nullptr);
+    std::vector<pid_t> all;
+    const auto begin = Clock::now();
     for (int i = 0; i < processes; ++i) {
-        const auto begin = Clock::now();
-        const pid_t process = ::fork();
-        if (process == 0) {
-            ::setenv("TMPDIR", QFile::encodeName(folder.path()).constData(), 1);
+        all.push_back(::fork());
+        if (all.back() == 0) {
+            ::setenv("TMPDIR", folder.constData(), 1);
             ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
             ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO); // where each says why
-            if (::setuid(Stranger) == 0) {
-                ::execl("/proc/self/exe", "crowd", "alone", nullptr);
+            if (::setuid(user) == 0) {
+                ::execvp(command.front(), const_cast<char *const *>(command.data()));
             }
             ::_exit(EXIT_FAILURE);
         }
+    }
+    int good = 0;
+    for (const pid_t process : all) {
         int status = 0;
         ::waitpid(process, &status, 0);
         good += WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS && Clock::now() - begin < AtOnce;
     }
-    std::printf("crowd: %d of %d processes go on alone where no file can be made\n", good, processes);
-    return good == processes;
+    return good;
+}
+
+// Nobody can have the place, which all are told at once: of a folder that is another user's, and in containers in which
+// it is read-only even for the superuser.
+bool withoutFolder(int processes)
+{
+    const QTemporaryDir folder(QStringLiteral("/tmp/crowd-XXXXXX"));
+    const QByteArray path = QFile::encodeName(folder.path());
+    ::chmod(path.constData(), 0555);
+    const QByteArray program = QFile::encodeName(QCoreApplication::applicationFilePath());
+    const int strangers = countAlone(processes, path, Stranger, {program.constData(), "alone"});
+    const int contained =
+        countAlone(processes, path, ::getuid(),
+                   {"unshare", "--mount", "sh", "-c", "mount -t tmpfs -o ro none \"$TMPDIR\" && exec \"$0\" alone",
+                    program.constData()});
+    std::printf("crowd: %d of %d processes go on alone where no file can be made, and %d in containers\n", strangers,
+                processes, contained);
+    return strangers == processes && contained == processes;
 }
 
 int runAlone(int argc, char **argv)
 {
     QtSingleApplication application(QString::fromLatin1(Id), argc, argv);
     const bool isAlone = !application.sendMessage(QStringLiteral("text"), SendTimeout) && !application.isRunning();
-    return isAlone ? EXIT_SUCCESS : EXIT_FAILURE;
+    return isAlone && !QTemporaryFile().open() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace
