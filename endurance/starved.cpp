@@ -5,7 +5,8 @@
 // one on: whatever it is, the program goes on, in time, with what is documented. Each attempt is a process of its own.
 // Needs no display; the scenarios of the close button take an X server (scripts/x-session).
 //
-// Usage: starved [SCENARIO [KIND CALL ERRNO [lasts]]], to run one attempt again in this process
+// Usage: starved [SCENARIO [KIND [CALL ERRNO [lasts]]]]
+// KIND is 0 for files, 1 for sockets and 2 for images; with a call one attempt is run again, in this process.
 
 #include "faults.h"
 
@@ -35,6 +36,7 @@
 #include <QJsonObject>
 #include <QLocalSocket>
 #include <QNetworkProxy>
+#include <QSslConfiguration>
 #include <QTextBrowser>
 #include <QTimer>
 
@@ -342,59 +344,7 @@ Ending input()
         : wrong(QStringLiteral("it was not answered"));
 }
 
-// ---- help
-
-const QTemporaryDir &installedHelp()
-{
-    static const QTemporaryDir folder;
-    QDir(folder.path()).mkpath(QStringLiteral("enu"));
-    QFile file(folder.filePath(QStringLiteral("enu/page.html")));
-    if (file.open(QIODevice::WriteOnly)) {
-        file.write(page(Offline));
-    }
-    return folder;
-}
-
-// What a help window shows in the end. It has ten seconds, as without a fault.
-Ending help(const QString &expected)
-{
-    const QString root = installedHelp().path();
-    const QTemporaryDir userData;
-    setFolders(userData.path());
-    startUp(ImageManager::INIT_LAZY, sheetsOfTheme(), textsOfTheme());
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QString text;
-    bool hasEnded = false;
-    {
-        const Starvation starvation(report);
-        const HelpWindow window(context(root), nullptr);
-        // The last that a reply makes is its window's text.
-        const auto *browser = window.findChild<QTextBrowser *>();
-        QObject::connect(&window, &HelpWindow::sigAbortRequest, [&hasEnded] { hasEnded = true; });
-        while (browser->document()->isEmpty() && elapsed.elapsed() < 10500
-               && !(hasEnded && elapsed.elapsed() > 10200)) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
-            std::this_thread::sleep_for(1ms);
-        }
-        text = browser->toPlainText();
-    }
-    if (text == expected) {
-        return AsEver;
-    }
-    // Without its file the installed page is empty.
-    const bool isDocumented = text == Offline || (text.isEmpty() && wanted.kind == Faults::File);
-    return isDocumented ? AsDocumented : wrong(QStringLiteral("the page is \"%1\"").arg(text));
-}
-
-Ending helpInstalled()
-{
-    // Nobody listens there.
-    QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), 1));
-    return help(Offline);
-}
-
-// ---- single instance
+// ---- other processes
 
 // A process that runs the steps, tells by what it writes, and ends with its standard input.
 class Other
@@ -460,6 +410,96 @@ bool isSignalled(int in, int milliseconds)
     pollfd readable = {in, POLLIN, 0};
     return ::poll(&readable, 1, milliseconds) > 0;
 }
+
+// ---- help
+
+const QTemporaryDir &installedHelp()
+{
+    static const QTemporaryDir folder;
+    return folder;
+}
+
+void installHelp()
+{
+    QDir(installedHelp().path()).mkpath(QStringLiteral("enu"));
+    QFile file(installedHelp().filePath(QStringLiteral("enu/page.html")));
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(page(Offline));
+    }
+}
+
+// What a help window shows in the end. It has ten seconds, as without a fault.
+Ending help(const QString &expected)
+{
+    const QString root = installedHelp().path();
+    const QTemporaryDir userData;
+    setFolders(userData.path());
+    startUp(ImageManager::INIT_LAZY, sheetsOfTheme(), textsOfTheme());
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QString text;
+    bool hasEnded = false;
+    {
+        const Starvation starvation(report);
+        const HelpWindow window(context(root), nullptr);
+        // The last that a reply makes is its window's text.
+        const auto *browser = window.findChild<QTextBrowser *>();
+        QObject::connect(&window, &HelpWindow::sigAbortRequest, [&hasEnded] { hasEnded = true; });
+        while (browser->document()->isEmpty() && elapsed.elapsed() < 10500
+               && !(hasEnded && elapsed.elapsed() > 10200)) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+            std::this_thread::sleep_for(1ms);
+        }
+        text = browser->toPlainText();
+    }
+    if (text == expected) {
+        return AsEver;
+    }
+    // Without its file the installed page is empty.
+    const bool isDocumented = text == Offline || (text.isEmpty() && wanted.kind == Faults::File);
+    return isDocumented ? AsDocumented : wrong(QStringLiteral("the page is \"%1\"").arg(text));
+}
+
+Ending helpInstalled()
+{
+    // Nobody listens there.
+    QNetworkProxy::setApplicationProxy(QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), 1));
+    return help(Offline);
+}
+
+// In a process that does not starve.
+void startKnowledgeBase()
+{
+    installHelp();
+    static Certificates certificates;
+    const QString error = certificates.create();
+    if (!error.isEmpty()) {
+        qFatal("%s", qPrintable(error));
+    }
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setCaCertificates({certificates.certificate(QStringLiteral("authority"))});
+    QSslConfiguration::setDefaultConfiguration(configuration);
+    static const Other process([](int in, int out) {
+        KnowledgeBase base(certificates);
+        base.answer = [](QSslSocket *socket, const QByteArray &) { socket->write(KnowledgeBase::ok(page(Online))); };
+        tell(out, static_cast<char>(base.serverPort() / 256));
+        tell(out, static_cast<char>(base.serverPort() % 256));
+        while (!isSignalled(in, 1)) {
+            QCoreApplication::processEvents();
+        }
+    });
+    const int high = static_cast<uchar>(process.hear(SendTimeout));
+    const int low = static_cast<uchar>(process.hear(SendTimeout));
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), static_cast<quint16>(256 * high + low)));
+}
+
+Ending helpOnline()
+{
+    return help(Online);
+}
+
+// ---- single instance
 
 QString ownId()
 {
@@ -574,6 +614,7 @@ struct Scenario
     const char *name;
     Ending (*run)();
     std::set<Faults::Kind> kinds;
+    void (*prepare)() = nullptr; // once for all attempts
 };
 
 const Scenario Scenarios[] = {
@@ -583,7 +624,8 @@ const Scenario Scenarios[] = {
     {"theme", theme, {Faults::File, Faults::Image}},
     {"message", message, {Faults::File, Faults::Image}},
     {"input", input, {Faults::File, Faults::Image}},
-    {"help-installed", helpInstalled, {Faults::File, Faults::Socket}},
+    {"help-installed", helpInstalled, {Faults::File, Faults::Socket}, installHelp},
+    {"help-online", helpOnline, {Faults::File, Faults::Socket}, startKnowledgeBase},
     {"first", first, {Faults::File, Faults::Socket}},
     {"second", second, {Faults::File, Faults::Socket}},
 };
@@ -698,10 +740,10 @@ void judge(const Scenario &scenario, const Faults &faults, Tally *tally)
 }
 
 // Whether all has ended well.
-bool starve(const Scenario &scenario, int stride)
+bool starve(const Scenario &scenario, const std::set<Faults::Kind> &kinds, int stride)
 {
     bool isGood = true;
-    for (const Faults::Kind kind : scenario.kinds) {
+    for (const Faults::Kind kind : kinds) {
         Tally tally;
         int calls = 0;
         for (const int error : Errors.at(kind)) {
@@ -745,13 +787,18 @@ int main(int argc, char **argv)
         if (!name.isEmpty() && name != scenario.name) {
             continue;
         }
+        if (scenario.prepare) {
+            scenario.prepare();
+        }
         if (argc > 4) {
             const Faults::Kind kind = static_cast<Faults::Kind>(std::atoi(argv[2]));
             wanted = {kind, std::atoi(argv[3]), std::atoi(argv[4]), argc > 5};
             report = STDOUT_FILENO;
             return scenario.run();
         }
-        isGood = starve(scenario, stride) && isGood;
+        const std::set<Faults::Kind> kinds =
+            argc > 2 ? std::set<Faults::Kind> {static_cast<Faults::Kind>(std::atoi(argv[2]))} : scenario.kinds;
+        isGood = starve(scenario, kinds, stride) && isGood;
     }
     return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
 }
