@@ -183,8 +183,10 @@ void BuiltTheme::build(const QString &source)
         cmake.setProcessChannelMode(QProcess::MergedChannels);
         cmake.start(QStringLiteral("cmake"), arguments);
         if (!cmake.waitForFinished(-1) || cmake.exitStatus() != QProcess::NormalExit || cmake.exitCode() != 0) {
-            m_errorText = QStringLiteral("The theme cannot be made from its source '%1'. CMake says:\n%2")
-                              .arg(source, QString::fromLocal8Bit(cmake.readAll()).trimmed());
+            const QString reason = cmake.error() == QProcess::FailedToStart
+                ? QStringLiteral("That takes CMake, which cannot be started.")
+                : QStringLiteral("CMake says:\n") + QString::fromLocal8Bit(cmake.readAll()).trimmed();
+            m_errorText = QStringLiteral("The theme cannot be made from its source '%1'. %2").arg(source, reason);
             return;
         }
     }

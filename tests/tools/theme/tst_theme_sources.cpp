@@ -81,6 +81,7 @@ private Q_SLOTS:
     void aNewThemeChecksClean();
     void aTextThatCanBeReadAsItIsMixedIsNotListed();
     void aFaultInASourceIsFound();
+    void aSourceIsNotMadeWithoutCMake();
     void whatCannotBeMadeIsRefused_data();
     void whatCannotBeMadeIsRefused();
 
@@ -149,6 +150,15 @@ void ThemeSourcesTest::aFaultInASourceIsFound()
     const ThemeRun checked = runThemeProgram({QStringLiteral("check"), folder});
     QCOMPARE(checked.exitCode, 1);
     QVERIFY2(checked.out.contains("styles/mine.qss:3: error: unknown property \"colour\""), checked.out.constData());
+}
+
+void ThemeSourcesTest::aSourceIsNotMadeWithoutCMake()
+{
+    const ThemeProject project;
+    const ThemeRun checked =
+        runThemeProgram({QStringLiteral("check"), project.path(QString())}, {QStringLiteral("PATH=/nonexistent")});
+    QCOMPARE(checked.exitCode, 2);
+    QVERIFY2(checked.errors.contains("takes CMake"), checked.errors.constData());
 }
 
 void ThemeSourcesTest::whatCannotBeMadeIsRefused_data()
