@@ -37,9 +37,10 @@
 
 namespace {
 
+constexpr int TooMuch = 3; // exit status of growth
 constexpr int Slices = 10;
-constexpr int CacheTime =
-    31000; // milliseconds until the toolkit's cache of pictures forgets the names of those that are gone
+// Milliseconds until the toolkit's cache of pictures forgets the names of those that are gone.
+constexpr int CacheTime = 31000;
 constexpr int RowsOfMasks = 100; // messages that a window lives for, as each leaves it an empty mask
 constexpr double LostAtMost = 8.0; // bytes each time, on the average of the second half: caches fill in the first
 constexpr double LongerAtMost = 1.25; // the last tenth, against the second
@@ -55,8 +56,8 @@ struct Slice
 struct Activity
 {
     const char *name;
-    std::function<std::function<void(int)>()>
-        begin; // what it returns does the thing once, and goes before it is measured
+    // What it returns does the thing once, and goes before it is measured.
+    std::function<std::function<void(int)>()> begin;
 };
 
 int openFiles()
@@ -242,12 +243,12 @@ bool leavesEmptyMasksOnly()
         const std::unique_ptr<QWidget> window = shownWindow();
         use(window.get());
         settle();
-        const size_t begin = heap();
+        const auto begin = static_cast<double>(heap());
         for (int i = 0; i < Count; ++i) {
             use(window.get());
             settle();
         }
-        return static_cast<double>(heap() - begin) / Count;
+        return (static_cast<double>(heap()) - begin) / Count;
     };
     const double mask = grown([](QWidget *window) {
         QWidget content;
@@ -296,11 +297,11 @@ int main(int argc, char **argv)
     const OwnDataFolder data;
     installReferenceTheme();
     if (name == "masks") {
-        return leavesEmptyMasksOnly() ? EXIT_SUCCESS : EXIT_FAILURE;
+        return leavesEmptyMasksOnly() ? EXIT_SUCCESS : TooMuch;
     }
     for (const Activity &activity : Activities) {
         if (name == activity.name && times >= Slices) {
-            return soak(activity, times, leak) ? EXIT_SUCCESS : EXIT_FAILURE;
+            return soak(activity, times, leak) ? EXIT_SUCCESS : TooMuch;
         }
     }
     std::fprintf(stderr, "Usage: soak messages|inputs|paths|themes TIMES [LEAK], soak masks\n");

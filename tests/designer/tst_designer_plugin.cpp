@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Vela Components authors
 // SPDX-License-Identifier: MIT
 
-#include "ui_all-on-a-form.h"
-
 #include "style-manager/style-manager.h"
 #include "ui_all-on-a-form.h"
 
