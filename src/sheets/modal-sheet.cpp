@@ -8,6 +8,7 @@
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
 #include "scale/scaled.h"
+#include "sheets/button-captions_p.h"
 #include "sheets/vela-msg-sheet.h"
 
 #include <QDialogButtonBox>
@@ -49,7 +50,7 @@ bool ModalSheet::eventFilter(QObject *watched, QEvent *event)
         const BoxLayout former = std::exchange(m_boxLayout, boxLayout());
         return m_sheet->parentWidget() != m_parent && m_boxLayout == former && buttonsHaveStyleOfBox();
     }
-    return false;
+    return keepCaptions(watched, event, QDialogButtonBox::Ok | QDialogButtonBox::Discard);
 }
 
 ModalSheet::BoxLayout ModalSheet::boxLayout() const

@@ -5,6 +5,7 @@
 
 #include "look/look-change_p.h"
 #include "look/look_p.h"
+#include "sheets/button-captions_p.h"
 #include "utils/accessible-event_p.h"
 
 #include <QEvent>
@@ -67,6 +68,7 @@ VelaCountdownMessageBox::VelaCountdownMessageBox(int seconds, QWidget *parent) :
     button(QMessageBox::Discard)->setStyleSheet(Look::sheet(Style::CancelButton));
     button(QMessageBox::Discard)->setText(Look::text(Text::Cancel));
     setDefaultButton(QMessageBox::Ok);
+    findChild<QDialogButtonBox *>()->installEventFilter(this);
     updateButtonText();
 }
 
@@ -128,12 +130,16 @@ void VelaCountdownMessageBox::slotTick()
     }
 }
 
-// The button's own timer ends the visible click. Nobody else can stop it, so a click that comes too late is not heard.
 bool VelaCountdownMessageBox::eventFilter(QObject *watched, QEvent *event)
 {
+    if (Private::keepCaptions(watched, event, QDialogButtonBox::Ok | QDialogButtonBox::Discard)) {
+        return true;
+    }
     if (event->type() != QEvent::Timer || watched != d->clicked) {
         return QMessageBox::eventFilter(watched, event);
     }
+    // The button's own timer ends the visible click. Nobody else can stop it, so a click that comes too late is not
+    // heard.
     d->clicked.clear();
     watched->removeEventFilter(this);
     if (!d->isClickVoid) {

@@ -7,6 +7,7 @@
 #include "look/look_p.h"
 #include "look/metrics_p.h"
 #include "scale/scaled.h"
+#include "sheets/button-captions_p.h"
 #include "sheets/vela-mask.h"
 
 #include <QPushButton>
@@ -37,6 +38,13 @@ public:
     explicit MessageBox(Style style) : m_style(style)
     {
         setStyleSheet(Look::sheet(style)); // comes before its buttons, which would be polished again
+        findChild<QDialogButtonBox *>()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        return Private::keepCaptions(watched, event, QDialogButtonBox::Ok | QDialogButtonBox::Cancel)
+            || QMessageBox::eventFilter(watched, event);
     }
 
 protected:

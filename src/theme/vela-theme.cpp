@@ -4,12 +4,9 @@
 #include "theme/vela-theme.h"
 
 #include "look/look-change_p.h"
-#include "sheets/vela-countdown-msg-box.h"
-#include "sheets/vela-sheet.h"
 #include "theme/theme-folder_p.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
@@ -82,23 +79,6 @@ private:
     QVector<QPointer<QWidget>> m_windows;
 };
 
-// Keeps the toolkit's own captions from the buttons of the library's sheets and boxes, which have theirs.
-class CaptionKeeper : public QObject
-{
-public:
-    CaptionKeeper() { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() != QEvent::LanguageChange || !qobject_cast<QDialogButtonBox *>(watched)) {
-            return false;
-        }
-        const QObject *owner = watched->parent();
-        const auto *box = qobject_cast<const QMessageBox *>(owner);
-        return qobject_cast<const VelaSheet *>(owner) || (box && !box->styleSheet().isEmpty());
-    }
-};
-
 // All widgets, each behind its parent.
 QVector<QPointer<QWidget>> allWidgets()
 {
@@ -129,7 +109,6 @@ QString userDataFolder()
 
 void tellLanguage()
 {
-    const CaptionKeeper keeper;
     const QWidgetList all = QApplication::topLevelWidgets();
     const QVector<QPointer<QWidget>> windows(all.cbegin(), all.cend());
     for (const QPointer<QWidget> &window : windows) {

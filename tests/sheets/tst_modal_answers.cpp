@@ -5,6 +5,7 @@
 #include "component/vela-sheet.h"
 #include "support/modal-sheet.h"
 #include "support/resource-folder.h"
+#include "support/toolkit-language.h"
 
 #include <QDialog>
 #include <QLineEdit>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void cleanup();
 
     void okIsTheDefaultButtonAndAnotherMayBeToo();
+    void anotherLanguageOfTheToolkitLeavesTheCaptions();
     void showSheetReturnsAtOnce();
     void execReturnsWhatDoneIsGiven_data();
     void execReturnsWhatDoneIsGiven();
@@ -103,6 +105,20 @@ void ModalAnswersTest::okIsTheDefaultButtonAndAnotherMayBeToo()
     sheet.setDefaultButton(sheet.cancel());
     QVERIFY(sheet.cancel()->isDefault());
     QVERIFY(sheet.ok()->isDefault());
+}
+
+void ModalAnswersTest::anotherLanguageOfTheToolkitLeavesTheCaptions()
+{
+    const ShownSheet shown;
+    const QString ok = shown.ok()->text();
+    shown.cancel()->setText(QStringLiteral("Keep it"));
+    const auto captions = [&shown] { return QStringList {shown.ok()->text(), shown.cancel()->text()}; };
+    {
+        const ToolkitLanguage other;
+        QCOMPARE(captions(), QStringList({ok, QStringLiteral("Keep it")}));
+    }
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(captions(), QStringList({ok, QStringLiteral("Keep it")}));
 }
 
 void ModalAnswersTest::showSheetReturnsAtOnce()

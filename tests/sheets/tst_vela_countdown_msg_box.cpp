@@ -5,6 +5,7 @@
 #include "style-manager/style-manager.h"
 #include "support/controls.h"
 #include "support/resource-folder.h"
+#include "support/toolkit-language.h"
 #include "utils/component-strings.h"
 
 #include <QApplication>
@@ -81,6 +82,8 @@ private Q_SLOTS:
     void theDefaultButtonIsWhatIsClicked();
     void escapeAndCloseAreIgnoredWithoutAnEscapeButton();
     void otherButtonsAreSurvived();
+    void anotherLanguageOfTheToolkitLeavesTheCaptions();
+    void buttonsOfAClientFollowTheLanguageOfTheToolkit();
     void theCaptionIsWrittenOnDemand();
 
 private:
@@ -425,6 +428,22 @@ void VelaCountdownMessageBoxTest::otherButtonsAreSurvived()
     box.slotTick();
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, Patience);
     QCOMPARE(finished.at(0).at(0).toInt(), static_cast<int>(QMessageBox::No));
+}
+
+void VelaCountdownMessageBoxTest::anotherLanguageOfTheToolkitLeavesTheCaptions()
+{
+    const VelaCountdownMessageBox box(7);
+    const ToolkitLanguage other;
+    QCOMPARE(okCaption(box), captionAt(7));
+    QCOMPARE(box.button(QMessageBox::Discard)->text(), QStringLiteral("Rather not"));
+}
+
+void VelaCountdownMessageBoxTest::buttonsOfAClientFollowTheLanguageOfTheToolkit()
+{
+    VelaCountdownMessageBox box(7);
+    box.addButton(QMessageBox::Help);
+    const ToolkitLanguage other;
+    QCOMPARE(box.button(QMessageBox::Help)->text(), ToolkitLanguage::text());
 }
 
 void VelaCountdownMessageBoxTest::theCaptionIsWrittenOnDemand()

@@ -7,6 +7,7 @@
 #include "support/environment.h"
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
+#include "support/toolkit-language.h"
 #include "utils/component-strings.h"
 
 #include <QApplication>
@@ -262,6 +263,7 @@ private Q_SLOTS:
     void aBoxIsAnswered();
     void aBoxTakesCustomCaptions_data() { addCaptions(); }
     void aBoxTakesCustomCaptions();
+    void anotherLanguageOfTheToolkitLeavesABoxItsCaptions();
     void theParentMayBeLeftOut();
 
 private:
@@ -604,6 +606,18 @@ void VelaMsgBoxTest::aBoxTakesCustomCaptions()
                       clickOn(box->button(QMessageBox::Cancel));
                   });
     QCOMPARE(result, BoxCancelCode);
+}
+
+void VelaMsgBoxTest::anotherLanguageOfTheToolkitLeavesABoxItsCaptions()
+{
+    const MsgBoxCustomBtnText captions(QStringLiteral("Do it"), QString());
+    answerBox([&] { return showConfirmMsgCustomBtn(Title, Text, captions, nullptr); },
+              [](QMessageBox *box) {
+                  const ToolkitLanguage other;
+                  QCOMPARE(box->button(QMessageBox::Ok)->text(), QStringLiteral("Do it"));
+                  QCOMPARE(box->button(QMessageBox::Cancel)->text(), CancelCaption);
+                  box->close();
+              });
 }
 
 void VelaMsgBoxTest::theParentMayBeLeftOut()
