@@ -81,6 +81,7 @@ class VelaIconButtonPrivate
 public:
     explicit VelaIconButtonPrivate(VelaIconButton *button) : q(button) { }
 
+    bool hasIcons() const;
     void show(ImageManager::ImageType state);
     void showIdle();
     void renew(const LookChange &change);
@@ -91,9 +92,19 @@ public:
     QSize iconSize; // logical pixels
 };
 
+// Whether any of the setters has been called; until then the button shows what a form has given it.
+bool VelaIconButtonPrivate::hasIcons() const
+{
+    return iconSize.isValid()
+        || std::any_of(std::begin(icons), std::end(icons), [](const StateIcon &each) { return !each.icon.isNull(); });
+}
+
 // Shows the icon in the icons' own size, which is not applied before.
 void VelaIconButtonPrivate::show(ImageManager::ImageType state)
 {
+    if (!hasIcons()) {
+        return;
+    }
     q->setIcon(icons[state].icon);
     q->setIconSize(iconSize);
 }
@@ -109,7 +120,9 @@ void VelaIconButtonPrivate::renew(const LookChange &change)
     const qint64 shown = q->icon().cacheKey();
     for (int i = 0; i < ImageManager::ImageFile::VariantCount; ++i) {
         const auto state = static_cast<ImageManager::ImageType>(i);
-        const std::optional<QPixmap> pixmap = change.successor(icons[i].pixmapKey, imageName, state);
+        const qint64 key = icons[i].pixmapKey;
+        const std::optional<QPixmap> pixmap =
+            imageName.isEmpty() ? change.successor(key) : change.successor(key, imageName, state);
         if (!pixmap) {
             continue;
         }

@@ -58,7 +58,8 @@ public:
     explicit VelaIconButton(const QString &imageName);
     /// A button that shows @p pixmap in every state, see setDefaultIcon(); without a parent.
     explicit VelaIconButton(const QPixmap &pixmap);
-    /// A button without an image, as forms make it.
+    /// A button without images, as forms make it. It shows the icon of a form, in the size of the form, until it gets
+    /// images of its own.
     explicit VelaIconButton(QWidget *parent);
     ~VelaIconButton() override;
 

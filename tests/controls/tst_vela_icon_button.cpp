@@ -84,6 +84,7 @@ private Q_SLOTS:
     void settersLeaveTheIconSizeAlone();
     void settingAllIconsShowsTheDefaultIconAtOnceWithoutItsSize();
     void settingTheDefaultIconReplacesAllFour();
+    void theIconOfAFormStaysUntilTheButtonHasImages();
     void eventsReachTheToolButton();
     void otherChangesReachTheToolButton();
     void theIconIsChangedBeforeTheToolButtonTellsOfTheEvent();
@@ -427,6 +428,25 @@ void VelaIconButtonTest::settingTheDefaultIconReplacesAllFour()
     window.release();
     window.button->setEnabled(false);
     QCOMPARE(colorOf(window.button->icon()), Other);
+}
+
+void VelaIconButtonTest::theIconOfAFormStaysUntilTheButtonHasImages()
+{
+    IconButtonWindow window(new VelaIconButton(static_cast<QWidget *>(nullptr)));
+    VelaIconButton *button = window.button;
+    button->setIcon(filled(QSize(16, 16), Other));
+    button->setIconSize(QSize(12, 12));
+    QVERIFY(window.showAndWait());
+    QTest::mouseClick(button, Qt::LeftButton);
+    button->setEnabled(false);
+    button->setEnabled(true);
+    QCOMPARE(colorOf(button->icon()), Other);
+    QCOMPARE(button->iconSize(), QSize(12, 12));
+
+    button->setHoverIcon(filled(QSize(16, 16), Hover));
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(button, &enter);
+    QCOMPARE(colorOf(button->icon()), Hover);
 }
 
 void VelaIconButtonTest::eventsReachTheToolButton()
