@@ -48,7 +48,7 @@ QString Button::name() const
 
 QString Button::description() const
 {
-    return button()->toolTip();
+    return plainToolTip(button());
 }
 
 QString Button::text(QAccessible::Text text) const
@@ -128,7 +128,7 @@ IconButton::IconButton(QAbstractButton *button) : Button(button) { }
 QString IconButton::name() const
 {
     const QMenu *menu = menuOf(button());
-    const QString ownNames[] = {Button::name(), button()->toolTip(), menu ? menu->accessibleName() : QString(),
+    const QString ownNames[] = {Button::name(), plainToolTip(button()), menu ? menu->accessibleName() : QString(),
                                 menu ? withoutAccessKey(menu->title()) : QString()};
     for (const QString &name : ownNames) {
         if (!name.isEmpty()) {
@@ -144,7 +144,7 @@ QString IconButton::name() const
 // What is the name already is left out. Who turns the page has to hear where that leads.
 QString IconButton::description() const
 {
-    const QString toolTip = button()->toolTip();
+    const QString toolTip = plainToolTip(button());
     if (!toolTip.isEmpty() && toolTip != text(QAccessible::Name)) {
         return toolTip;
     }

@@ -20,6 +20,12 @@ QString withoutAccessKey(QString caption)
     return caption.replace(QLatin1String("&&"), literal).remove(QLatin1Char('&')).replace(literal, QLatin1Char('&'));
 }
 
+QString plainToolTip(const QWidget *widget)
+{
+    const QString text = widget->toolTip();
+    return Qt::mightBeRichText(text) ? plain(text) : text;
+}
+
 QString plainLabel(const QLabel *label)
 {
     const QString text = label->text();

@@ -11,6 +11,7 @@
 #include "component/vela-line-edit.h"
 #include "component/vela-menu.h"
 #include "support/resource-folder.h"
+#include "utils/util.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void anIconButtonWithoutAToolTipIsNamedByItsMenu();
     void theNameOfTheApplicationComesFirst();
     void theToolTipDescribesAButtonThatHasAnotherName();
+    void aRichToolTipIsSpokenWithoutItsTags();
     void aLabelNamesTheButtonThatItIsTheBuddyOf();
     void aButtonTellsNoAccessKeysInItsName();
     void aButtonThatCanBeCheckedTellsIt();
@@ -134,6 +136,20 @@ void AccessibleControlsTest::theToolTipDescribesAButtonThatHasAnotherName()
         each->setAccessibleDescription(QStringLiteral("Of all"));
         QCOMPARE(descriptionOf(each), QStringLiteral("Of all"));
     }
+}
+
+void AccessibleControlsTest::aRichToolTipIsSpokenWithoutItsTags()
+{
+    VelaIconButton iconButton(QStringLiteral("bt_settings"));
+    iconButton.setToolTip(getHtmlEscapedStringForToolTip(QStringLiteral("Tom & Jerry")));
+    QCOMPARE(nameOf(&iconButton), QStringLiteral("Tom & Jerry"));
+    QCOMPARE(descriptionOf(&iconButton), QString());
+    iconButton.setAccessibleName(QStringLiteral("Film"));
+    QCOMPARE(descriptionOf(&iconButton), QStringLiteral("Tom & Jerry"));
+
+    VelaButton button(QStringLiteral("Go"), VelaButton::ApplyButton);
+    button.setToolTip(QStringLiteral("<b>Of all</b>"));
+    QCOMPARE(descriptionOf(&button), QStringLiteral("Of all"));
 }
 
 void AccessibleControlsTest::aLabelNamesTheButtonThatItIsTheBuddyOf()
