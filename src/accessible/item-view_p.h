@@ -9,6 +9,8 @@
 #include <QPersistentModelIndex>
 #include <QPointer>
 
+#include <memory>
+
 class QHeaderView;
 
 namespace Vela::Accessible {
@@ -234,7 +236,7 @@ protected:
 private:
     const QVector<QPersistentModelIndex> &rows() const;
 
-    QObject m_context; // context of the connections
+    const std::unique_ptr<QObject> m_watch; // context of the connections
     mutable QVector<QPersistentModelIndex> m_rows;
     mutable QHash<QPersistentModelIndex, int> m_places; // places of the rows
     mutable bool m_isOutOfDate = true;

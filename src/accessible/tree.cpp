@@ -6,6 +6,7 @@
 #include "accessible/plain-text_p.h"
 #include "look/look_p.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -74,19 +75,39 @@ private:
     QTreeView *tree() const { return static_cast<QTreeView *>(view()); }
 };
 
+// No signal tells that a row is hidden or shown, but the tree is painted anew.
+class PaintWatch : public QObject
+{
+public:
+    PaintWatch(QWidget *viewport, bool &isOutOfDate) : m_isOutOfDate(isOutOfDate)
+    {
+        viewport->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        m_isOutOfDate = m_isOutOfDate || event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    bool &m_isOutOfDate;
+};
+
 } // namespace
 
-Tree::Tree(QAbstractItemView *tree) : ItemView(tree, QAccessible::Tree)
+Tree::Tree(QAbstractItemView *tree) :
+    ItemView(tree, QAccessible::Tree), m_watch(std::make_unique<PaintWatch>(tree->viewport(), m_isOutOfDate))
 {
     const auto outdate = [this] { m_isOutOfDate = true; };
-    QObject::connect(treeOf(this), &QTreeView::expanded, &m_context, outdate);
-    QObject::connect(treeOf(this), &QTreeView::collapsed, &m_context, outdate);
+    QObject::connect(treeOf(this), &QTreeView::expanded, m_watch.get(), outdate);
+    QObject::connect(treeOf(this), &QTreeView::collapsed, m_watch.get(), outdate);
     QAbstractItemModel *model = tree->model(); // a tree of items keeps its model
-    QObject::connect(model, &QAbstractItemModel::rowsInserted, &m_context, outdate);
-    QObject::connect(model, &QAbstractItemModel::rowsRemoved, &m_context, outdate);
-    QObject::connect(model, &QAbstractItemModel::rowsMoved, &m_context, outdate);
-    QObject::connect(model, &QAbstractItemModel::layoutChanged, &m_context, outdate);
-    QObject::connect(model, &QAbstractItemModel::modelReset, &m_context, outdate);
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, m_watch.get(), outdate);
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, m_watch.get(), outdate);
+    QObject::connect(model, &QAbstractItemModel::rowsMoved, m_watch.get(), outdate);
+    QObject::connect(model, &QAbstractItemModel::layoutChanged, m_watch.get(), outdate);
+    QObject::connect(model, &QAbstractItemModel::modelReset, m_watch.get(), outdate);
 }
 
 const QVector<QPersistentModelIndex> &Tree::rows() const

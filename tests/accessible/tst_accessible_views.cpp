@@ -99,6 +99,7 @@ private Q_SLOTS:
     void rowsAreNumberedAsTheToolkitNumbersThem();
     void aTreeFollowsItsItems();
     void hiddenRowsAreNotToldOf();
+    void rowsThatAreHiddenAndShownAreFollowed();
 };
 
 void AccessibleViewsTest::aTableTellsTheTitlesOfItsColumns()
@@ -409,6 +410,20 @@ void AccessibleViewsTest::hiddenRowsAreNotToldOf()
     folders.topLevelItem(0)->setHidden(true);
     QCOMPARE(spoken(&folders)->tableInterface()->rowCount(), 1);
     QCOMPARE(spoken(&folders)->tableInterface()->cellAt(0, 0)->text(QAccessible::Name), QStringLiteral("Work"));
+}
+
+void AccessibleViewsTest::rowsThatAreHiddenAndShownAreFollowed()
+{
+    Folders folders;
+    folders.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&folders));
+    QAccessibleTableInterface *tree = spoken(&folders)->tableInterface();
+    QCOMPARE(tree->rowCount(), 2);
+    folders.topLevelItem(0)->setHidden(true);
+    QTRY_COMPARE(tree->rowCount(), 1);
+    QCOMPARE(tree->cellAt(0, 0)->text(QAccessible::Name), QStringLiteral("Work"));
+    folders.topLevelItem(0)->setHidden(false);
+    QTRY_COMPARE(tree->rowCount(), 2);
 }
 
 QTEST_MAIN(AccessibleViewsTest)
