@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QPointer>
 
 #include <utility>
 
@@ -45,10 +46,10 @@ QByteArray readFiles(const std::vector<QString> &files)
 StyleManager *StyleManager::getInstance()
 {
     static StyleManager instance;
-    static bool isInstalled = false;
-    if (!isInstalled && QCoreApplication::instance()) {
+    static QPointer<QCoreApplication> served; // with its application the toolkit forgets what is installed
+    if (!served && QCoreApplication::instance()) {
         Vela::Accessible::install();
-        isInstalled = true;
+        served = QCoreApplication::instance();
     }
     return &instance;
 }
