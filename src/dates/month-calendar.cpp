@@ -57,6 +57,11 @@ void MonthCalendar::setArrow(QToolButton *button, const QPixmap &pixmap)
     m_arrows.insert(button, {pixmap, icon.cacheKey()});
 }
 
+bool MonthCalendar::showsArrow(QToolButton *button) const
+{
+    return button->icon().cacheKey() == m_arrows.value(button).iconKey;
+}
+
 // By themselves the arrows never show that they have the focus.
 bool MonthCalendar::eventFilter(QObject *watched, QEvent *event)
 {
@@ -73,7 +78,7 @@ void MonthCalendar::turnArrows()
 {
     const QHash<QToolButton *, Arrow> arrows = m_arrows;
     for (auto arrow = arrows.cbegin(); arrow != arrows.cend(); ++arrow) {
-        if (arrow.key()->icon().cacheKey() == arrow->iconKey) {
+        if (showsArrow(arrow.key())) {
             setArrow(arrow.key(), arrow->pixmap);
         }
     }

@@ -21,6 +21,8 @@ public:
 
     /// Shows @p pixmap, which is as it is from left to right, on one of the two arrows.
     void setArrow(QToolButton *button, const QPixmap &pixmap);
+    /// Whether @p button shows that still, and no icon of an application.
+    bool showsArrow(QToolButton *button) const;
 
     QSize minimumSizeHint() const override;
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -236,7 +236,7 @@ void VelaCalanderViewPrivate::renewArrow(const LookChange &change, const Arrow &
 {
     auto *button = child<QToolButton>(arrow.objectName);
     change.renewAccessibleName(button, arrow.accessibleName);
-    if (change.isOfEverything()) {
+    if (change.isOfEverything() && calendar->showsArrow(button)) {
         const QPixmap pixmap = change.now(arrow.image);
         calendar->setArrow(button, pixmap);
         button->setIconSize(Look::logicalSize(pixmap));

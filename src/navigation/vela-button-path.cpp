@@ -38,6 +38,15 @@ QString nameOn(const QPushButton *button)
     return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
 }
 
+// Puts pixmap in the place of the icon with that key, which the button was given; one of the application's stays.
+void renewIcon(QAbstractButton *button, qint64 &key, const QPixmap &pixmap)
+{
+    if (button->icon().cacheKey() == key) {
+        button->setIcon(pixmap);
+        key = button->icon().cacheKey();
+    }
+}
+
 } // namespace
 
 class VelaButtonPathPrivate
@@ -61,7 +70,9 @@ public:
 
     VelaButtonPath *const q;
     QList<QPushButton *> buttons; // names at even indices, arrows at odd ones
+    QVector<qint64> iconKeys; // keys of the icons that they were given
     QToolButton *const menuButton;
+    qint64 menuIconKey = 0;
     std::unique_ptr<QMenu> menu;
     int visibleWidth = 0;
     QSignalMapper *const nameMapper;
@@ -91,6 +102,7 @@ void VelaButtonPathPrivate::setUpMenuButton()
     menu->setStyleSheet(Look::sheet(Style::Menu));
     menuButton->setMenu(menu.get());
     menuButton->setIcon(Look::image(Image::Folder));
+    menuIconKey = menuButton->icon().cacheKey();
     menuButton->setIconSize(MenuIconSize);
     menuButton->setPopupMode(QToolButton::InstantPopup);
     menuButton->hide();
@@ -114,6 +126,7 @@ void VelaButtonPathPrivate::clear()
         discard(button);
     }
     buttons.clear();
+    iconKeys.clear();
     q->clear();
     q->setColumnCount(0);
 }
@@ -148,6 +161,7 @@ void VelaButtonPathPrivate::discard(QPushButton *button)
 void VelaButtonPathPrivate::setButton(int column, QPushButton *button)
 {
     buttons.append(button);
+    iconKeys.append(button->icon().cacheKey());
     q->setCellWidget(0, column, button);
     if (!isArrow(column)) {
         q->setColumnWidth(column, button->width());
@@ -190,14 +204,14 @@ void VelaButtonPathPrivate::renew(const LookChange &change)
     change.restyle(q, Style::ButtonPath);
     change.restyle(menu.get(), Style::Menu);
     change.restyle(menuButton, Style::ButtonPathMenuButton);
-    menuButton->setIcon(change.now(Image::Folder));
+    renewIcon(menuButton, menuIconKey, change.now(Image::Folder));
 
     bool isOtherWidth = false;
     for (int column = 0; column < buttons.size(); ++column) {
         QPushButton *button = buttons.at(column);
         if (isArrow(column)) {
             change.restyle(button, Style::ButtonPathArrow);
-            button->setIcon(change.now(Image::PathArrow));
+            renewIcon(button, iconKeys[column], change.now(Image::PathArrow));
             continue;
         }
         change.restyle(button, Style::ButtonPathName);

@@ -199,16 +199,36 @@ private Q_SLOTS:
         iconButton.setHoverIcon(drawn);
         VelaIconButton drawnButton(drawn);
         const qint64 drawnIcon = drawnButton.icon().cacheKey();
+        QWidget form;
+        auto *buttonOfForm = new VelaIconButton(&form);
+        buttonOfForm->setIcon(drawn);
+        buttonOfForm->setIconSize(drawn.size());
         VelaMessageSheet messageSheet(VelaMessageSheet::QuestionMessage, QStringLiteral("text"),
                                       MsgBoxCustomBtnText(QStringLiteral("Keep"), QStringLiteral("Discard")));
         messageSheet.setIcon(drawn);
         VelaDateSelector selector(QStringLiteral("none"));
         selector.getCalendarView()->setAccessibleName(QStringLiteral("mine"));
+        VelaButtonPath path;
+        path.refresh(QStringLiteral("Home/Work"));
+        const QList<QAbstractButton *> others {
+            selector.getCalendarView()->findChild<QToolButton *>(QStringLiteral("qt_calendar_prevmonth")),
+            path.findChild<QToolButton *>(), qobject_cast<QAbstractButton *>(path.cellWidget(0, 1))};
+        for (QAbstractButton *other : others) {
+            other->setIcon(drawn);
+        }
+        const qint64 otherIcons[] = {others[0]->icon().cacheKey(), others[1]->icon().cacheKey(),
+                                     others[2]->icon().cacheKey()};
 
         load(Dark, German);
+        for (int i = 0; i < others.size(); ++i) {
+            QCOMPARE(others[i]->icon().cacheKey(), otherIcons[i]);
+        }
         QCOMPARE(button.styleSheet(), sheet);
         QCOMPARE(button.text(), QStringLiteral("Save"));
         QCOMPARE(drawnButton.icon().cacheKey(), drawnIcon);
+        form.show();
+        QCOMPARE(buttonOfForm->iconSize(), drawn.size());
+        QVERIFY(!buttonOfForm->icon().isNull());
         QCOMPARE(messageSheet.button(QMessageBox::Ok)->text(), QStringLiteral("Keep"));
         QCOMPARE(messageSheet.button(QMessageBox::Discard)->text(), QStringLiteral("Discard"));
         QCOMPARE(messageSheet.button(QMessageBox::Ok)->styleSheet(), getStyleSheet("component.apply_button", false));
