@@ -15,18 +15,6 @@ namespace Vela {
 
 namespace {
 
-// Where that stood before the removal which is at position behind it.
-int positionBefore(const std::vector<TextRange> &removed, int position)
-{
-    for (const TextRange &range : removed) {
-        if (range.begin > position) {
-            break;
-        }
-        position += range.end - range.begin;
-    }
-    return position;
-}
-
 // Where the first rule of a section begins up to which the toolkit refuses all of it.
 int beginOfRefusal(const QByteArray &text, const SheetSection &section)
 {
@@ -64,7 +52,7 @@ void tellRefusedSections(const std::vector<QString> &files)
                 continue;
             }
             const int position = beginOfRefusal(plain, section);
-            const int original = positionBefore(removed.blocks, positionBefore(removed.lines, position));
+            const int original = removed.positionBefore(position);
             const auto line = std::count(text.cbegin(), text.cbegin() + original, '\n') + 1;
             qCWarning(vela_theme).noquote().nospace() << section.key << ", " << path << ':' << line
                                                       << ": Qt cannot parse this and leaves the whole section out. "

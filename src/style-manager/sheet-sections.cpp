@@ -184,7 +184,23 @@ void replaceAll(QByteArray &text, std::string_view name, const QByteArray &value
     }
 }
 
+int positionBeforeRemoval(const std::vector<TextRange> &removed, int position)
+{
+    for (const TextRange &range : removed) {
+        if (range.begin > position) {
+            break;
+        }
+        position += range.end - range.begin;
+    }
+    return position;
+}
+
 } // namespace
+
+int RemovedComments::positionBefore(int position) const
+{
+    return positionBeforeRemoval(blocks, positionBeforeRemoval(lines, position));
+}
 
 QByteArray readSheets(QFile &file)
 {

@@ -27,6 +27,9 @@ struct RemovedComments
 {
     std::vector<TextRange> blocks;
     std::vector<TextRange> lines;
+
+    /// Where that stood before the removals which is at @p position behind them.
+    int positionBefore(int position) const;
 };
 
 /// What is in @p file, which is open, as valid UTF-8 without carriage returns. Nothing where it cannot be read to its

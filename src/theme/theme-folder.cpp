@@ -37,22 +37,6 @@ int lineOfName(const QByteArray &json, const QString &name)
     return lineAt(json, json.indexOf('"' + name.toUtf8() + '"'));
 }
 
-// The line of each section's header; of several the last one counts.
-QHash<QString, int> linesOfHeaders(const QByteArray &sheets)
-{
-    QHash<QString, int> found;
-    int number = 1;
-    for (int begin = 0, end = 0; end >= 0; begin = end + 1, ++number) {
-        end = sheets.indexOf('\n', begin);
-        const QByteArray line =
-            QByteArray::fromRawData(sheets.constData() + begin, (end < 0 ? sheets.size() : end) - begin);
-        if (line.startsWith("==") && line.endsWith("==")) {
-            found.insert(QString::fromUtf8(line).remove(QLatin1Char('=')).remove(QLatin1Char(' ')), number);
-        }
-    }
-    return found;
-}
-
 QString whyUnreadable(const QFile &file)
 {
     const QFileInfo info(file.fileName());
@@ -280,9 +264,7 @@ void ThemeFolder::readSheets()
     insertImageFolders(text, imageFolder().toUtf8(), m_tempImageFolder.toUtf8());
     readSections(removeComments(std::move(text)), m_sections);
 
-    for (const SheetFile &file : qAsConst(files)) {
-        checkSections(file);
-    }
+    checkSections(files);
     for (const StyleEntry &entry : StyleEntries) {
         if (m_sections.count(QString::fromLatin1(entry.key)) == 0) {
             add(Problem::Warning, folder.path(), 0,
@@ -291,19 +273,44 @@ void ThemeFolder::readSheets()
     }
 }
 
-void ThemeFolder::checkSections(const SheetFile &file)
+// The headers of the sections that count: of several with one key it is the last.
+QHash<QString, ThemeFolder::Header> ThemeFolder::headers(const QVector<SheetFile> &files)
 {
-    const QHash<QString, int> lines = linesOfHeaders(file.text);
-    for (const auto &[key, section] : m_sections) {
-        const int line = lines.value(key);
-        if (line == 0) {
-            continue;
+    QByteArray text;
+    for (const SheetFile &file : files) {
+        text += file.text + '\n';
+    }
+    RemovedComments removed;
+    const std::vector<SheetSection> sections = findSections(removeComments(std::move(text), &removed));
+    QHash<QString, Header> found;
+    int file = 0;
+    int fileBegin = 0;
+    for (const SheetSection &section : sections) {
+        const int position = removed.positionBefore(section.header.begin);
+        for (; position > fileBegin + files.at(file).text.size(); ++file) {
+            fileBegin += files.at(file).text.size() + 1;
         }
-        if (!isUnderstood(section)) {
-            add(Problem::Error, file.path, line,
-                QStringLiteral("The toolkit cannot parse the section \"%1\"").arg(key));
+        found.insert(section.key, {file, lineAt(files.at(file).text, position - fileBegin)});
+    }
+    return found;
+}
+
+void ThemeFolder::checkSections(const QVector<SheetFile> &files)
+{
+    const QHash<QString, Header> found = headers(files);
+    for (int i = 0; i < files.size(); ++i) {
+        const SheetFile &file = files.at(i);
+        for (const auto &[key, section] : m_sections) {
+            const Header header = found.value(key);
+            if (header.file != i) {
+                continue;
+            }
+            if (!isUnderstood(section)) {
+                add(Problem::Error, file.path, header.line,
+                    QStringLiteral("The toolkit cannot parse the section \"%1\"").arg(key));
+            }
+            checkImages(section, file);
         }
-        checkImages(section, file);
     }
 }
 

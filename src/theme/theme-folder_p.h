@@ -6,6 +6,7 @@
 #include "theme/theme-look_p.h"
 #include "theme/vela-theme.h"
 
+#include <QHash>
 #include <QJsonObject>
 #include <QMap>
 
@@ -48,6 +49,13 @@ private:
         QByteArray text;
     };
 
+    // Place of a section's header.
+    struct Header
+    {
+        int file = 0; // index of the file
+        int line = 0; // counted from 1
+    };
+
     void add(Severity severity, const QString &file, int line, const QString &text);
     QString path(const QString &name) const;
     QString imageFolder() const;
@@ -59,7 +67,8 @@ private:
     void checkImage(const QString &file);
     void readCatalogue();
     void readSheets();
-    void checkSections(const SheetFile &file);
+    static QHash<QString, Header> headers(const QVector<SheetFile> &files);
+    void checkSections(const QVector<SheetFile> &files);
     void checkImages(const QString &section, const SheetFile &file);
     void readLook();
 

@@ -99,6 +99,15 @@ private Q_SLOTS:
         row("section does not parse", replaced("styles/date.qss", "QComboBox:hover {", "QComboBox:hover {{"),
             {QStringLiteral("styles/date.qss:LINE(== component.date_selector ==): error: The toolkit cannot parse the "
                             "section \"component.date_selector\"")});
+        row("section that replaces another does not parse",
+            file("styles/zz.qss", "\n== component.label ==\nQLabel { color: red\n"),
+            {QStringLiteral("styles/zz.qss:2: error: The toolkit cannot parse the section \"component.label\"")});
+        row("section's header stands in a comment before",
+            [](const ThemeCopy &copy) {
+                copy.write(QStringLiteral("styles/aa.qss"), "/* former:\n== component.label ==\n*/\n== none ==\n");
+                copy.write(QStringLiteral("styles/zz.qss"), "// now\n== component.label ==\nQLabel { color: red\n");
+            },
+            {QStringLiteral("styles/zz.qss:2: error: The toolkit cannot parse the section \"component.label\"")});
         row("section is missing", replaced("styles/inputs.qss", "== component.label ==", "== component.labels =="),
             {QStringLiteral("styles: warning: There is no section \"component.label\"")});
         row("sheet's image is missing", replaced("styles/date.qss", "arrow_up.png", "arrow_upp.png"),
