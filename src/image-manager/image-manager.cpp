@@ -137,7 +137,9 @@ void ImageManager::load(ImageFile &image)
     for (int i = 0; i < ImageFile::VariantCount; ++i) {
         const QPixmap original = readPixmap(getImageFullPath(image.names[i]));
         if (original.isNull()) {
-            if (i == IMAGE_NORMAL && !QFile::exists(getImageFullPath(image.names[i]))) {
+            // An image that has failed before has lost its names, and has been told of.
+            if (i == IMAGE_NORMAL && !image.names[IMAGE_HOVER].isEmpty()
+                && !QFile::exists(getImageFullPath(image.names[i]))) {
                 qCWarning(vela_theme).noquote().nospace()
                     << getImageFullPath(image.names[i])
                     << ": there is no such image, but \"images.json\" lists it. Add the file, or take it off the list.";

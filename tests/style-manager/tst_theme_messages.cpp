@@ -48,6 +48,17 @@ private Q_SLOTS:
         QVERIFY2(told.at(2).startsWith(section), qPrintable(told.at(2)));
     }
 
+    void anImageThatIsMissingIsToldOfOnce()
+    {
+        QLoggingCategory::setFilterRules(QStringLiteral("vela.theme=true"));
+        ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
+        LogCapture log;
+        getGlobalImage("missing", ImageManager::IMAGE_NORMAL);
+        QCOMPARE(log.takeTexts().filter(QStringLiteral("vela.theme")).size(), 1);
+        getGlobalImage("missing", ImageManager::IMAGE_NORMAL);
+        QCOMPARE(log.takeTexts().filter(QStringLiteral("vela.theme")), QStringList());
+    }
+
     // A sheet whose first rule holds what a combo box replaces by its own.
     void aBrokenRuleOfATemplateIsToldWithItsLine()
     {
