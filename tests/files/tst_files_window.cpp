@@ -21,6 +21,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextDocumentFragment>
 #include <QtTest>
 
 #include <memory>
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void aClickOnTheHeaderSortsAllPages();
     void theFilterIsAppliedByReturn();
     void aNewFileAppears();
+    void theToolTipOfAFileReadsAsItsName();
     void renameShowsWhatIsWrong();
     void aRenameOntoANameThatIsTakenIsAskedAgain();
     void aNewFolderIsSelected();
@@ -239,6 +241,16 @@ void FilesWindowTest::aNewFileAppears()
     write("aa");
     QTRY_COMPARE_WITH_TIMEOUT(names().size(), 5, Patience);
     QCOMPARE(rows()->selectedItems().constFirst()->text(), QStringLiteral("b.png"));
+}
+
+void FilesWindowTest::theToolTipOfAFileReadsAsItsName()
+{
+    write("Tom & <b>Jerry<");
+    QTRY_COMPARE_WITH_TIMEOUT(names().size(), 5, Patience);
+    select("Tom & <b>Jerry<");
+    const QString toolTip = rows()->selectedItems().constFirst()->toolTip();
+    QVERIFY(Qt::mightBeRichText(toolTip));
+    QCOMPARE(QTextDocumentFragment::fromHtml(toolTip).toPlainText(), QStringLiteral("Tom & <b>Jerry<"));
 }
 
 void FilesWindowTest::renameShowsWhatIsWrong()

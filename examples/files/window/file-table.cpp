@@ -7,6 +7,7 @@
 #include "look.h"
 #include "scale/scaled.h"
 #include "texts/texts.h"
+#include "utils/tool-tip.h"
 
 #include <ImageManager>
 #include <VelaTableWidget>
@@ -278,7 +279,7 @@ void FileTable::fillRow(int row, const FileEntry &entry)
     QTableWidgetItem *name = m_rows->item(row, NameColumn);
     name->setData(Qt::UserRole, entry.name);
     name->setIcon(getGlobalImage(imageOf(entry), ImageManager::IMAGE_NORMAL));
-    name->setToolTip(texts[NameColumn].toHtmlEscaped());
+    name->setToolTip(getHtmlEscapedStringForToolTip(texts[NameColumn]));
     m_rows->item(row, SizeColumn)->setData(Qt::UserRole, entry.size);
     m_rows->item(row, SizeColumn)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
