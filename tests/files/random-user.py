@@ -30,7 +30,7 @@ LANGUAGES = ["enu", "deu", "chs", "ara", "fra", "jpn"]
 PATIENCE = 60
 READINGS = 10
 COMPARED = 3
-MEMORY_AT_MOST = 2048  # kilobytes more
+MEMORY_AT_MOST = 3072  # kilobytes more
 POOLED = "Thread (pooled)\n"  # name of a thread that works when there is something to do
 SHEETS_AT_MOST = 4  # one over the other
 # Runs a command in a root $0 of its own, with what is in the root, except that neither the root nor /tmp can be listed.
