@@ -96,6 +96,15 @@ int main(int argc, char *argv[])
                 showPanels(state, ButtonCount,
                            [&](QWidget *parent) { return shortToolButton(parent, QIcon(pixmap), iconSheet); });
             });
+    compare(
+        "VelaIconButton, first paint, made under its parent, shortest floor", ShortestTarget,
+        [pixmap](benchmark::State &state) {
+            showPanels(state, ButtonCount, [&pixmap](QWidget *parent) { return new VelaIconButton(pixmap, parent); });
+        },
+        [pixmap, iconSheet](benchmark::State &state) {
+            showPanels(state, ButtonCount,
+                       [&](QWidget *parent) { return shortToolButton(parent, QIcon(pixmap), iconSheet); });
+        });
     compare("VelaIconButton, first paint, floor without a parent", ShortestTarget, showOurs,
             [pixmap, iconSheet](benchmark::State &state) {
                 showPanels(state, ButtonCount,

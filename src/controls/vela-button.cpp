@@ -50,7 +50,10 @@ public:
     const int kind;
 };
 
-VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate {kind})
+VelaButton::VelaButton(const QString &text, int kind) : VelaButton(text, kind, nullptr) { }
+
+VelaButton::VelaButton(const QString &text, int kind, QWidget *parent) :
+    QPushButton(parent), d(new VelaButtonPrivate {kind})
 {
     setText(text);
     setFlat(true);
@@ -60,10 +63,7 @@ VelaButton::VelaButton(const QString &text, int kind) : d(new VelaButtonPrivate 
     }
 }
 
-VelaButton::VelaButton(QWidget *parent) : VelaButton(QString())
-{
-    setParent(parent);
-}
+VelaButton::VelaButton(QWidget *parent) : VelaButton(QString(), DefaultButton, parent) { }
 
 VelaButton::~VelaButton() = default;
 
@@ -138,13 +138,19 @@ void VelaIconButtonPrivate::renew(const LookChange &change)
     }
 }
 
-VelaIconButton::VelaIconButton(const QString &imageName) : d(std::make_unique<VelaIconButtonPrivate>(this))
+VelaIconButton::VelaIconButton(const QString &imageName) : VelaIconButton(imageName, nullptr) { }
+
+VelaIconButton::VelaIconButton(const QPixmap &pixmap) : VelaIconButton(pixmap, nullptr) { }
+
+VelaIconButton::VelaIconButton(const QString &imageName, QWidget *parent) :
+    QToolButton(parent), d(std::make_unique<VelaIconButtonPrivate>(this))
 {
     setAllIcon(imageName);
     initialize();
 }
 
-VelaIconButton::VelaIconButton(const QPixmap &pixmap) : d(std::make_unique<VelaIconButtonPrivate>(this))
+VelaIconButton::VelaIconButton(const QPixmap &pixmap, QWidget *parent) :
+    QToolButton(parent), d(std::make_unique<VelaIconButtonPrivate>(this))
 {
     setDefaultIcon(pixmap);
     initialize();

@@ -33,6 +33,8 @@ public:
     /// A button of fixed size policy and without a parent: put it into a layout or give it one. A @p kind that is none
     /// of the above leaves it without a style sheet.
     explicit VelaButton(const QString &text, int kind = DefaultButton);
+    /// The same under @p parent; one that is given it later is styled once more.
+    VelaButton(const QString &text, int kind, QWidget *parent);
     /// A button of the default kind without a text, as forms make it.
     explicit VelaButton(QWidget *parent);
     ~VelaButton() override;
@@ -58,6 +60,10 @@ public:
     explicit VelaIconButton(const QString &imageName);
     /// A button that shows @p pixmap in every state, see setDefaultIcon(); without a parent.
     explicit VelaIconButton(const QPixmap &pixmap);
+    /// A button with the four images of @p imageName under @p parent; one that is given it later is styled once more.
+    VelaIconButton(const QString &imageName, QWidget *parent);
+    /// A button that shows @p pixmap in every state under @p parent.
+    VelaIconButton(const QPixmap &pixmap, QWidget *parent);
     /// A button without images, as forms make it. It shows the icon of a form, in the size of the form, until it gets
     /// images of its own.
     explicit VelaIconButton(QWidget *parent);

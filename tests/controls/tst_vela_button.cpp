@@ -8,6 +8,7 @@
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
 
+#include <QVBoxLayout>
 #include <QtTest>
 
 namespace {
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void anUnknownKindHasNoSheetAndIsNoError_data();
     void anUnknownKindHasNoSheetAndIsNoError();
     void theKindMayBeLeftOut();
+    void aParentMayBeGivenAtOnce();
     void clicksAndKeysClickIt();
     void itLooksLikeAPlainButtonOfTheSameSheet_data() { theKindDecidesTheSheet_data(); }
     void itLooksLikeAPlainButtonOfTheSameSheet();
@@ -142,6 +144,22 @@ void VelaButtonTest::theKindMayBeLeftOut()
 {
     const VelaButton button(QStringLiteral("x"));
     QCOMPARE(button.styleSheet(), getStyleSheet("component.default_button", false));
+}
+
+void VelaButtonTest::aParentMayBeGivenAtOnce()
+{
+    QWidget window;
+    QVBoxLayout column(&window);
+    auto *given = new VelaButton(QStringLiteral("Caption"), VelaButton::RedButton, &window);
+    QCOMPARE(given->parentWidget(), &window);
+    QCOMPARE(given->styleSheet(), getStyleSheet("component.red_button", false));
+    auto *laidOut = new VelaButton(QStringLiteral("Caption"), VelaButton::RedButton);
+    column.addWidget(given);
+    column.addWidget(laidOut);
+    window.show();
+    QCOMPARE(given->size(), laidOut->size());
+    given->clearFocus();
+    QCOMPARE(given->grab().toImage(), laidOut->grab().toImage());
 }
 
 void VelaButtonTest::clicksAndKeysClickIt()

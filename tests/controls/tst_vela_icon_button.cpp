@@ -64,6 +64,7 @@ private Q_SLOTS:
     void anIconButtonIsSetUpAsAnImageOnly_data();
     void anIconButtonIsSetUpAsAnImageOnly();
     void allFourImagesAreAskedForInOrder();
+    void aParentMayBeGivenAtOnce();
     void anUnknownImageLeavesItEmptyAndIsLoggedByTheImageManagerOnly();
     void theIconSizeIsTheNormalImagesLogicalSize();
     void theIconSizeOfAPixmapIsDividedByTheRatioAndRounded_data();
@@ -147,6 +148,20 @@ void VelaIconButtonTest::allFourImagesAreAskedForInOrder()
     const VelaIconButton button(QStringLiteral("one"));
     const QString warning = QStringLiteral("Cannot load pixmap \"one\" with type %1 [use default icon]");
     QCOMPARE(log.takeTexts(), (QStringList {warning.arg(1), warning.arg(2), warning.arg(3)}));
+}
+
+void VelaIconButtonTest::aParentMayBeGivenAtOnce()
+{
+    QWidget window;
+    const VelaIconButton named(QStringLiteral("four"), &window);
+    QCOMPARE(named.parentWidget(), &window);
+    QCOMPARE(colorOf(named.icon()), Normal);
+    QCOMPARE(named.styleSheet(), getStyleSheet("component.icon_button", false));
+    QCOMPARE(named.popupMode(), QToolButton::InstantPopup);
+    const VelaIconButton drawn(filled(QSize(16, 16), Press), &window);
+    QCOMPARE(drawn.parentWidget(), &window);
+    QCOMPARE(colorOf(drawn.icon()), Press);
+    QCOMPARE(drawn.styleSheet(), named.styleSheet());
 }
 
 void VelaIconButtonTest::anUnknownImageLeavesItEmptyAndIsLoggedByTheImageManagerOnly()
