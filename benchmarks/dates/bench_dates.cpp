@@ -22,6 +22,7 @@ namespace {
 
 constexpr int Count = 4;
 constexpr double Target = 1.05;
+constexpr QSize ViewSize(320, 320); // room for six weeks in any of the calendars
 constexpr QSize PopupSize(280, 260);
 constexpr int SelectorHeight = 32;
 constexpr int WeekdayHeight = 30;
@@ -136,7 +137,9 @@ void fill(QWidget *view, MakeCalendar makeCalendar)
 
 QWidget *calanderView(QWidget *parent)
 {
-    return new VelaCalanderView(parent);
+    auto *view = new VelaCalanderView(parent);
+    view->setFixedSize(ViewSize);
+    return view;
 }
 
 template<MakeCalendar makeCalendar>
@@ -144,6 +147,7 @@ QWidget *bareView(QWidget *parent)
 {
     auto *view = new QWidget(parent);
     fill(view, makeCalendar);
+    view->setFixedSize(ViewSize);
     return view;
 }
 

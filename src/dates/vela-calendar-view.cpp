@@ -91,11 +91,11 @@ public:
 void VelaCalanderViewPrivate::createChildren()
 {
     auto *column = new QVBoxLayout(q);
-    todayButton = new VelaButton(Look::text(Text::Today), VelaButton::CancelButton);
-    todayButton->setFixedHeight(scaled(TodayButtonHeight));
-    todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
     calendar = new MonthCalendar(q);
     calendar->setFirstDayOfWeek(Qt::Sunday);
+    todayButton = new VelaButton(Look::text(Text::Today), VelaButton::CancelButton, q);
+    todayButton->setFixedHeight(scaled(TodayButtonHeight));
+    todayButton->setObjectName(QStringLiteral("qt_calendar_today_button"));
     column->addWidget(calendar);
     column->addWidget(todayButton, 0, Qt::AlignHCenter);
 }

@@ -26,7 +26,7 @@ QString initialOf(const QString &weekday)
 
 } // namespace
 
-WeekdayRow::WeekdayRow(QWidget *parent) : QTableWidget(0, DaysPerWeek, parent)
+WeekdayRow::WeekdayRow(QWidget *parent) : QTableWidget(parent)
 {
     setFocusPolicy(Qt::NoFocus);
     setObjectName(QStringLiteral("qt_calendar_weekdayview"));
@@ -34,6 +34,8 @@ WeekdayRow::WeekdayRow(QWidget *parent) : QTableWidget(0, DaysPerWeek, parent)
     horizontalHeader()->hide();
     verticalHeader()->hide();
 
+    // Shown headers would be styled now, to be measured, and again with each sheet.
+    setColumnCount(DaysPerWeek);
     insertRow(0);
     for (int i = 0; i < DaysPerWeek; ++i) {
         auto *item = new QTableWidgetItem(initialOf(Look::text(Weekdays[i])));
