@@ -93,10 +93,9 @@ QPushButton *createPathName(const QString &name, QWidget *parent, std::function<
     auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
     button->setFlat(true);
     button->setStyleSheet(Look::sheet(Style::ButtonPathName));
-    button->setFixedHeight(scaled(NameHeight));
     // The sheet may set the font.
     button->ensurePolished();
-    button->setFixedWidth(widthOfPathName(name, button));
+    button->setFixedSize(widthOfPathName(name, button), scaled(NameHeight));
     return button;
 }
 

@@ -9,6 +9,8 @@
 #include "navigation/path-buttons_p.h"
 #include "scale/scaled.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHeaderView>
 #include <QList>
 #include <QMenu>
@@ -32,6 +34,35 @@ bool isArrow(int column)
 {
     return column % 2 == 1;
 }
+
+// Menu that is styled as it opens, which that of a path that fits never does.
+class LateStyledMenu : public QMenu
+{
+public:
+    explicit LateStyledMenu(const QString &sheet)
+    {
+        Look::setFirstStyleSheet(this, sheet);
+        QCoreApplication::removePostedEvents(this, QEvent::PolishRequest);
+    }
+
+    QSize sizeHint() const override
+    {
+        ensurePolished();
+        return QMenu::sizeHint();
+    }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const bool isRecognized = QMenu::event(event);
+        if (event->type() == QEvent::Polish) {
+            // How it scrolls and follows the pointer it has asked the sheet without rules.
+            QEvent change(QEvent::StyleChange);
+            changeEvent(&change);
+        }
+        return isRecognized;
+    }
+};
 
 QString nameOn(const QPushButton *button)
 {
@@ -98,15 +129,13 @@ void VelaButtonPathPrivate::setUpTable()
 
 void VelaButtonPathPrivate::setUpMenuButton()
 {
-    menu = std::make_unique<QMenu>();
-    menu->setStyleSheet(Look::sheet(Style::Menu));
+    menu = std::make_unique<LateStyledMenu>(Look::sheet(Style::Menu));
     menuButton->setMenu(menu.get());
     menuButton->setIcon(Look::image(Image::Folder));
     menuIconKey = menuButton->icon().cacheKey();
     menuButton->setIconSize(MenuIconSize);
     menuButton->setPopupMode(QToolButton::InstantPopup);
     menuButton->hide();
-    menuButton->setStyleSheet(Look::sheet(Style::ButtonPathMenuButton));
     menuButton->setFixedSize(scaled(MenuButtonSize), scaled(MenuButtonSize));
     menuButton->move(scaled(MenuButtonOffset), scaled(MenuButtonOffset)); // at the left in both directions
 }
@@ -236,7 +265,9 @@ VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::m
     d->setUpMenuButton();
     connect(d->nameMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
     connect(d->menuMapper, &QSignalMapper::mappedInt, this, &VelaButtonPath::slotPathBarClicked);
+    const QString menuButtonSheet = Look::sheet(Style::ButtonPathMenuButton);
     setStyleSheet(Look::sheet(Style::ButtonPath));
+    d->menuButton->setStyleSheet(menuButtonSheet); // would be styled anew with the bar's sheet set after it
 }
 
 VelaButtonPath::~VelaButtonPath() = default;

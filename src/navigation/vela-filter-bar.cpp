@@ -26,7 +26,7 @@ class VelaFilterBarPrivate
 {
 public:
     void createSearchButton();
-    void placeSearchButton(VelaFilterBar *bar);
+    void placeSearchButton(VelaFilterBar *bar, const QString &sheet);
 
     VelaIconButton *searchButton = nullptr;
 };
@@ -35,12 +35,14 @@ void VelaFilterBarPrivate::createSearchButton()
 {
     searchButton = new VelaIconButton(Look::nameOf(Image::SearchMenu));
     searchButton->setFocusPolicy(Qt::NoFocus);
-    searchButton->setStyleSheet(Look::sheet(Style::FilterSearchButton));
 }
 
-void VelaFilterBarPrivate::placeSearchButton(VelaFilterBar *bar)
+// A button that has a sheet as it comes into the field is styled by that, and again when it is shown.
+void VelaFilterBarPrivate::placeSearchButton(VelaFilterBar *bar, const QString &sheet)
 {
+    searchButton->setStyleSheet(QString());
     searchButton->setParent(bar);
+    searchButton->setStyleSheet(sheet);
     searchButton->move(scaled(ButtonPosition.x()), scaled(ButtonPosition.y()));
     searchButton->setCursor(Qt::ArrowCursor);
     searchButton->setFixedSize(scaled(ButtonSize.width()), scaled(ButtonSize.height()));
@@ -50,9 +52,10 @@ VelaFilterBar::VelaFilterBar(QWidget *parent) : QLineEdit(parent), d(std::make_u
 {
     setAttribute(Qt::WA_MacShowFocusRect, false);
     d->createSearchButton();
+    const QString buttonSheet = Look::sheet(Style::FilterSearchButton);
     const QString fieldSheet = Look::sheet(Style::LineEdit);
     setStyleSheet(fieldSheet + Look::sheet(Style::FilterBarPadding));
-    d->placeSearchButton(this); // is styled anew with each sheet set before
+    d->placeSearchButton(this, buttonSheet);
     setFixedHeight(scaled(Metric::FieldHeight));
     connect(this, &QLineEdit::returnPressed, this, &VelaFilterBar::slotKeywordChange);
 }

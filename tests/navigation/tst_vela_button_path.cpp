@@ -67,6 +67,7 @@ private Q_SLOTS:
     void theMenuIsUsedByKeys();
     void onlyARefreshEmptiesTheMenu();
 
+    void theMenuIsStyledAsItOpens();
     void theMenuGoesWithTheBar();
 
 private:
@@ -541,6 +542,32 @@ void VelaButtonPathTest::onlyARefreshEmptiesTheMenu()
     QCOMPARE(window.menuTexts(), once + once + once);
     window.bar->refresh(LongPath);
     QCOMPARE(window.menuTexts(), once);
+}
+
+void VelaButtonPathTest::theMenuIsStyledAsItOpens()
+{
+    Shown<PathWindow> window(expectedPixels(40));
+    window.refresh(LongPath);
+    const QMenu *menu = window.menuButton()->menu();
+    QVERIFY(!menu->testAttribute(Qt::WA_WState_Polished));
+
+    QColor margin;
+    QSize size;
+    window.useMenu([&](QMenu *open) {
+        margin = paintedColor(open, QPoint(4, 4));
+        size = open->size();
+        open->close();
+    });
+    QCOMPARE(margin, QColor(Qt::yellow));
+    QCOMPARE(size, menu->sizeHint());
+    QMenu plain;
+    plain.setStyleSheet(sheet(QStringLiteral("component.menu")));
+    const QStringList texts = window.menuTexts();
+    for (const QString &text : texts) {
+        plain.addAction(text);
+    }
+    plain.ensurePolished();
+    QCOMPARE(size, plain.sizeHint());
 }
 
 void VelaButtonPathTest::theMenuGoesWithTheBar()
