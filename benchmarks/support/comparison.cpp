@@ -4,6 +4,7 @@
 #include "support/comparison.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <regex>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int SliceCount = 31;
+constexpr double SecondsPerByte = 1e-9; // bytes, too, come from Google Benchmark as times
 char minimalSliceTime[] = "--benchmark_min_time=0.02";
 
 // A side as Google Benchmark knows it.
@@ -29,6 +31,7 @@ struct Comparison
     std::optional<double> target;
     Entry ours;
     Entry floor;
+    bool isOfBytes = false;
 };
 
 std::vector<Comparison> &comparisons()
@@ -85,13 +88,17 @@ double median(std::vector<double> values)
     return *middle;
 }
 
-std::string duration(double nanoseconds)
+using Units = std::array<std::pair<double, const char *>, 4>;
+
+constexpr Units TimeUnits {{{1e9, "s"}, {1e6, "ms"}, {1e3, "us"}, {1.0, "ns"}}};
+constexpr Units ByteUnits {{{1e9, "GB"}, {1e6, "MB"}, {1e3, "KB"}, {1.0, "B"}}};
+
+std::string amount(double value, const Units &units)
 {
-    constexpr std::pair<double, const char *> Units[] = {{1e9, "s"}, {1e6, "ms"}, {1e3, "us"}, {1.0, "ns"}};
-    const auto *unit = std::find_if(std::begin(Units), std::end(Units) - 1,
-                                    [nanoseconds](const auto &candidate) { return nanoseconds >= candidate.first; });
+    const auto *unit = std::find_if(units.begin(), units.end() - 1,
+                                    [value](const auto &candidate) { return value >= candidate.first; });
     char text[32];
-    std::snprintf(text, sizeof text, "%.3g %s", nanoseconds / unit->first, unit->second);
+    std::snprintf(text, sizeof text, "%.3g %s", value / unit->first, unit->second);
     return text;
 }
 
@@ -125,8 +132,9 @@ void measure(const Comparison &comparison)
         ratios.push_back(ours.back() / floor.back());
     }
     const double ratio = median(ratios);
-    std::printf("| %-50s | %8s | %8s | %6.2f | %-12s |\n", comparison.what.c_str(), duration(median(ours)).c_str(),
-                duration(median(floor)).c_str(), ratio, verdict(ratio, comparison.target).c_str());
+    const Units &units = comparison.isOfBytes ? ByteUnits : TimeUnits;
+    std::printf("| %-50s | %8s | %8s | %6.2f | %-12s |\n", comparison.what.c_str(), amount(median(ours), units).c_str(),
+                amount(median(floor), units).c_str(), ratio, verdict(ratio, comparison.target).c_str());
     std::fflush(stdout);
 }
 
@@ -145,6 +153,20 @@ void compareByOwnTime(const std::string &what, std::optional<double> target, Sid
         side->measuresItself = true;
         side->benchmark->UseManualTime();
     }
+}
+
+void compareBytes(const std::string &what, std::optional<double> target, Side ours, Side floor)
+{
+    compareByOwnTime(what, target, std::move(ours), std::move(floor));
+    comparisons().back().isOfBytes = true;
+    for (const Entry *side : {&comparisons().back().ours, &comparisons().back().floor}) {
+        side->benchmark->Iterations(1); // bytes do not need many
+    }
+}
+
+void setBytes(benchmark::State &state, std::size_t bytes)
+{
+    state.SetIterationTime(static_cast<double>(bytes) * SecondsPerByte);
 }
 
 int runComparisons(int &argc, char **argv)

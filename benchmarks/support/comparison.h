@@ -20,6 +20,12 @@ void compare(const std::string &what, std::optional<double> target, Side ours, S
 /// The same for sides that measure each iteration themselves and call State::SetIterationTime().
 void compareByOwnTime(const std::string &what, std::optional<double> target, Side ours, Side floor);
 
+/// The same for sides that count the bytes of each iteration and call setBytes().
+void compareBytes(const std::string &what, std::optional<double> target, Side ours, Side floor);
+
+/// Says how many bytes the iteration counts.
+void setBytes(benchmark::State &state, std::size_t bytes);
+
 /// Measures all comparisons, or those whose name `--benchmark_filter` matches, and prints them as a table.
 ///
 /// The two sides take turns in short slices, so that whatever else the machine does meets both; of the

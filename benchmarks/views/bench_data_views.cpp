@@ -20,8 +20,11 @@
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStandardItemModel>
 #include <QTableWidget>
 #include <QTreeWidget>
+
+#include <malloc.h>
 
 #include <functional>
 #include <memory>
@@ -29,6 +32,7 @@
 namespace {
 
 constexpr double TableTarget = 1.25;
+constexpr double HeapTarget = 1.2;
 constexpr double TreeTarget = 1.05;
 constexpr double MovingTarget = 1.05;
 constexpr double JumpTarget = 1.1;
@@ -95,26 +99,21 @@ private:
 };
 
 // A header above the rows, put together from what Qt has.
-QTableWidget *bareTable(QWidget *parent)
+QTableWidget *tableBelowHeader(QWidget *parent, QAbstractItemModel *headerModel)
 {
     auto *widget = new QWidget(parent);
     auto *area = new QScrollArea(widget);
     auto *header = new QHeaderView(Qt::Horizontal, area);
     auto *body = new QTableWidget(0, Columns, widget);
-    auto *headerModel = new QTableWidget(0, Columns + 1, widget);
-    headerModel->hide();
-    header->setModel(headerModel->model());
+    header->setModel(headerModel);
     header->setStyleSheet(sheetOf("component.table_header"));
     header->setFixedSize(HeaderWidth, HeaderHeight);
     header->setMinimumSectionSize(0);
     body->horizontalHeader()->setMinimumSectionSize(0);
-    QStringList labels;
     for (int i = 0; i < Columns; ++i) {
-        labels.append(QStringLiteral("Column %1").arg(i));
         header->resizeSection(i, ColumnWidth);
         body->horizontalHeader()->resizeSection(i, ColumnWidth);
     }
-    headerModel->setHorizontalHeaderLabels(labels);
     body->horizontalHeader()->hide();
     body->verticalHeader()->hide();
     body->verticalHeader()->setDefaultSectionSize(RowHeight);
@@ -140,6 +139,59 @@ QTableWidget *bareTable(QWidget *parent)
     new Stretcher(header, body);
     widget->resize(WindowSize);
     return body;
+}
+
+template<typename Model>
+void setTitles(Model *model)
+{
+    QStringList titles;
+    for (int i = 0; i < Columns; ++i) {
+        titles.append(QStringLiteral("Column %1").arg(i));
+    }
+    model->setHorizontalHeaderLabels(titles);
+}
+
+// One whose header shows the model of another table, as ours does.
+QTableWidget *bareTable(QWidget *parent)
+{
+    auto *titles = new QTableWidget(0, Columns + 1);
+    QTableWidget *body = tableBelowHeader(parent, titles->model());
+    titles->setParent(body->parentWidget());
+    titles->hide();
+    setTitles(titles);
+    return body;
+}
+
+// The shortest code for one.
+QTableWidget *shortTable(QWidget *parent)
+{
+    auto *titles = new QStandardItemModel(0, Columns + 1);
+    QTableWidget *body = tableBelowHeader(parent, titles);
+    titles->setParent(body->parentWidget());
+    setTitles(titles);
+    return body;
+}
+
+// Counts what a table without rows has allocated by the time it has been painted.
+void weighTables(benchmark::State &state, const MakeTable &make)
+{
+    QWidget window;
+    window.resize(WindowSize);
+    window.show();
+    QApplication::processEvents();
+    for (auto iteration : state) {
+        Q_UNUSED(iteration)
+        const std::size_t before = mallinfo2().uordblks;
+        QTableWidget *body = make(&window);
+        const PaintWatcher watcher(body->viewport());
+        body->parentWidget()->show();
+        watcher.waitForPaint();
+        QApplication::processEvents();
+        setBytes(state, mallinfo2().uordblks - before);
+
+        delete body->parentWidget();
+        QApplication::processEvents();
+    }
 }
 
 void constructTables(benchmark::State &state, const MakeTable &make, int rowCount)
@@ -597,6 +649,13 @@ int main(int argc, char *argv[])
         "VelaTableWidget, 100000 rows, resizing", MovingTarget,
         [](benchmark::State &state) { resizeTables(state, table); },
         [](benchmark::State &state) { resizeTables(state, bareTable); });
+    compareBytes(
+        "VelaTableWidget, heap without rows", HeapTarget, [](benchmark::State &state) { weighTables(state, table); },
+        [](benchmark::State &state) { weighTables(state, shortTable); });
+    compareBytes(
+        "VelaTableWidget, heap without rows, floor with a hidden table", HeapTarget,
+        [](benchmark::State &state) { weighTables(state, table); },
+        [](benchmark::State &state) { weighTables(state, bareTable); });
     compareTrees("10000", 10000);
     compareTrees("100000", 100000);
     compare(
