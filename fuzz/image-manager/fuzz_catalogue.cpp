@@ -121,9 +121,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fresh.install();
     ImageManager::getInstance()->initialize(type);
 
-    QString text = textOf(json);
-    text.remove(QLatin1Char('\r')); // as files are read in text mode
-    const QJsonObject catalogue = QJsonDocument::fromJson(text.toUtf8()).object();
+    const QByteArray bytes = QByteArray(json).replace('\r', QByteArray()); // as files are read in text mode
+    const QJsonObject catalogue = QJsonDocument::fromJson(textOf(bytes).toUtf8()).object();
     checkImages(folder, namesIn(catalogue.value(QLatin1String("images"))), type);
     const QStringList copies = namesIn(catalogue.value(QLatin1String("tmp_images")));
     for (QString name : copies) {
