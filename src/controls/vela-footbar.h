@@ -19,7 +19,7 @@ class VELA_EXPORT VelaFootbar : public QWidget
     Q_OBJECT
 
 public:
-    /// An empty bar without a layout.
+    /// A bar with an empty row.
     explicit VelaFootbar(QWidget *parent = nullptr);
     ~VelaFootbar() override;
 

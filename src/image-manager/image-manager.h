@@ -52,8 +52,8 @@ public:
     static ImageManager *getInstance();
 
     /// Reads `images.json`, writes the copies of its "tmp_images" and, with INIT_PRELOAD, loads all images. Needs both
-    /// folders of UIPathManager and a QApplication. A list or an image that cannot be read and a folder that cannot be
-    /// written are passed over in silence.
+    /// folders of UIPathManager and a QApplication. A list or an image that cannot be read is told of in
+    /// "vela.theme" only, and a folder that cannot be written is passed over in silence.
     void initialize(InitializeType type);
 
     /// The image of @p name in state @p type. Its size in device pixels is the file's divided by 4, times

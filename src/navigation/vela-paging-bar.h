@@ -82,7 +82,7 @@ public:
     /// Shows @p info in one label and drops any other.
     void setFooterInfo(const PagingFooterInfo &info);
     /// Shows one label for each of @p infos, the first next to the refresh button. A width of 0 leaves a label that is
-    /// there already the width that it has.
+    /// there already the width that it has. A label that is dropped stays hidden, some 10 kB, until the bar goes.
     void setFooterInfos(const std::vector<PagingFooterInfo> &infos);
     /// Hides or shows the refresh button. The first label's style depends on it when that label is made, and only then.
     void setRefreshButtonHidden(bool hidden);

@@ -20,7 +20,7 @@ public:
     /// 120 DPI. Widgets truncate the product toward zero.
     double getDPI();
 
-    /// Device pixels per pixel of a widget; a whole number.
+    /// Device pixels per pixel of a widget, cut to a whole number: 1 at a ratio of 1.5, where images are enlarged.
     double getDPR();
 
     /// @p sheet with every pixel length (digits, perhaps a point and more digits, then "px") multiplied by getDPI() and

@@ -112,7 +112,8 @@ public:
     /// Shows @p pixmap in place of the type's icon, or of the animation, until the type is set again. It is as large as
     /// its pixels are by its device pixel ratio; a null one takes no place.
     void setIcon(const QPixmap &pixmap);
-    /// Sets the sheet up anew for @p type, with default captions. The buttons are new ones.
+    /// Sets the sheet up anew for @p type, with default captions. The buttons are new ones. Each call leaves the former
+    /// buttons' style behind, which goes with the sheet: some 16 kB.
     void setMessageType(MessageType type);
     /// The type that was set last.
     MessageType messageType() const;

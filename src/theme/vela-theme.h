@@ -48,7 +48,7 @@ public:
         QString toString() const;
 
         Severity severity = Warning; ///< whether the theme is taken all the same
-        QString file; ///< absolute path; empty where no theme is meant
+        QString file; ///< absolute path; of a call that is refused the folder in force, empty where there is none
         int line = 0; ///< counted from 1; 0 where the file as a whole is meant
         QString text; ///< English, for developers
     };
@@ -61,7 +61,8 @@ public:
     /// Puts the theme in @p folder into force, with the texts in @p language, the name of a file in `strings` without
     /// ".json". Texts, or a whole language, that are missing are taken from @p fallbackLanguage, which may be empty.
     /// "resource_path" becomes @p folder; "user_data_path", unless it is set already, becomes the standard folder for
-    /// the application's data.
+    /// the application's data. Processes that share that folder share the scaled images of sheets in it, which the last
+    /// one to load a theme has scaled for its screen: where they run at several scales, each sets one of its own.
     ///
     /// Returns what is wrong, in the order of the files, and logs none of it. With an error among it nothing has
     /// changed: the former look, if there is one, is still in force. See hasErrors().
@@ -77,7 +78,7 @@ public:
 
     /// The folder in force; empty before load().
     QString folder() const;
-    /// The language in force; empty before load().
+    /// The language that was asked for, also where it is missing and fallbackLanguage() is shown; empty before load().
     QString language() const;
     /// Where missing texts are taken from; empty before load().
     QString fallbackLanguage() const;

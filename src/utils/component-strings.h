@@ -14,8 +14,9 @@ struct LookTables;
 
 /// The texts of the user interface by key, in the application's current language.
 ///
-/// The library ships no texts: every caption, tool tip, accessible name, month and weekday name of its widgets is
-/// looked up here when the widget is built. GUI thread only.
+/// Every caption, tool tip, month and weekday name of the library's widgets is looked up here when the widget is built.
+/// What is only spoken is English where it is missing: keys that begin with "accessible_", but for the calendar's
+/// three. GUI thread only.
 class VELA_EXPORT ComponentStrings
 {
 public:
