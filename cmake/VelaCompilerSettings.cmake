@@ -25,7 +25,8 @@ add_compile_definitions(
 
 add_compile_options(
     -Wall -Wextra -Wpedantic
-    -Wcast-align -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow -Wundef -Wvla)
+    -Wcast-align -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow -Wsuggest-override -Wundef -Wvla
+    -Wzero-as-null-pointer-constant)
 if(VELA_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
