@@ -27,6 +27,9 @@ add_compile_options(
     -Wall -Wextra -Wpedantic
     -Wcast-align -Wformat=2 -Wnon-virtual-dtor -Woverloaded-virtual -Wshadow -Wsuggest-override -Wundef -Wvla
     -Wzero-as-null-pointer-constant)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # of qCWarning
+endif()
 if(VELA_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
@@ -38,7 +41,6 @@ add_compile_options("-fmacro-prefix-map=${CMAKE_CURRENT_SOURCE_DIR}/=")
 # come from the executable, are the exception.
 if(VELA_BUILD_FUZZERS)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
-    add_compile_options(-Wno-gnu-zero-variadic-macro-arguments) # of qCWarning
     add_link_options(-fsanitize=address,undefined)
 elseif(ECM_ENABLE_SANITIZERS)
     add_compile_options(-fno-sanitize-recover=undefined)

@@ -26,7 +26,7 @@ constexpr int MaximalConnections = 100;
 constexpr int MaximalMessageSize = 64 * 1024 * 1024; // bytes
 
 // Sanitizers open a pipe to look at an object.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELA_SANITIZED
 constexpr bool HasSanitizers = true;
 #else
 constexpr bool HasSanitizers = false;

@@ -708,7 +708,7 @@ void ThemeCheckTest::whatCannotBeCheckedEndsWithTwo()
 // A search of all files for each section takes five seconds.
 void ThemeCheckTest::aMegabyteTakesNoMoreThanItsLength()
 {
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef VELA_SANITIZED
     constexpr double Allowed = 20;
 #else
     constexpr double Allowed = 3;

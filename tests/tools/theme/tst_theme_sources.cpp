@@ -102,7 +102,7 @@ void ThemeSourcesTest::aNewThemeChecksClean_data()
     QTest::addColumn<QString>("base");
     QTest::newRow("green") << "#0a7f5a"
                            << "light";
-#ifndef __SANITIZE_ADDRESS__ // under the sanitizers each takes half a minute, on the same way
+#ifndef VELA_SANITIZED // under the sanitizers each takes half a minute, on the same way
     QTest::newRow("yellow") << "#FFFF00"
                             << "light";
     QTest::newRow("dark blue in dark") << "#00008B"
