@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 
 # Qt's headers, read once for all sources of a large target; the tests, which are optimised less, have their own. No
-# source may count on them: each includes what it needs, which builds without this option, like those of README.md, prove.
+# source may count on them: each includes what it needs, which builds without this option prove, that of the static library
+# for instance.
 
 file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp" CONTENT "")
 add_library(vela-precompiled STATIC "${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp")

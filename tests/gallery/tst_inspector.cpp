@@ -36,6 +36,7 @@ namespace {
 
 const QString Buttons = QStringLiteral("styles/buttons.qss");
 const QString English = QStringLiteral("strings/enu.json");
+constexpr int Patience = 30000; // milliseconds in which a theme is checked, with sanitizers and other tests beside
 
 int lineOf(const QByteArray &content, const QByteArray &text)
 {
@@ -282,7 +283,7 @@ void InspectorTest::sectionsFollowEachSave()
     const Inspector *inspector = inspect(button(QStringLiteral("Apply")));
     m_theme.replace(Buttons, "== component.apply_button ==\n",
                     "/* one\n line */\n== component.apply_button ==\nQPushButton { margin: 7px; }\n");
-    QTRY_VERIFY(shown(inspector, "raw").contains(QStringLiteral("margin: 7px")));
+    QTRY_VERIFY_WITH_TIMEOUT(shown(inspector, "raw").contains(QStringLiteral("margin: 7px")), Patience);
     QVERIFY(shown(inspector, "scaled")
                 .contains(DPIinfo::getInstance()->getScaledStyleSheet(QStringLiteral("margin: 7px"))));
     QCOMPARE(shown(inspector, "sections"),
@@ -297,12 +298,13 @@ void InspectorTest::findingsFollowEachSave()
     const QByteArray whole = m_theme.read(Buttons);
     m_theme.replace(Buttons, "== component.apply_button ==\nQPushButton {\n",
                     "== component.apply_button ==\nQPushButton {\ncolor: #12345;\n");
-    QTRY_VERIFY(shown(inspector, "findings")
-                    .contains(QStringLiteral("%1:%2: error: no colour: #12345 [color-invalid]")
-                                  .arg(Buttons)
-                                  .arg(lineOf(m_theme.read(Buttons), "color: #12345"))));
+    QTRY_VERIFY_WITH_TIMEOUT(shown(inspector, "findings")
+                                 .contains(QStringLiteral("%1:%2: error: no colour: #12345 [color-invalid]")
+                                               .arg(Buttons)
+                                               .arg(lineOf(m_theme.read(Buttons), "color: #12345"))),
+                             Patience);
     m_theme.write(Buttons, whole);
-    QTRY_COMPARE(shown(inspector, "findings"), QString());
+    QTRY_COMPARE_WITH_TIMEOUT(shown(inspector, "findings"), QString(), Patience);
 }
 
 // Of the texts too, which the gallery itself cannot measure in another language.
@@ -313,8 +315,9 @@ void InspectorTest::findingsOfTheLookAreToldToo()
     m_theme.replace(English, "\"Today\"", "\"" + QByteArray("The day that it is ").repeated(6) + "\"");
     const QString place = QStringLiteral("%1:%2: error: ");
     const QString contrast = place.arg(Buttons).arg(lineOf(m_theme.read(Buttons), "== component.apply_button =="));
-    QTRY_VERIFY(
-        shown(inspector, "findings").contains(contrast + QStringLiteral("component.apply_button: the text of")));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        shown(inspector, "findings").contains(contrast + QStringLiteral("component.apply_button: the text of")),
+        Patience);
     QVERIFY(
         shown(inspector, "findings")
             .contains(place.arg(English).arg(lineOf(m_theme.read(English), "\"today\"")) + QStringLiteral("\"The")));
@@ -322,7 +325,7 @@ void InspectorTest::findingsOfTheLookAreToldToo()
         m_theme.replace(file, file == Buttons ? "color: #6F9BE8;" : QByteArray("The day that it is ").repeated(6),
                         file == Buttons ? "color: #FFFFFF;" : "Today");
     }
-    QTRY_COMPARE(shown(inspector, "findings"), QString());
+    QTRY_COMPARE_WITH_TIMEOUT(shown(inspector, "findings"), QString(), Patience);
 }
 
 void InspectorTest::findingsOfTheWidgetStandByThemselves()
@@ -332,13 +335,15 @@ void InspectorTest::findingsOfTheWidgetStandByThemselves()
         const QByteArray rule = "== component." + key + "_button ==\nQPushButton {\n";
         m_theme.replace(Buttons, rule, rule + "color: " + key + "dish;\n");
     }
-    QTRY_COMPARE(shown(inspector, "findings").count(u'\n'), 2);
-    QTRY_VERIFY(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: applydish")));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(inspector, "findings").count(u'\n'), 2, Patience);
+    QTRY_VERIFY_WITH_TIMEOUT(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: applydish")),
+                             Patience);
     QCOMPARE(shown(inspector, "widgetFindings").count(u'\n'), 1);
 
     inspector->hide(); // it may lie in the way
     QCOMPARE(inspect(button(QStringLiteral("Cancel"))), inspector);
-    QTRY_VERIFY(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: canceldish")));
+    QTRY_VERIFY_WITH_TIMEOUT(shown(inspector, "widgetFindings").contains(QStringLiteral("no colour: canceldish")),
+                             Patience);
     QCOMPARE(shown(inspector, "widgetFindings").count(u'\n'), 1);
 }
 
@@ -346,29 +351,29 @@ void InspectorTest::theGalleryGoesOnWhileTheThemeIsChecked()
 {
     const Inspector *inspector = inspect(button(QStringLiteral("Apply")));
     const auto *findings = inspector->findChild<QPlainTextEdit *>(QStringLiteral("findings"));
-    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("Nothing is wrong."));
+    QTRY_COMPARE_WITH_TIMEOUT(findings->placeholderText(), QStringLiteral("Nothing is wrong."), Patience);
     auto *apply = qobject_cast<QAbstractButton *>(button(QStringLiteral("Apply")));
     const QSignalSpy clicks(apply, &QAbstractButton::clicked);
     m_theme.replace(Buttons, "color: #FFFFFF;", "color: #6F9BE8;");
-    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("It is being checked."));
+    QTRY_COMPARE_WITH_TIMEOUT(findings->placeholderText(), QStringLiteral("It is being checked."), Patience);
     apply->click();
     QCOMPARE(clicks.size(), 1);
     QVERIFY(findings->toPlainText().isEmpty());
-    QTRY_VERIFY(!findings->toPlainText().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!findings->toPlainText().isEmpty(), Patience);
 }
 
 void InspectorTest::aThemeIsCheckedOnceTheWindowIsSeenAgain()
 {
     Inspector *inspector = inspect(button(QStringLiteral("Apply")));
     const auto *findings = inspector->findChild<QPlainTextEdit *>(QStringLiteral("findings"));
-    QTRY_COMPARE(findings->placeholderText(), QStringLiteral("Nothing is wrong."));
+    QTRY_COMPARE_WITH_TIMEOUT(findings->placeholderText(), QStringLiteral("Nothing is wrong."), Patience);
     inspector->hide();
     const QSignalSpy reloads(VelaTheme::getInstance(), &VelaTheme::changed);
     m_theme.replace(Buttons, "color: #FFFFFF;", "color: #6F9BE8;");
-    QTRY_COMPARE(reloads.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(reloads.size(), 1, Patience);
     QCOMPARE(findings->toPlainText(), QString());
     inspector->show();
-    QTRY_VERIFY(!findings->toPlainText().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!findings->toPlainText().isEmpty(), Patience);
 }
 
 void InspectorTest::anotherThemeIsShown()
