@@ -93,9 +93,10 @@ QPushButton *createPathName(const QString &name, QWidget *parent, std::function<
     auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
     button->setFlat(true);
     button->setStyleSheet(Look::sheet(Style::ButtonPathName));
+    button->setFixedHeight(scaled(NameHeight)); // unless the sheet has another
     // The sheet may set the font.
     button->ensurePolished();
-    button->setFixedSize(widthOfPathName(name, button), scaled(NameHeight));
+    button->setFixedWidth(widthOfPathName(name, button));
     return button;
 }
 

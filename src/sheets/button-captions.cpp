@@ -4,11 +4,10 @@
 #include "sheets/button-captions_p.h"
 
 #include <QEvent>
+#include <QKeySequence>
 #include <QPointer>
 #include <QPushButton>
 #include <QVector>
-
-#include <utility>
 
 namespace Vela::Private {
 
@@ -18,17 +17,24 @@ bool keepCaptions(QObject *watched, QEvent *event, QDialogButtonBox::StandardBut
     if (!box) {
         return false;
     }
-    QVector<std::pair<QPointer<QAbstractButton>, QString>> captions;
+    struct Caption
+    {
+        QPointer<QAbstractButton> button;
+        QString text;
+        QKeySequence shortcut; // which a text takes along
+    };
+    QVector<Caption> captions;
     const QList<QAbstractButton *> buttons = box->buttons();
     for (QAbstractButton *button : buttons) {
         if (kept.testFlag(box->standardButton(button))) {
-            captions.append({button, button->text()});
+            captions.append({button, button->text(), button->shortcut()});
         }
     }
     watched->event(event);
-    for (const auto &[button, caption] : qAsConst(captions)) {
-        if (button) {
-            button->setText(caption);
+    for (const Caption &caption : qAsConst(captions)) {
+        if (caption.button) {
+            caption.button->setText(caption.text);
+            caption.button->setShortcut(caption.shortcut);
         }
     }
     return true;

@@ -4,12 +4,15 @@
 #include "theme/vela-theme.h"
 
 #include "look/look-change_p.h"
+#include "sheets/vela-sheet.h"
 #include "theme/theme-folder_p.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPixmapCache>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -79,6 +82,24 @@ private:
     QVector<QPointer<QWidget>> m_windows;
 };
 
+// Keeps the toolkit's own captions from all buttons of sheets and of boxes that have a style sheet, whoever has given
+// them theirs.
+class CaptionKeeper : public QObject
+{
+public:
+    CaptionKeeper() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::LanguageChange || !qobject_cast<QDialogButtonBox *>(watched)) {
+            return false;
+        }
+        const QObject *owner = watched->parent();
+        const auto *box = qobject_cast<const QMessageBox *>(owner);
+        return qobject_cast<const VelaSheet *>(owner) || (box && !box->styleSheet().isEmpty());
+    }
+};
+
 // All widgets, each behind its parent.
 QVector<QPointer<QWidget>> allWidgets()
 {
@@ -109,6 +130,7 @@ QString userDataFolder()
 
 void tellLanguage()
 {
+    const CaptionKeeper keeper;
     const QWidgetList all = QApplication::topLevelWidgets();
     const QVector<QPointer<QWidget>> windows(all.cbegin(), all.cend());
     for (const QPointer<QWidget> &window : windows) {

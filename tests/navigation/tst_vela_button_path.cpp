@@ -43,6 +43,7 @@ private Q_SLOTS:
     void namesAndArrowsTakeTurns();
     void namesAreAsWideAsTheRuleSays_data();
     void namesAreAsWideAsTheRuleSays();
+    void theSheetMayGiveNamesAnotherHeight();
     void arrowsAreNarrow();
     void everyButtonIsMadeAnew();
     void ampersandsAreDoubledInTheTextAndNotInThePath_data();
@@ -226,6 +227,18 @@ void VelaButtonPathTest::namesAreAsWideAsTheRuleSays()
     QCOMPARE(button->maximumSize(), QSize(width, expectedPixels(26)));
     QCOMPARE(button->width(), width);
     QCOMPARE(window.bar->columnWidth(2), width);
+}
+
+void VelaButtonPathTest::theSheetMayGiveNamesAnotherHeight()
+{
+    const auto restore = qScopeGuard([this] { initTestCase(); });
+    installSheets(m_folder,
+                  "== component.button_path_name_button ==\n"
+                  "QPushButton { min-height: 40px; max-height: 40px; border: none }\n");
+    Shown<PathWindow> window;
+    window.refresh(QStringLiteral("a"));
+    QCOMPARE(window.nameButton(0)->minimumHeight(), expectedPixels(40));
+    QCOMPARE(window.nameButton(0)->maximumHeight(), expectedPixels(40));
 }
 
 void VelaButtonPathTest::arrowsAreNarrow()

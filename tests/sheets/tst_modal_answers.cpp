@@ -112,6 +112,7 @@ void ModalAnswersTest::anotherLanguageOfTheToolkitLeavesTheCaptions()
     const ShownSheet shown;
     const QString ok = shown.ok()->text();
     shown.cancel()->setText(QStringLiteral("Keep it"));
+    shown.cancel()->setShortcut(Qt::Key_F5);
     const auto captions = [&shown] { return QStringList {shown.ok()->text(), shown.cancel()->text()}; };
     {
         const ToolkitLanguage other;
@@ -119,6 +120,7 @@ void ModalAnswersTest::anotherLanguageOfTheToolkitLeavesTheCaptions()
     }
     QCoreApplication::sendPostedEvents();
     QCOMPARE(captions(), QStringList({ok, QStringLiteral("Keep it")}));
+    QCOMPARE(shown.cancel()->shortcut(), QKeySequence(Qt::Key_F5));
 }
 
 void ModalAnswersTest::showSheetReturnsAtOnce()

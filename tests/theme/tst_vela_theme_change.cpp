@@ -11,6 +11,7 @@
 #include "component/vela-mask.h"
 #include "component/vela-msg-box.h"
 #include "component/vela-msg-sheet.h"
+#include "component/vela-sheet.h"
 #include "component/vela-table-widget.h"
 #include "component/vela-tree-widget.h"
 #include "image-manager/image-manager.h"
@@ -25,8 +26,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -625,6 +629,29 @@ private Q_SLOTS:
         for (const auto &counter : counters) {
             QCOMPARE(counter->take(), 0);
         }
+    }
+
+    void anotherLanguageLeavesTheCaptionsOfAnApplication()
+    {
+        class Sheet : public VelaSheet
+        {
+        public:
+            using VelaSheet::VelaSheet;
+            void showSheet() override { }
+        };
+        load(Light, English);
+        QWidget window;
+        Sheet sheet(&window);
+        QMessageBox styled(&window);
+        styled.setStyleSheet(QStringLiteral("QLabel { margin: 0px }"));
+        const QString caption = QStringLiteral("Keep it");
+        QPushButton *ofSheet = (new QDialogButtonBox(QDialogButtonBox::Save, &sheet))->button(QDialogButtonBox::Save);
+        QPushButton *ofBox = styled.addButton(QMessageBox::Help);
+        ofSheet->setText(caption);
+        ofBox->setText(caption);
+        QVERIFY(VelaTheme::getInstance()->setLanguage(German).isEmpty());
+        QCOMPARE(ofSheet->text(), caption);
+        QCOMPARE(ofBox->text(), caption);
     }
 
     void thePointerSaysThatTheApplicationIsBusy()
