@@ -235,11 +235,14 @@ protected:
 
 private:
     const QVector<QPersistentModelIndex> &rows() const;
+    bool isAsKnown() const;
 
     const std::unique_ptr<QObject> m_watch; // context of the connections
     mutable QVector<QPersistentModelIndex> m_rows;
     mutable QHash<QPersistentModelIndex, int> m_places; // places of the rows
+    mutable int m_scrollRange = 0; // with these rows
     mutable bool m_isOutOfDate = true;
+    mutable bool m_isPainted = false; // since the rows were asked for
 };
 
 } // namespace Vela::Accessible

@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTreeView>
 
 namespace Vela::Accessible {
@@ -31,7 +32,8 @@ public:
             return own;
         }
         int level = 1;
-        for (QModelIndex parent = index().parent(); parent != view()->rootIndex(); parent = parent.parent()) {
+        for (QModelIndex parent = index().parent(); parent.isValid() && parent != view()->rootIndex();
+             parent = parent.parent()) {
             ++level;
         }
         return joined({own, Look::spoken(SpokenText::Level, view()->locale().toString(level))});
@@ -75,29 +77,25 @@ private:
     QTreeView *tree() const { return static_cast<QTreeView *>(view()); }
 };
 
-// No signal tells that a row is hidden or shown, but the tree is painted anew.
 class PaintWatch : public QObject
 {
 public:
-    PaintWatch(QWidget *viewport, bool &isOutOfDate) : m_isOutOfDate(isOutOfDate)
-    {
-        viewport->installEventFilter(this);
-    }
+    PaintWatch(QWidget *viewport, bool &isPainted) : m_isPainted(isPainted) { viewport->installEventFilter(this); }
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        m_isOutOfDate = m_isOutOfDate || event->type() == QEvent::Paint;
+        m_isPainted = m_isPainted || event->type() == QEvent::Paint;
         return false;
     }
 
 private:
-    bool &m_isOutOfDate;
+    bool &m_isPainted;
 };
 
 } // namespace
 
 Tree::Tree(QAbstractItemView *tree) :
-    ItemView(tree, QAccessible::Tree), m_watch(std::make_unique<PaintWatch>(tree->viewport(), m_isOutOfDate))
+    ItemView(tree, QAccessible::Tree), m_watch(std::make_unique<PaintWatch>(tree->viewport(), m_isPainted))
 {
     const auto outdate = [this] { m_isOutOfDate = true; };
     QObject::connect(treeOf(this), &QTreeView::expanded, m_watch.get(), outdate);
@@ -112,7 +110,8 @@ Tree::Tree(QAbstractItemView *tree) :
 
 const QVector<QPersistentModelIndex> &Tree::rows() const
 {
-    if (m_isOutOfDate) {
+    // No signal tells that a row is hidden or shown, but the tree is painted anew.
+    if (m_isOutOfDate || (m_isPainted && !isAsKnown())) {
         m_isOutOfDate = false;
         m_rows.clear();
         m_places.clear();
@@ -127,8 +126,31 @@ const QVector<QPersistentModelIndex> &Tree::rows() const
             m_places.insert(start, m_rows.size());
             m_rows.append(start);
         }
+        m_scrollRange = tree->verticalScrollBar()->maximum();
     }
+    m_isPainted = false;
     return m_rows;
+}
+
+// Whether there is as much to be scrolled and the rows in view are those that are known: a tree is painted often, and
+// to walk all its rows takes a tenth of a second where there are 100,000.
+bool Tree::isAsKnown() const
+{
+    const QTreeView *tree = treeOf(this);
+    const QScrollBar *bar = tree->verticalScrollBar();
+    QModelIndex row = tree->indexAt({tree->header()->sectionViewportPosition(0), 0});
+    int place = row.isValid() ? m_places.value(row.sibling(row.row(), 0), -1) : m_rows.size();
+    if (bar->maximum() != m_scrollRange || (bar->value() == bar->minimum() && row.isValid() && place != 0)) {
+        return false;
+    }
+    while (row.isValid() && tree->visualRect(row).top() < tree->viewport()->height()) {
+        if (place < 0 || place == m_rows.size() || m_rows.at(place) != row.sibling(row.row(), 0)) {
+            return false;
+        }
+        row = tree->indexBelow(row);
+        ++place;
+    }
+    return row.isValid() || place == m_rows.size();
 }
 
 int Tree::rowCount() const

@@ -17,4 +17,13 @@ inline void tellScreenReaders(QObject *widget, QAccessible::Event change)
     }
 }
 
+/// To be called at the end of the constructor of a view that has an accessible object of its own. Where a screen reader
+/// listens, the base has had one made already, which speaks for the base and would stay.
+inline void forgetSpokenBase(QObject *view)
+{
+    if (QAccessible::isActive()) {
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(QAccessible::queryAccessibleInterface(view)));
+    }
+}
+
 } // namespace Vela

@@ -8,6 +8,7 @@
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
 #include "scale/scaled.h"
+#include "utils/accessible-event_p.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -114,7 +115,10 @@ class ResizeSignalTableWidgetPrivate
 {
 };
 
-ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns) : QTableWidget(rows, columns) { }
+ResizeSignalTableWidget::ResizeSignalTableWidget(int rows, int columns) : QTableWidget(rows, columns)
+{
+    forgetSpokenBase(this);
+}
 
 ResizeSignalTableWidget::~ResizeSignalTableWidget() = default;
 

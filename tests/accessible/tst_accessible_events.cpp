@@ -86,6 +86,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void whileNobodyListensNothingIsMade();
+    void viewsThatAreMadeWhileSomebodyListensSpeakForThemselves();
     void aMessageIsAnnouncedAndTakenBack();
     void anInputSheetIsAnnounced();
     void whenASheetComesAndGoesItsWindowHasOtherChildren();
@@ -127,6 +128,19 @@ void AccessibleEventsTest::whileNobodyListensNothingIsMade()
     for (const char *className : {"VelaPagingBar", "QLineEdit", "VelaInputSheet", "SheetWindow"}) {
         QVERIFY2(!asked.contains(QLatin1String(className)), className);
     }
+}
+
+void AccessibleEventsTest::viewsThatAreMadeWhileSomebodyListensSpeakForThemselves()
+{
+    const Listener listener;
+    VelaTreeWidget tree;
+    VelaButtonPath path(nullptr);
+    VelaTableColumnsInfo columns;
+    columns.addColumn(QStringLiteral("Name"), 100, true, 1);
+    VelaTableWidget table(columns);
+    QCOMPARE(spoken(&tree)->text(QAccessible::Name), QStringLiteral("Folders"));
+    QCOMPARE(spoken(&path)->text(QAccessible::Name), QStringLiteral("Path"));
+    QCOMPARE(spoken(table.getTable())->text(QAccessible::Name), QStringLiteral("Name"));
 }
 
 void AccessibleEventsTest::aMessageIsAnnouncedAndTakenBack()

@@ -100,6 +100,8 @@ private Q_SLOTS:
     void aTreeFollowsItsItems();
     void hiddenRowsAreNotToldOf();
     void rowsThatAreHiddenAndShownAreFollowed();
+    void aRowThatIsNotBelowTheRootStillHasALevel();
+    void hiddenRowsOutOfViewAreFollowed();
 };
 
 void AccessibleViewsTest::aTableTellsTheTitlesOfItsColumns()
@@ -423,7 +425,36 @@ void AccessibleViewsTest::rowsThatAreHiddenAndShownAreFollowed()
     QTRY_COMPARE(tree->rowCount(), 1);
     QCOMPARE(tree->cellAt(0, 0)->text(QAccessible::Name), QStringLiteral("Work"));
     folders.topLevelItem(0)->setHidden(false);
+    folders.topLevelItem(1)->setHidden(true);
+    QTRY_COMPARE(tree->cellAt(0, 0)->text(QAccessible::Name), QStringLiteral("Home"));
+    QCOMPARE(tree->rowCount(), 1);
+    folders.topLevelItem(1)->setHidden(false);
     QTRY_COMPARE(tree->rowCount(), 2);
+}
+
+void AccessibleViewsTest::aRowThatIsNotBelowTheRootStillHasALevel()
+{
+    Folders folders;
+    const QAccessibleInterface *work = spoken(&folders)->tableInterface()->cellAt(1, 0);
+    folders.setRootIndex(folders.model()->index(0, 0));
+    QCOMPARE(work->text(QAccessible::Description), QStringLiteral("Level 1"));
+}
+
+void AccessibleViewsTest::hiddenRowsOutOfViewAreFollowed()
+{
+    Folders folders;
+    for (int row = 0; row < 200; ++row) {
+        folders.addTopLevelItem(new FileSystemTreeWidgetItem);
+    }
+    folders.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&folders));
+    QAccessibleTableInterface *tree = spoken(&folders)->tableInterface();
+    QCOMPARE(tree->rowCount(), 202);
+    folders.topLevelItem(150)->setHidden(true);
+    QTRY_COMPARE(tree->rowCount(), 201);
+    folders.scrollToBottom();
+    folders.topLevelItem(0)->setHidden(true);
+    QTRY_COMPARE(tree->rowCount(), 200);
 }
 
 QTEST_MAIN(AccessibleViewsTest)
