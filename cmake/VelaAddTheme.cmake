@@ -12,8 +12,9 @@ include_guard(GLOBAL)
 #                "inherits" (light, dark or high-contrast; light if it names none).
 #   SOURCE       files that lie over the reference theme's source: new ones are added, those of the same name replace it,
 #                and images.json is joined to it
-#   OUTPUT       the folder, <name>-theme in the binary folder unless told otherwise. What else lies in it stays there.
-#   DESTINATION  where the theme is installed; without one it is not
+#   OUTPUT       the folder, <name>-theme in the binary folder unless told otherwise. What else lies in it stays there and
+#                belongs to the theme: what this build folder has not made is not removed
+#   DESTINATION  where the folder is installed, with all that lies in it; without one it is not
 #   NO_CHECK     makes no test that runs "vela-theme check" on it
 # The theme's README.md tells what a source is made of.
 
@@ -56,9 +57,13 @@ function(vela_add_theme)
         set(theme_OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/${theme_NAME}-theme")
     endif()
     get_filename_component(theme_OUTPUT "${theme_OUTPUT}" ABSOLUTE BASE_DIR "${CMAKE_CURRENT_BINARY_DIR}")
-    if(theme_OUTPUT IN_LIST sources)
-        message(FATAL_ERROR "vela_add_theme: OUTPUT is the folder of a source, which it would replace: ${theme_OUTPUT}")
-    endif()
+    get_filename_component(real_output "${theme_OUTPUT}" REALPATH)
+    foreach(source IN LISTS sources)
+        get_filename_component(real_source "${source}" REALPATH)
+        if(real_source STREQUAL real_output)
+            message(FATAL_ERROR "vela_add_theme: OUTPUT is the folder of a source, which it would replace: ${theme_OUTPUT}")
+        endif()
+    endforeach()
     set(work "${CMAKE_CURRENT_BINARY_DIR}/${theme_NAME}-theme.dir")
 
     _vela_read_palette("${theme_PALETTE}" "${reference}")

@@ -8,6 +8,7 @@
 #include "look/metrics_p.h"
 #include "navigation/path-buttons_p.h"
 #include "scale/scaled.h"
+#include "utils/accessible-event_p.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -20,6 +21,8 @@
 #include <QSignalMapper>
 #include <QToolButton>
 #include <QVector>
+
+#include <utility>
 
 using namespace Vela;
 
@@ -151,10 +154,12 @@ void VelaButtonPathPrivate::clearMenu()
 void VelaButtonPathPrivate::clear()
 {
     clearMenu();
-    for (QPushButton *button : qAsConst(buttons)) {
-        discard(button);
+    while (!buttons.isEmpty()) { // whoever sees one lose the focus may refresh the bar
+        const QList<QPushButton *> former = std::exchange(buttons, {});
+        for (QPushButton *button : former) {
+            discard(button);
+        }
     }
-    buttons.clear();
     iconKeys.clear();
     q->clear();
     q->setColumnCount(0);
@@ -268,6 +273,7 @@ VelaButtonPath::VelaButtonPath(QWidget *parent) : QTableWidget(parent), d(std::m
     const QString menuButtonSheet = Look::sheet(Style::ButtonPathMenuButton);
     setStyleSheet(Look::sheet(Style::ButtonPath));
     d->menuButton->setStyleSheet(menuButtonSheet); // would be styled anew with the bar's sheet set after it
+    forgetSpokenBase(this);
 }
 
 VelaButtonPath::~VelaButtonPath() = default;

@@ -195,9 +195,18 @@ void SheetRun::end(int result)
     if (wasUp) {
         announce(QAccessible::DialogEnd);
     }
+    // What gets the focus may delete the sheet or show it again, as may those who see it hidden.
+    const QPointer<SheetRun> alive(this);
     m_focus.giveBack();
-    m_sheet->hide();
-    m_focus.letGo();
+    if (alive && m_state == State::Answering) {
+        m_sheet->hide();
+    }
+    if (alive && m_state == State::Answering) {
+        m_focus.letGo();
+    }
+    if (!alive) {
+        return;
+    }
 
     // A guard, for slots that throw.
     const auto emitted = qScopeGuard([self = QPointer<SheetRun>(this)] {

@@ -15,7 +15,7 @@ namespace {
 
 QVector<VelaSheet *> &sheets()
 {
-    static QVector<VelaSheet *> sheets;
+    static auto &sheets = *new QVector<VelaSheet *>; // stays to the end, as sheets may be static
     return sheets;
 }
 

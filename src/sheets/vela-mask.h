@@ -22,8 +22,8 @@ class VELA_EXPORT VelaMask : public QFrame
     Q_OBJECT
 
 public:
-    /// A mask over @p parent, which owns it, filled with @p color; @p widget, its content, passes into it. The
-    /// functions of vela-msg-box.h use QColor(0, 0, 0, 20).
+    /// A mask over @p parent, which owns it, filled with @p color; @p widget, its content, passes into it. A QSplitter
+    /// as @p parent would take the mask for a pane. The functions of vela-msg-box.h use QColor(0, 0, 0, 20).
     VelaMask(QWidget *widget, QWidget *parent, QColor color);
     /// The same with margins around the content, in logical pixels, in place of the style's.
     VelaMask(QWidget *widget, QWidget *parent, QColor color, int left, int top, int right, int bottom);

@@ -133,7 +133,8 @@ public:
     void showSheet() override;
     /// Shows the sheet and waits for the answer, in an event loop: timers and replies keep arriving. Returns the
     /// button's value or what done() was called with, 0 at once while it already waits, and the application's exit code
-    /// when that is told to quit.
+    /// when that is told to quit, -1 at once where it has been told already. A dialog that is ended meanwhile takes the
+    /// sheet out of sight, which waits on: end the sheet first, by done().
     ///
     /// When the window is destroyed meanwhile the result is 0, finished() is not emitted, and the sheet is not
     /// destroyed with the window: it has no parent then, and one on the heap is its caller's to delete.

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 #include <QRegExpValidator>
 #include <QTextLayout>
 
@@ -182,7 +183,13 @@ bool ItemDelegate::eventFilter(QObject *object, QEvent *event)
     if (event->type() == QEvent::KeyPress) {
         auto *keyEvent = static_cast<QKeyEvent *>(event);
         if (keyEvent->key() == Qt::Key_Escape) {
+            // Those who are told may ask a question, in whose event loop the view may be deleted.
+            const QPointer<ItemDelegate> alive(this);
+            const QPointer<QObject> editor(object);
             Q_EMIT sigKeyPressed(keyEvent);
+            if (!alive || !editor) {
+                return true;
+            }
         }
     }
     return QItemDelegate::eventFilter(object, event);

@@ -8,6 +8,7 @@
 #include "look/metrics_p.h"
 #include "scale/dpi-info.h"
 #include "scale/scaled.h"
+#include "utils/accessible-event_p.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -16,6 +17,7 @@
 #include <QPainter>
 #include <QPersistentModelIndex>
 #include <QPixmapCache>
+#include <QPointer>
 #include <QScrollBar>
 
 #include <optional>
@@ -92,6 +94,7 @@ VelaTreeWidget::VelaTreeWidget(QWidget *parent) : QTreeWidget(parent), d(std::ma
     viewport()->setAttribute(Qt::WA_Hover); // rows are painted again when the pointer moves
     // The base paints the rows again, but not what the outline covers of their neighbours.
     connect(this, &QTreeWidget::itemSelectionChanged, viewport(), qOverload<>(&QWidget::update));
+    forgetSpokenBase(this);
 }
 
 VelaTreeWidget::~VelaTreeWidget() = default;
@@ -130,18 +133,26 @@ void VelaTreeWidget::updateScrollArea(QTreeWidgetItem *item)
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + left - width / 2);
 }
 
+// Those who are told of what the user does may ask a question, in whose event loop the tree may be deleted.
+
 void VelaTreeWidget::mousePressEvent(QMouseEvent *event)
 {
+    const QPointer<VelaTreeWidget> alive(this);
     if (event->button() == Qt::RightButton) {
         Q_EMIT sigMouseRightClickEvent(event);
     }
-    QTreeWidget::mousePressEvent(event);
+    if (alive) {
+        QTreeWidget::mousePressEvent(event);
+    }
 }
 
 void VelaTreeWidget::keyPressEvent(QKeyEvent *event)
 {
+    const QPointer<VelaTreeWidget> alive(this);
     Q_EMIT sigKeyPressEvent(event);
-    QTreeWidget::keyPressEvent(event);
+    if (alive) {
+        QTreeWidget::keyPressEvent(event);
+    }
 }
 
 // Each time the tree gets the focus the change of the current item is told anew, to those who announce it for instance;

@@ -65,6 +65,7 @@ class VelaButtonPathSlotsTest : public PathTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void aRefreshAsANameLosesTheFocusIsTheLast();
     void aRefreshAsTheMenuClosesLosesNoChoice_data();
     void aRefreshAsTheMenuClosesLosesNoChoice();
 
@@ -287,6 +288,22 @@ void VelaButtonPathSlotsTest::theBarMayBeDeletedWhenItsSlotIsCalled()
     });
     bar->slotPathBarClicked(2);
     QCOMPARE(chosen, QStringLiteral("first/second"));
+}
+
+void VelaButtonPathSlotsTest::aRefreshAsANameLosesTheFocusIsTheLast()
+{
+    Shown<PathWindow> window;
+    window.refresh(QStringLiteral("a/b/c"));
+    window.nameButton(0)->setFocusPolicy(Qt::StrongFocus);
+    window.nameButton(0)->setFocus();
+    QCOMPARE(QApplication::focusWidget(), window.nameButton(0));
+    QMetaObject::Connection again;
+    again = connect(qApp, &QApplication::focusChanged, this, [&] {
+        disconnect(again);
+        window.bar->refresh(QStringLiteral("d/e"));
+    });
+    window.refresh(QStringLiteral("f"));
+    QCOMPARE(window.buttonTexts(), QStringList {QStringLiteral("f")});
 }
 
 QTEST_MAIN(VelaButtonPathSlotsTest)

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void escapeIsToldOfAndClosesTheEditor();
     void otherKeysInTheEditorAreNotToldOf();
     void onlyPressesOfEscapeAreToldOf();
+    void theViewMayGoAsEscapeIsToldOf();
 
     void theLastCheckDrawnIsPublished();
     void theDrawnCheckShowsItsState();
@@ -610,6 +611,23 @@ void ItemDelegateTest::rowsAreDrawnAsByTheBase()
     const QVector<QImage> expected = drawnRow(base, options.first(), index);
     QApplication::setStyle(QStringLiteral("fusion"));
     QCOMPARE(images, expected);
+}
+
+void ItemDelegateTest::theViewMayGoAsEscapeIsToldOf()
+{
+    auto window = std::make_unique<QWidget>();
+    auto *tree = new VelaTreeWidget(window.get());
+    ItemDelegate delegate;
+    tree->setItemDelegate(&delegate);
+    auto *item = new QTreeWidgetItem(tree, {QStringLiteral("Documents")});
+    item->setFlags(item->flags() | Qt::ItemIsEditable);
+    tree->openPersistentEditor(item);
+    const QPointer<QLineEdit> editor(tree->findChild<QLineEdit *>());
+    QVERIFY(editor);
+    connect(&delegate, &ItemDelegate::sigKeyPressed, this, [&window] { window.reset(); });
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(editor, &escape);
+    QVERIFY(!window && !editor);
 }
 
 QTEST_MAIN(ItemDelegateTest)

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void aCurrentItemThatIsRemovedMeanwhileStaysRemoved();
     void aLetterGoesToTheRowThatBeginsWithIt();
     void theMenuKeyAsksForTheMenuOfTheCurrentRow();
+    void theTreeMayGoAsItTellsOfAKeyOrARightClick();
 };
 
 void VelaTreeWidgetTest::initTestCase()
@@ -397,6 +398,21 @@ void VelaTreeWidgetTest::theMenuKeyAsksForTheMenuOfTheCurrentRow()
     QCoreApplication::sendEvent(window.windowHandle(), &event);
     QCOMPARE(asked.count(), 1);
     QCOMPARE(window.tree->itemAt(asked.first().first().toPoint()), window.tree->topLevelItem(1));
+}
+
+void VelaTreeWidgetTest::theTreeMayGoAsItTellsOfAKeyOrARightClick()
+{
+    const QPointer<VelaTreeWidget> tree(new VelaTreeWidget);
+    connect(tree, &VelaTreeWidget::sigKeyPressEvent, this, [tree] { delete tree; });
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QCoreApplication::sendEvent(tree, &key);
+    QVERIFY(!tree);
+
+    const QPointer<VelaTreeWidget> other(new VelaTreeWidget);
+    connect(other, &VelaTreeWidget::sigMouseRightClickEvent, this, [other] { delete other; });
+    QMouseEvent click(QEvent::MouseButtonPress, QPointF(5, 5), Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(other->viewport(), &click);
+    QVERIFY(!other);
 }
 
 QTEST_MAIN(VelaTreeWidgetTest)
