@@ -92,7 +92,7 @@ public:
     QSize iconSize; // logical pixels
 };
 
-// Whether any of the setters has been called; until then the button shows what a form has given it.
+// Whether it has been given icons; until then the button shows what a form has given it.
 bool VelaIconButtonPrivate::hasIcons() const
 {
     return iconSize.isValid()

@@ -321,7 +321,7 @@ void VelaCalanderView::selectToday()
 
 void VelaCalanderView::pageChanged(int, int month)
 {
-    d->monthButton()->setText(d->monthNames.value(month - 1));
+    d->monthButton()->setText(month > 0 ? d->monthNames.value(month - 1) : QString());
 }
 
 void VelaCalanderView::slotMonthTriggered(QAction *action)

@@ -364,7 +364,8 @@ void VelaButtonPath::slotUpdatePath(QString path)
 
 void VelaButtonPath::slotPathBarClicked(int btn_id)
 {
-    const auto *mapper = qobject_cast<QSignalMapper *>(sender());
+    const bool isOwn = sender() == d->nameMapper || sender() == d->menuMapper;
+    const auto *mapper = isOwn ? static_cast<QSignalMapper *>(sender()) : nullptr;
     const QPointer<QObject> source(mapper ? mapper->mapping(btn_id) : nullptr);
     d->sources.append(source);
     const QPointer<VelaButtonPath> alive(this);

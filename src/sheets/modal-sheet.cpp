@@ -156,9 +156,7 @@ int ModalSheet::exec()
     if (run.state() == SheetRun::State::Waiting) {
         return 0;
     }
-    run.begin();
-    started();
-    return run.wait();
+    return run.exec([this] { started(); });
 }
 
 bool ModalSheet::isKeyOfWindow(const QObject *watched, const QEvent *event) const

@@ -45,9 +45,31 @@ bool SheetRun::isUp() const
     return m_state == State::Up || m_state == State::Waiting;
 }
 
+int SheetRun::exec(const std::function<void()> &started)
+{
+    // A widget that loses the focus to the sheet may ask its user first, and the window may go meanwhile.
+    const QPointer<SheetRun> alive(this);
+    m_hasLeft = false;
+    ++m_waits;
+    const auto returned = qScopeGuard([alive] {
+        if (alive) {
+            --alive->m_waits;
+        }
+    });
+    begin();
+    if (alive && !m_hasLeft) {
+        started();
+    }
+    return alive && !m_hasLeft ? wait() : 0;
+}
+
 void SheetRun::begin()
 {
+    const QPointer<SheetRun> alive(this);
     m_sheet->show();
+    if (!alive) {
+        return;
+    }
     comeUp();
     SheetStack::push(m_sheet);
     // An answer leaves the claim when it is not told to block any more.
@@ -172,6 +194,7 @@ void SheetRun::leave(QObject *dying)
     m_closeButton.drop();
     m_state = isUp() ? State::Down : m_state;
     goDown();
+    m_hasLeft = true;
     m_sheet->setParent(nullptr);
     endWait();
 }

@@ -12,6 +12,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
+
 class VelaSheet;
 
 namespace Vela::Private {
@@ -41,6 +43,8 @@ public:
     void setBlockWindowButton(bool block);
     bool blocksWindowButton() const;
 
+    /// begin(), @p started and wait(). Returns 0 also when the sheet or its window goes before it waits.
+    int exec(const std::function<void()> &started);
     /// Shows the sheet, takes the window's close button away and watches the window's events.
     void begin();
     /// Lets the sheet see the events of its window.
@@ -73,7 +77,8 @@ private:
     CloseButtonClaim m_closeButton;
     State m_state = State::Down;
     QPointer<QEventLoop> m_loop; // loop of the last call of wait()
-    int m_waits = 0; // calls of wait() that have not returned
+    int m_waits = 0; // calls of exec() and wait() that have not returned
+    bool m_hasLeft = false; // a dying window, in the last call of exec()
     QPointer<QWidget> m_window; // window that is watched
     bool m_blocksWindowButton = true;
 };

@@ -157,7 +157,7 @@ void ThemeFolder::checkImage(const QString &file)
     }
 }
 
-// The library takes a catalogue that it cannot read for an empty one, without a word.
+// The library takes a catalogue that it cannot read for an empty one.
 void ThemeFolder::readCatalogue()
 {
     const QString file = path(QStringLiteral("images.json"));

@@ -12,6 +12,7 @@
 
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -39,9 +40,10 @@ public:
 protected:
     void mouseMoveEvent(QMouseEvent *event) override
     {
+        const QPointer<TableHeader> alive(this); // while sections are resized the table may be made anew
         m_resized = -1;
         QHeaderView::mouseMoveEvent(event);
-        if (m_resized >= 0 && sectionSize(m_resized) < m_usableSize) {
+        if (alive && m_resized >= 0 && sectionSize(m_resized) < m_usableSize) {
             resizeSection(m_resized, m_usableSize);
         }
     }
@@ -124,8 +126,11 @@ ResizeSignalTableWidget::~ResizeSignalTableWidget() = default;
 
 void ResizeSignalTableWidget::resizeEvent(QResizeEvent *event)
 {
+    const QPointer<ResizeSignalTableWidget> alive(this);
     Q_EMIT sigResized(event->size());
-    QTableWidget::resizeEvent(event);
+    if (alive) {
+        QTableWidget::resizeEvent(event);
+    }
 }
 
 class VelaTableWidgetPrivate

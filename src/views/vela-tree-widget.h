@@ -28,7 +28,8 @@ extern VELA_EXPORT QRect g_check_rect;
 /// Whenever the tree gets the focus, be it back from a popup that closes, the current item is told of anew:
 /// currentItemChanged() is emitted with no current item and then with the same one again, and a selection of several
 /// rows shrinks to its row, or with MultiSelection loses or regains that row. A tree without a current item makes the
-/// topmost visible one current.
+/// topmost visible one current. The answer to a message gives the focus back as well: a slot that shows one has to
+/// remember the item that it has told of, or it will be called without end.
 class VELA_EXPORT VelaTreeWidget : public QTreeWidget
 {
     Q_OBJECT

@@ -5,7 +5,9 @@
 #include "navigation/path-test.h"
 #include "support/environment.h"
 
+#include <QAction>
 #include <QMenu>
+#include <QSignalMapper>
 #include <QTimer>
 #include <QtTest>
 
@@ -66,6 +68,7 @@ class VelaButtonPathSlotsTest : public PathTest
 
 private Q_SLOTS:
     void aRefreshAsANameLosesTheFocusIsTheLast();
+    void anotherMapperOfAnApplicationKeepsItsObjects();
     void aRefreshAsTheMenuClosesLosesNoChoice_data();
     void aRefreshAsTheMenuClosesLosesNoChoice();
 
@@ -304,6 +307,22 @@ void VelaButtonPathSlotsTest::aRefreshAsANameLosesTheFocusIsTheLast()
     });
     window.refresh(QStringLiteral("f"));
     QCOMPARE(window.buttonTexts(), QStringList {QStringLiteral("f")});
+}
+
+void VelaButtonPathSlotsTest::anotherMapperOfAnApplicationKeepsItsObjects()
+{
+    Shown<PathWindow> window;
+    window.refresh(QStringLiteral("a/b"));
+    QAction action;
+    QSignalMapper mapper;
+    mapper.setMapping(&action, 0);
+    connect(&action, &QAction::triggered, &mapper, qOverload<>(&QSignalMapper::map));
+    connect(&mapper, &QSignalMapper::mappedInt, window.bar, &VelaButtonPath::slotPathBarClicked);
+    const QSignalSpy deleted(&action, &QObject::destroyed);
+    action.trigger();
+    QCOMPARE(window.chosen.count(), 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(deleted.count(), 0);
 }
 
 QTEST_MAIN(VelaButtonPathSlotsTest)

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void theWindowMayDieWhileASheetIsShown();
     void theWindowMayDieWhileASheetWaits_data();
     void theWindowMayDieWhileASheetWaits();
+    void theWindowMayDieBeforeASheetWaits();
     void theWindowMayDieWhileTwoSheetsWait();
     void theWindowMayDieWhileASheetWaitsAgain();
     void theWindowThatASheetIsMovedToMayDieWhileItWaits();
@@ -164,6 +165,26 @@ void ModalLifetimeTest::theWindowMayDieWhileASheetWaits()
     QVERIFY(!sheet->isVisible());
     sheet.ok()->setText(QStringLiteral("still in use"));
     sheet.done(1);
+}
+
+// By a widget that loses the focus to the sheet, and asks a question for instance.
+void ModalLifetimeTest::theWindowMayDieBeforeASheetWaits()
+{
+    auto window = shownWindow();
+    QVERIFY(window);
+    window->below->setFocus();
+    ModalSheet sheet(window.get());
+    const QPointer<VelaSheet> alive(sheet.get());
+    QMetaObject::Connection dying;
+    dying = connect(qApp, &QApplication::focusChanged, this, [&](const QWidget *before) {
+        if (window && before == window->below) {
+            disconnect(dying);
+            window.reset();
+        }
+    });
+    QTimer::singleShot(5000, sheet.get(), [&sheet] { sheet.done(OkCode); });
+    QCOMPARE(sheet.exec(), 0);
+    QVERIFY(!window && alive);
 }
 
 void ModalLifetimeTest::theWindowMayDieWhileTwoSheetsWait()

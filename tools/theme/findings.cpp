@@ -43,7 +43,7 @@ constexpr Rule Rules[] = {
     {"catalogue-json", true,
      "images.json cannot be read, so no image is shown at all. The library takes a list that it cannot read for an "
      "empty "
-     "one, without a word."},
+     "one, which only vela.theme tells."},
     {"catalogue-key", false,
      "images.json holds \"images\" and \"tmp_images\". The library ignores anything else in it."},
     {"class-unknown", false,
