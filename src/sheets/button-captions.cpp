@@ -5,11 +5,41 @@
 
 #include <QEvent>
 #include <QKeySequence>
-#include <QPointer>
 #include <QPushButton>
-#include <QVector>
+
+#include <memory>
+#include <vector>
 
 namespace Vela::Private {
+
+namespace {
+
+// Gives a button back what the box has taken, when it is told of the language itself: before it, or who watches it,
+// says something else.
+class Caption : public QObject
+{
+public:
+    explicit Caption(QAbstractButton *button) : m_text(button->text()), m_shortcut(button->shortcut())
+    {
+        button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::LanguageChange) {
+            auto *button = static_cast<QAbstractButton *>(watched);
+            button->setText(m_text);
+            button->setShortcut(m_shortcut); // which a text takes along
+        }
+        return false;
+    }
+
+private:
+    const QString m_text;
+    const QKeySequence m_shortcut;
+};
+
+} // namespace
 
 bool keepCaptions(QObject *watched, QEvent *event, QDialogButtonBox::StandardButtons kept)
 {
@@ -17,26 +47,14 @@ bool keepCaptions(QObject *watched, QEvent *event, QDialogButtonBox::StandardBut
     if (!box) {
         return false;
     }
-    struct Caption
-    {
-        QPointer<QAbstractButton> button;
-        QString text;
-        QKeySequence shortcut; // which a text takes along
-    };
-    QVector<Caption> captions;
+    std::vector<std::unique_ptr<Caption>> captions;
     const QList<QAbstractButton *> buttons = box->buttons();
     for (QAbstractButton *button : buttons) {
         if (kept.testFlag(box->standardButton(button))) {
-            captions.append({button, button->text(), button->shortcut()});
+            captions.push_back(std::make_unique<Caption>(button));
         }
     }
     watched->event(event);
-    for (const Caption &caption : qAsConst(captions)) {
-        if (caption.button) {
-            caption.button->setText(caption.text);
-            caption.button->setShortcut(caption.shortcut);
-        }
-    }
     return true;
 }
 

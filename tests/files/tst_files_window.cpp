@@ -21,6 +21,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QtTest>
 

@@ -121,6 +121,21 @@ void ModalAnswersTest::anotherLanguageOfTheToolkitLeavesTheCaptions()
     QCoreApplication::sendPostedEvents();
     QCOMPARE(captions(), QStringList({ok, QStringLiteral("Keep it")}));
     QCOMPARE(shown.cancel()->shortcut(), QKeySequence(Qt::Key_F5));
+
+    class Translator : public QObject
+    {
+    public:
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::LanguageChange) {
+                qobject_cast<QPushButton *>(watched)->setText(QStringLiteral("Behalten"));
+            }
+            return false;
+        }
+    } translator;
+    shown.cancel()->installEventFilter(&translator);
+    const ToolkitLanguage other;
+    QCOMPARE(captions(), QStringList({ok, QStringLiteral("Behalten")}));
 }
 
 void ModalAnswersTest::showSheetReturnsAtOnce()
