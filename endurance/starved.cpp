@@ -36,6 +36,7 @@
 #include <QJsonObject>
 #include <QLocalSocket>
 #include <QNetworkProxy>
+#include <QPalette>
 #include <QSslConfiguration>
 #include <QTextBrowser>
 #include <QTimer>
@@ -123,11 +124,13 @@ struct Look
     std::map<QString, QString> sections;
     std::map<QString, QImage> images;
     std::map<QString, QString> texts;
+    QPalette palette;
     QStringList untold;
 
     static Look installed()
     {
         Look look;
+        look.palette = QApplication::palette();
         LogCapture log;
         for (const auto &entry : Vela::StyleEntries) {
             const QString key = QString::fromLatin1(entry.key);
@@ -166,7 +169,7 @@ struct Look
 
     bool operator==(const Look &other) const
     {
-        return sections == other.sections && images == other.images && texts == other.texts;
+        return sections == other.sections && images == other.images && texts == other.texts && palette == other.palette;
     }
 
 private:
@@ -310,7 +313,7 @@ Ending theme()
     }
     theme->load(dark, QStringLiteral("deu"));
     const Look whole = Look::installed();
-    if (after.sections != whole.sections || after.texts != whole.texts) {
+    if (after.sections != whole.sections || after.texts != whole.texts || after.palette != whole.palette) {
         return wrong(QStringLiteral("a theme that is taken is not whole"));
     }
     const QString difference = after.difference(whole);

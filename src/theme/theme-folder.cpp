@@ -16,7 +16,10 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <cerrno>
 #include <utility>
+
+#include <sys/stat.h>
 
 namespace Vela {
 
@@ -35,6 +38,15 @@ int lineAt(const QByteArray &text, int position)
 int lineOfName(const QByteArray &json, const QString &name)
 {
     return lineAt(json, json.indexOf('"' + name.toUtf8() + '"'));
+}
+
+// Whether there is nothing of that name. What cannot be looked up, on a disk that fails for instance, may be there: it
+// is told when it is read.
+bool isMissing(const QString &path)
+{
+    struct stat status = {};
+    return !QFileInfo::exists(path) && ::stat(QFile::encodeName(path).constData(), &status) != 0
+        && (errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG);
 }
 
 QString whyUnreadable(const QFile &file)
@@ -198,12 +210,13 @@ void ThemeFolder::readCatalogue()
 void ThemeFolder::readTexts(const QString &language, const QString &fallbackLanguage)
 {
     const auto fileOf = [this](const QString &code) { return path(StringsFolder + code + QLatin1String(".json")); };
-    const bool hasFallback =
-        !fallbackLanguage.isEmpty() && fallbackLanguage != language && QFileInfo(fileOf(fallbackLanguage)).isFile();
+    const QFileInfo fallback(fileOf(fallbackLanguage));
+    const bool hasFallback = !fallbackLanguage.isEmpty() && fallbackLanguage != language
+        && (fallback.isFile() || (!fallback.exists() && !isMissing(fallback.filePath())));
     if (hasFallback) {
         addTexts(fallbackLanguage);
     }
-    if (hasFallback && !QFileInfo::exists(fileOf(language))) {
+    if (hasFallback && isMissing(fileOf(language))) {
         add(Problem::Warning, fileOf(language), 0,
             QStringLiteral("There are no such texts; those in \"%1\" are shown").arg(fallbackLanguage));
     } else {
@@ -335,7 +348,7 @@ void ThemeFolder::checkImages(const QString &section, const SheetFile &file)
 void ThemeFolder::readLook()
 {
     const QString file = path(QStringLiteral("theme.json"));
-    if (!QFileInfo(file).isSymLink() && !QFileInfo::exists(file)) {
+    if (!QFileInfo(file).isSymLink() && isMissing(file)) {
         return;
     }
     if (const std::optional<JsonFile> look = readJson(file)) {

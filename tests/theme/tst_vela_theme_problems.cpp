@@ -263,6 +263,37 @@ private Q_SLOTS:
         QCOMPARE(ComponentStrings::getInstance()->getString(QStringLiteral("cancel")), QStringLiteral("Cancel"));
     }
 
+    // They may be there, and no other language is taken for them.
+    void textsThatCannotBeLookedUpAreNotTakenForMissing_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("fallback");
+        QTest::newRow("language") << QStringLiteral("xyz") << English;
+        QTest::newRow("fallback") << English << QStringLiteral("xyz");
+    }
+
+    void textsThatCannotBeLookedUpAreNotTakenForMissing()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, fallback);
+        const ThemeCopy copy;
+        const QString circle = copy.filePath(QStringLiteral("strings/xyz.json"));
+        QVERIFY(QFile::link(circle, circle));
+        const VelaTheme::Problems problems = theme()->load(copy.path(), language, fallback);
+        QCOMPARE(problems.size(), 1);
+        QCOMPARE(problems.constFirst().severity, VelaTheme::Problem::Error);
+        QCOMPARE(problems.constFirst().file, circle);
+        QCOMPARE(theme()->folder(), referenceTheme(QStringLiteral("light")));
+    }
+
+    void aFallbackThatIsAFolderIsPassedOver()
+    {
+        const ThemeCopy copy;
+        QVERIFY(QDir().mkpath(copy.filePath(QStringLiteral("strings/xyz.json"))));
+        QVERIFY(theme()->load(copy.path(), English, QStringLiteral("xyz")).isEmpty());
+        QCOMPARE(theme()->folder(), copy.path());
+    }
+
     void digitsBeforePixelsInThePathAreTold()
     {
         const QTemporaryDir folder;
