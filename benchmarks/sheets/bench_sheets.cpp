@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "component/vela-mask.h"
+#include "component/vela-msg-box.h"
 #include "component/vela-msg-sheet.h"
 #include "image-manager/image-manager.h"
 #include "style-manager/style-manager.h"
@@ -11,16 +12,19 @@
 #include "utils/component-strings.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QTimer>
 
-#include <memory>
+#include <functional>
+#include <utility>
 
 namespace {
 
-constexpr double MessageTarget = 1.1;
+constexpr double MessageTarget = 1.0;
 constexpr double PaintTarget = 1.05;
 constexpr int ShadowWidth = 22;
 
@@ -58,9 +62,8 @@ void showSheet(QWidget *window)
 }
 
 // The same text, formatted alike, and the same style sheets.
-void showBox(QWidget *window)
+void setUp(QMessageBox &box)
 {
-    QMessageBox box(window);
     box.setStyleSheet(getStyleSheet("component.message_sheet_other", false));
     box.setIconPixmap(getGlobalImage("icon_question", ImageManager::IMAGE_NORMAL));
     box.setText(QStringLiteral("<p style='line-height: 24px;'>%1</p>").arg(Text));
@@ -69,10 +72,50 @@ void showBox(QWidget *window)
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Discard);
     box.button(QMessageBox::Ok)->setStyleSheet(getStyleSheet("component.apply_button", false));
     box.button(QMessageBox::Discard)->setStyleSheet(getStyleSheet("component.cancel_button", false));
+}
+
+void showBox(QWidget *window)
+{
+    QMessageBox box(window);
+    setUp(box);
     const PaintWatcher watcher(box.button(QMessageBox::Ok));
     box.show();
     watcher.waitForPaint();
     box.done(QMessageBox::Ok);
+}
+
+// Answers what waits for it once a button of it has been painted.
+class Answerer : public QObject
+{
+public:
+    explicit Answerer(std::function<void()> answer) : m_answer(std::move(answer)) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && qobject_cast<QPushButton *>(watched)) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(0, this, m_answer);
+        }
+        return false;
+    }
+
+private:
+    const std::function<void()> m_answer;
+};
+
+void askInSheet(QWidget *window)
+{
+    const Answerer answerer([window] { window->findChild<VelaMessageSheet *>()->done(QMessageBox::Ok); });
+    showConfirmMsg(QString(), Text, window);
+}
+
+void askInBox(QWidget *window)
+{
+    QMessageBox box(window);
+    setUp(box);
+    const Answerer answerer([&box] { box.done(QMessageBox::Ok); });
+    box.exec();
 }
 
 class EmptySheet : public VelaSheet
@@ -189,6 +232,9 @@ int main(int argc, char *argv[])
     compare(
         "Message sheet in its mask", MessageTarget, [](benchmark::State &state) { showMessages(state, showSheet); },
         [](benchmark::State &state) { showMessages(state, showBox); });
+    compare(
+        "Message by its shortcut", MessageTarget, [](benchmark::State &state) { showMessages(state, askInSheet); },
+        [](benchmark::State &state) { showMessages(state, askInBox); });
     compareRepaint<PaintedFloor>("Sheet, repaint at 1280 by 800", QSize(1280, 800));
     compareRepaint<KeptFloor>("Sheet, repaint at 1280 by 800, floor keeps its images", QSize(1280, 800));
     compareRepaint<PaintedFloor>("Sheet, repaint at 3840 by 2160", QSize(3840, 2160));

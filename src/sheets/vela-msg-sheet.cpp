@@ -172,14 +172,18 @@ void VelaMessageSheet::setDefaultButton(QPushButton *button)
     }
 }
 
+// A frame loses its margins when it is styled. It gets them back as it is shown, but then its texts would have been
+// measured in a width that they do not keep.
 void VelaMessageSheet::showSheet()
 {
+    reserveShadow();
     show();
     d->run.watchWindow();
 }
 
 int VelaMessageSheet::exec()
 {
+    reserveShadow();
     return d->exec();
 }
 

@@ -44,6 +44,8 @@ protected:
     void customEvent(QEvent *event) override;
 
 private:
+    friend class VelaMessageSheet;
+
     void reserveShadow();
 
     const std::unique_ptr<VelaSheetPrivate> d;
