@@ -172,18 +172,16 @@ void VelaMessageSheet::setDefaultButton(QPushButton *button)
     }
 }
 
-// A frame loses its margins when it is styled. It gets them back as it is shown, but then its texts would have been
-// measured in a width that they do not keep.
 void VelaMessageSheet::showSheet()
 {
-    reserveShadow();
+    reserveShadowForShow();
     show();
     d->run.watchWindow();
 }
 
 int VelaMessageSheet::exec()
 {
-    reserveShadow();
+    reserveShadowForShow();
     return d->exec();
 }
 

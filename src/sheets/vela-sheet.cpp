@@ -115,6 +115,15 @@ void VelaSheet::reserveShadow()
     setContentsMargins(d->shadowWidth, d->shadowWidth, d->shadowWidth, d->shadowWidth);
 }
 
+// A frame loses its margins when it is styled. It gets them back as it is shown, but then its texts would have been
+// measured in a width that they do not keep.
+void VelaSheet::reserveShadowForShow()
+{
+    if (!isVisible() && window()->isVisible()) {
+        reserveShadow();
+    }
+}
+
 void VelaSheet::setWidget(QWidget *widget)
 {
     delete layout();

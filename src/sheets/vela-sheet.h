@@ -47,6 +47,7 @@ private:
     friend class VelaMessageSheet;
 
     void reserveShadow();
+    void reserveShadowForShow();
 
     const std::unique_ptr<VelaSheetPrivate> d;
 };

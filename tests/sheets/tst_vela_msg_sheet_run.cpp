@@ -112,6 +112,7 @@ private Q_SLOTS:
     void firstAndLastCanBeMarkedAfterButtonsAreGone();
     void whatIsNoWidgetGetsNoTab();
     void aTabForTheWindowDoesNothingWhereNothingTakesTheFocus();
+    void aSheetThatIsUpKeepsItsMarginsWhenItWaits();
     void eachShortcutLeavesAMaskAndNothingElse();
 
 private:
@@ -369,6 +370,20 @@ void VelaMessageSheetRunTest::aTabForTheWindowDoesNothingWhereNothingTakesTheFoc
     shown.window.send(Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget(), shown.window.above);
     QCOMPARE(shown.window.keys, 0);
+}
+
+void VelaMessageSheetRunTest::aSheetThatIsUpKeepsItsMarginsWhenItWaits()
+{
+    ShownMessage shown;
+    shown.sheet->showSheet();
+    const QMargins margins(1, 2, 3, 4);
+    shown.sheet->setContentsMargins(margins);
+    QMargins waiting;
+    shown.execute([&] {
+        waiting = shown.sheet->contentsMargins();
+        shown.sheet->quit();
+    });
+    QCOMPARE(waiting, margins);
 }
 
 void VelaMessageSheetRunTest::eachShortcutLeavesAMaskAndNothingElse()
