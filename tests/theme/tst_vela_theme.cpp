@@ -14,6 +14,8 @@
 #include "utils/ui-path-manager.h"
 
 #include <QApplication>
+#include <QProcess>
+#include <QResource>
 #include <QStandardPaths>
 #include <QToolTip>
 #include <QtTest>
@@ -207,6 +209,59 @@ private Q_SLOTS:
         QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
     }
 
+    void aLanguageThatNoFileCanHaveGivesWayToTheFallback_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("file in its way") << QStringLiteral("enu.json/xyz");
+        QTest::newRow("too long for a file") << QString(300, QLatin1Char('x'));
+    }
+
+    void aLanguageThatNoFileCanHaveGivesWayToTheFallback()
+    {
+        QFETCH(QString, language);
+        const Problems problems = theme()->load(light(), language, German);
+        QCOMPARE(problems.size(), 1);
+        QVERIFY(!VelaTheme::hasErrors(problems));
+        QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
+    }
+
+    void aThemeInResourcesIsTakenAsOneOnTheDisk()
+    {
+        const ThemeCopy copy(QStringLiteral("dark"));
+        const QTemporaryDir made;
+        const QString list = made.filePath(QStringLiteral("theme.qrc"));
+        const QString resources = made.filePath(QStringLiteral("theme.rcc"));
+        QVERIFY(compileResources(copy.path(), {QStringLiteral("--project"), QStringLiteral("--output"), list}));
+        QVERIFY(QFile::rename(list, copy.filePath(QStringLiteral("theme.qrc"))));
+        QVERIFY(compileResources(copy.path(),
+                                 {QStringLiteral("--binary"), QStringLiteral("--output"), resources,
+                                  QStringLiteral("theme.qrc")}));
+        QVERIFY(QResource::registerResource(resources, QStringLiteral("/own-theme")));
+        const QString folder = QStringLiteral(":/own-theme");
+
+        QVERIFY(theme()->load(referenceTheme(QStringLiteral("dark")), German).isEmpty());
+        const QPalette palette = QApplication::palette();
+        const QImage button = pictureOfButton();
+        const QImage folderImage = getGlobalImage("folder", ImageManager::IMAGE_NORMAL).toImage();
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        QVERIFY(pictureOfButton() != button);
+
+        QVERIFY(theme()->load(folder, German).isEmpty());
+        QCOMPARE(theme()->folder(), folder);
+        QCOMPARE(textOf("cancel"), QStringLiteral("Abbrechen"));
+        QCOMPARE(QApplication::palette(), palette);
+        QCOMPARE(pictureOfButton(), button);
+        QCOMPARE(getGlobalImage("folder", ImageManager::IMAGE_NORMAL).toImage(), folderImage);
+
+        const Problems problems = theme()->load(folder, QStringLiteral("xyz"), German);
+        QCOMPARE(textsOf(problems),
+                 QStringList(QStringLiteral(":/own-theme/strings/xyz.json: warning: There are no such texts; those in "
+                                            "\"deu\" are shown")));
+
+        QVERIFY(theme()->load(light(), English).isEmpty());
+        QVERIFY(QResource::unregisterResource(resources, QStringLiteral("/own-theme")));
+    }
+
     void itKnowsTheLanguagesOfAFolder()
     {
         const QStringList languages = VelaTheme::languages(light());
@@ -328,6 +383,20 @@ private:
     const OwnDataFolder m_dataFolder;
 
     static VelaTheme *theme() { return VelaTheme::getInstance(); }
+
+    static bool compileResources(const QString &folder, const QStringList &arguments)
+    {
+        QProcess compiler;
+        compiler.setWorkingDirectory(folder);
+        compiler.start(QStringLiteral(VELA_RESOURCE_COMPILER), arguments);
+        return compiler.waitForFinished() && compiler.exitCode() == 0;
+    }
+
+    static QImage pictureOfButton()
+    {
+        VelaButton button(QStringLiteral("Caption"), VelaButton::ApplyButton);
+        return button.grab().toImage();
+    }
     static QString light() { return referenceTheme(QStringLiteral("light")); }
 };
 
