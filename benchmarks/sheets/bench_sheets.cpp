@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <functional>
 #include <utility>
@@ -27,6 +28,7 @@ namespace {
 constexpr double MessageTarget = 1.0;
 constexpr double PaintTarget = 1.05;
 constexpr int ShadowWidth = 22;
+constexpr QSize SheetSize(540, 168); // size that the sheet with the text has
 
 const char *const ShadowImages[] = {"bg_tutorial_lt", "bg_tutorial_rt", "bg_tutorial_lb", "bg_tutorial_rb",
                                     "bg_tutorial_l",  "bg_tutorial_r",  "bg_tutorial_t",  "bg_tutorial_b"};
@@ -84,6 +86,63 @@ void showBox(QWidget *window)
     box.done(QMessageBox::Ok);
 }
 
+// The picture of an empty sheet by the shortest code.
+class PaintedFloor : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPixmap images[8];
+        for (int i = 0; i < 8; ++i) {
+            images[i] = getGlobalImage(ShadowImages[i], ImageManager::IMAGE_NORMAL);
+        }
+        const int s = ShadowWidth;
+        const int w = width();
+        const int h = height();
+        QPainter painter(this);
+        painter.drawPixmap(0, 0, s, s, images[0]);
+        painter.drawPixmap(w - s, 0, s, s, images[1]);
+        painter.drawPixmap(0, h - s, s, s, images[2]);
+        painter.drawPixmap(w - s, h - s, s, s, images[3]);
+        const auto drawEdge = [&](const QRect &place, const QPixmap &image) {
+            painter.drawPixmap(place, image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
+        };
+        drawEdge(QRect(0, s, s, h - 2 * s), images[4]);
+        drawEdge(QRect(w - s, s, s, h - 2 * s), images[5]);
+        drawEdge(QRect(s, 0, w - 2 * s, s), images[6]);
+        drawEdge(QRect(s, h - s, w - 2 * s, s), images[7]);
+        painter.fillRect(s, s, w - 2 * s, h - 2 * s, Qt::white);
+    }
+};
+
+// A box that dims its window and casts a shadow, as a sheet does.
+void showBoxInWindow(QWidget *window)
+{
+    QWidget dimmed(window);
+    dimmed.resize(window->size());
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0, 0, 0, 20));
+    dimmed.setPalette(palette);
+    dimmed.setAutoFillBackground(true);
+    auto *body = new PaintedFloor(&dimmed);
+    body->setFixedSize(SheetSize);
+    auto *box = new QMessageBox(body);
+    box->setWindowFlags(Qt::Widget);
+    setUp(*box);
+    auto *inner = new QVBoxLayout(body);
+    inner->setContentsMargins(ShadowWidth, ShadowWidth, ShadowWidth, ShadowWidth);
+    inner->addWidget(box, 0, Qt::AlignCenter);
+    auto *outer = new QVBoxLayout(&dimmed);
+    outer->addWidget(body, 0, Qt::AlignCenter);
+    const PaintWatcher watcher(box->button(QMessageBox::Ok));
+    dimmed.show();
+    watcher.waitForPaint();
+    dimmed.hide();
+}
+
 // Answers what waits for it once a button of it has been painted.
 class Answerer : public QObject
 {
@@ -124,36 +183,7 @@ public:
     void showSheet() override { show(); }
 };
 
-// The same picture by the shortest code.
-class PaintedFloor : public QWidget
-{
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPixmap images[8];
-        for (int i = 0; i < 8; ++i) {
-            images[i] = getGlobalImage(ShadowImages[i], ImageManager::IMAGE_NORMAL);
-        }
-        const int s = ShadowWidth;
-        const int w = width();
-        const int h = height();
-        QPainter painter(this);
-        painter.drawPixmap(0, 0, s, s, images[0]);
-        painter.drawPixmap(w - s, 0, s, s, images[1]);
-        painter.drawPixmap(0, h - s, s, s, images[2]);
-        painter.drawPixmap(w - s, h - s, s, s, images[3]);
-        const auto drawEdge = [&](const QRect &place, const QPixmap &image) {
-            painter.drawPixmap(place, image.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
-        };
-        drawEdge(QRect(0, s, s, h - 2 * s), images[4]);
-        drawEdge(QRect(w - s, s, s, h - 2 * s), images[5]);
-        drawEdge(QRect(s, 0, w - 2 * s, s), images[6]);
-        drawEdge(QRect(s, h - s, w - 2 * s, s), images[7]);
-        painter.fillRect(s, s, w - 2 * s, h - 2 * s, Qt::white);
-    }
-};
-
-// The same picture, with the stretched images kept from paint to paint.
+// The picture of an empty sheet, with the stretched images kept from paint to paint.
 class KeptFloor : public QWidget
 {
 protected:
@@ -232,6 +262,10 @@ int main(int argc, char *argv[])
     compare(
         "Message sheet in its mask", MessageTarget, [](benchmark::State &state) { showMessages(state, showSheet); },
         [](benchmark::State &state) { showMessages(state, showBox); });
+    compare(
+        "Message sheet in its mask, floor dims and casts a shadow", MessageTarget,
+        [](benchmark::State &state) { showMessages(state, showSheet); },
+        [](benchmark::State &state) { showMessages(state, showBoxInWindow); });
     compare(
         "Message by its shortcut", MessageTarget, [](benchmark::State &state) { showMessages(state, askInSheet); },
         [](benchmark::State &state) { showMessages(state, askInBox); });

@@ -8,6 +8,7 @@
 #include "support/resource-folder.h"
 #include "support/window-hints.h"
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
