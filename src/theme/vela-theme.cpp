@@ -141,6 +141,15 @@ void tellLanguage()
     }
 }
 
+// The toolkit keeps pictures by the names of their files, which may be the former ones. QPixmapCache::clear() would put
+// off, by half a minute each time, that the toolkit forgets the names as well.
+void forgetPictures()
+{
+    const int limit = QPixmapCache::cacheLimit();
+    QPixmapCache::setCacheLimit(0);
+    QPixmapCache::setCacheLimit(limit);
+}
+
 } // namespace
 
 class VelaThemePrivate
@@ -240,7 +249,7 @@ VelaTheme::Problems VelaThemePrivate::load(const QString &newFolder, const QStri
         problems.append({VelaTheme::Problem::Warning, folderOfCopies, 0,
                          QStringLiteral("Cannot be written to: scaled images of style sheets are missing")});
     }
-    QPixmapCache::clear(); // pictures are kept by the names of their files, which may be the former ones
+    forgetPictures();
     apply(theme.look());
 
     folder = absoluteFolder;

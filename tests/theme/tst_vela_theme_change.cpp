@@ -26,10 +26,14 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDateTime>
 #include <QDialogButtonBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
@@ -51,6 +55,18 @@ void load(const QString &palette, const QString &language)
     const VelaTheme::Problems problems = VelaTheme::getInstance()->load(referenceTheme(palette), language);
     for (const VelaTheme::Problem &problem : problems) {
         qWarning("%s", qPrintable(problem.toString()));
+    }
+}
+
+void writeImage(const QString &path, const QColor &color, const QDateTime &time = QDateTime::currentDateTime())
+{
+    QImage image(QSize(64, 64), QImage::Format_ARGB32);
+    image.fill(color);
+    QFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly) && image.save(&file, "PNG") && file.flush()
+        && file.setFileTime(time, QFileDevice::FileModificationTime);
+    if (!isWritten) {
+        qFatal("%s cannot be written", qPrintable(path));
     }
 }
 
@@ -825,23 +841,46 @@ private Q_SLOTS:
         QVERIFY(!first->victim);
     }
 
-    // An image that was replaced under its name, by which the toolkit keeps it.
     void imagesOfSheetsAreReadAnew()
     {
         const ThemeCopy copy;
         QVERIFY(VelaTheme::getInstance()->load(copy.path(), English).isEmpty());
-        QWidget window;
-        window.setStyleSheet(QStringLiteral("QWidget { background-image: url(\"%1\"); }")
-                                 .arg(copy.filePath(QStringLiteral("images/folder.png"))));
         VelaLineEdit edit;
         edit.setError(true);
         edit.resize(200, 40);
         const QImage former = edit.grab().toImage();
-        QImage field(QSize(64, 64), QImage::Format_ARGB32);
-        field.fill(Qt::green);
-        QVERIFY(field.save(copy.filePath(QStringLiteral("images/field_error.png"))));
+        writeImage(copy.filePath(QStringLiteral("images/field_error.png")), Qt::green);
         QVERIFY(VelaTheme::getInstance()->reload().isEmpty());
         QVERIFY(edit.grab().toImage() != former);
+    }
+
+    // The toolkit keeps images by the name, size and time of their files.
+    void imagesThatLookUnchangedFromOutsideAreReadAnew()
+    {
+        const ThemeCopy copy;
+        const QString image = copy.filePath(QStringLiteral("images/own.png"));
+        const QDateTime time(QDate(2026, 1, 1), QTime(12, 0));
+        copy.write(QStringLiteral("styles/own.qss"),
+                   "== component.apply_button ==\nQPushButton { border-image: url(\"IMG_LOC/own.png\"); }\n");
+        writeImage(image, Qt::red, time);
+        const qint64 size = QFileInfo(image).size();
+        QVERIFY(VelaTheme::getInstance()->load(copy.path(), English).isEmpty());
+        VelaButton button(QString(), VelaButton::ApplyButton);
+        QCOMPARE(button.grab().toImage().pixelColor(5, 5), QColor(Qt::red));
+
+        writeImage(image, Qt::blue, time);
+        QCOMPARE(QFileInfo(image).size(), size);
+        QVERIFY(VelaTheme::getInstance()->reload().isEmpty());
+        QCOMPARE(button.grab().toImage().pixelColor(5, 5), QColor(Qt::blue));
+    }
+
+    void theLimitOfTheToolkitsPixmapCacheStays()
+    {
+        const int limit = QPixmapCache::cacheLimit();
+        QPixmapCache::setCacheLimit(limit + 1);
+        load(Dark, English);
+        QCOMPARE(QPixmapCache::cacheLimit(), limit + 1);
+        QPixmapCache::setCacheLimit(limit);
     }
 
 private:
