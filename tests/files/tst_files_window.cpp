@@ -7,6 +7,7 @@
 #include "window/sheets.h"
 
 #include <FileSystemTreeWidgetItem>
+#include <HelpWindow>
 #include <VelaButtonPath>
 #include <VelaCountdownMessageBox>
 #include <VelaDateSelector>
@@ -20,7 +21,10 @@
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
+#include <QTextBlock>
+#include <QTextBrowser>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QtTest>
@@ -72,6 +76,8 @@ private Q_SLOTS:
     void aFolderThatVanishesIsLeft();
     void theLanguageChangesUnderASheet();
     void settingsComeBack();
+    void theHelpIsAPage_data();
+    void theHelpIsAPage();
 
 private:
     QString path(const char *name) const { return m_folder->path() + u'/' + QString::fromUtf8(name); }
@@ -458,6 +464,30 @@ void FilesWindowTest::settingsComeBack()
     QCOMPARE(next.size(), m_window->size());
     QTRY_COMPARE_WITH_TIMEOUT(next.model()->folder(), path("inner"), Patience);
     QVERIFY(next.model()->filter().withHidden);
+}
+
+void FilesWindowTest::theHelpIsAPage_data()
+{
+    QTest::addColumn<QString>("language");
+    for (const char *language : {"enu", "deu", "chs", "ara"}) {
+        QTest::newRow(language) << QString::fromLatin1(language);
+    }
+}
+
+// What does not begin as a page is shown as it is, with its tags.
+void FilesWindowTest::theHelpIsAPage()
+{
+    QFETCH(QString, language);
+    QVERIFY(applyAppearance(QStringLiteral("light"), language));
+    press(Qt::Key_F1);
+    const QPointer<HelpWindow> help(m_window->findChild<HelpWindow *>());
+    QVERIFY(help);
+    const auto *browser = help->findChild<QTextBrowser *>();
+    QTRY_VERIFY_WITH_TIMEOUT(!browser->toPlainText().isEmpty(), Patience);
+    QCOMPARE(browser->document()->begin().text(), QStringLiteral("Vela Files"));
+    QCOMPARE(browser->document()->begin().blockFormat().headingLevel(), 1);
+    help->close();
+    QTRY_VERIFY(!help);
 }
 
 QTEST_MAIN(FilesWindowTest)
