@@ -77,20 +77,20 @@ public:
         ImageManager::getInstance()->initialize(ImageManager::INIT_LAZY);
         StyleManager::getInstance()->initialize(theme.sheets);
         QApplication::setPalette(theme.palette);
-        for (VelaButton *button : buttons) {
+        for (VelaButton *button : m_buttons) {
             button->setStyleSheet(getStyleSheet("component.apply_button", false));
         }
-        for (VelaIconButton *button : iconButtons) {
+        for (VelaIconButton *button : m_iconButtons) {
             button->setStyleSheet(getStyleSheet("component.icon_button", false));
             button->setAllIcon(QStringLiteral("bt_add"));
         }
-        for (VelaCheckBox *box : checkBoxes) {
+        for (VelaCheckBox *box : m_checkBoxes) {
             box->setStyleSheet(getStyleSheet("component.checkbox", false));
         }
-        for (VelaLabel *label : labels) {
+        for (VelaLabel *label : m_labels) {
             label->setStyleSheet(getStyleSheet("component.label", false));
         }
-        for (VelaLineEdit *edit : lineEdits) {
+        for (VelaLineEdit *edit : m_lineEdits) {
             edit->getPreLabel()->setStyleSheet(getStyleSheet("component.lineedit_label", false));
             edit->getLineEdit()->setStyleSheet(getStyleSheet("component.lineedit", false));
             edit->getPostLabel()->setStyleSheet(getStyleSheet("component.lineedit_label", false));
@@ -109,23 +109,23 @@ private:
     {
         switch (kind) {
         case 0:
-            return keep(buttons, new VelaButton(QStringLiteral("Save"), VelaButton::ApplyButton));
+            return keep(m_buttons, new VelaButton(QStringLiteral("Save"), VelaButton::ApplyButton));
         case 1:
-            return keep(iconButtons, new VelaIconButton(QStringLiteral("bt_add")));
+            return keep(m_iconButtons, new VelaIconButton(QStringLiteral("bt_add")));
         case 2:
-            return keep(checkBoxes, new VelaCheckBox(QStringLiteral("Check")));
+            return keep(m_checkBoxes, new VelaCheckBox(QStringLiteral("Check")));
         case 3:
-            return keep(labels, new VelaLabel(QStringLiteral("Text")));
+            return keep(m_labels, new VelaLabel(QStringLiteral("Text")));
         default:
-            return keep(lineEdits, new VelaLineEdit);
+            return keep(m_lineEdits, new VelaLineEdit);
         }
     }
 
-    std::vector<VelaButton *> buttons;
-    std::vector<VelaIconButton *> iconButtons;
-    std::vector<VelaCheckBox *> checkBoxes;
-    std::vector<VelaLabel *> labels;
-    std::vector<VelaLineEdit *> lineEdits;
+    std::vector<VelaButton *> m_buttons;
+    std::vector<VelaIconButton *> m_iconButtons;
+    std::vector<VelaCheckBox *> m_checkBoxes;
+    std::vector<VelaLabel *> m_labels;
+    std::vector<VelaLineEdit *> m_lineEdits;
 };
 
 using Themes = std::array<Theme, 2>;

@@ -723,6 +723,7 @@ private Q_SLOTS:
         QTRY_VERIFY(widgets.back()->isVisible());
         QCoreApplication::processEvents();
         std::vector<std::unique_ptr<EventCounter>> counters;
+        counters.reserve(widgets.size());
         for (QWidget *widget : widgets) {
             counters.push_back(std::make_unique<EventCounter>(widget, QEvent::Paint));
         }

@@ -37,8 +37,8 @@ private Q_SLOTS:
         QTest::addColumn<Fault>("fault");
         QTest::addColumn<QStringList>("told"); // paths within the folder
 
-        const auto row = [](const char *name, Fault fault, const QStringList &told) {
-            QTest::newRow(name) << std::move(fault) << told;
+        const auto row = [](const char *name, const Fault &fault, const QStringList &told) {
+            QTest::newRow(name) << fault << told;
         };
         const auto file = [](const char *name, const QByteArray &content) -> Fault {
             return [name, content](const ThemeCopy &copy) { copy.write(QString::fromLatin1(name), content); };
