@@ -26,8 +26,8 @@ struct HelpContext
 
 /// Application-modal dialog with one help page: from the knowledge base on the web or, when that fails or takes more
 /// than ten seconds or brings more than 64 MiB, from the installed help. A page that is missing there too leaves the
-/// window empty. These pages are UTF-8, and HTML where they begin with a tag or `<!DOCTYPE`; with a comment before it, as
-/// any other text, they are shown as they are. Those that their links lead to in the installed help are what they
+/// window empty. These pages are UTF-8, and HTML where they begin with a tag or `<!DOCTYPE`; with a comment before it,
+/// as any other text, they are shown as they are. Those that their links lead to in the installed help are what they
 /// declare, UTF-8 by default.
 ///
 /// The request starts at once; show the dialog, with exec() for instance. The host of the knowledge base is set when

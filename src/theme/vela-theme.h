@@ -62,8 +62,8 @@ public:
     /// @p language, the name of a file in `strings` without ".json". Texts, or a whole language, that are missing are
     /// taken from @p fallbackLanguage, which may be empty. "resource_path" becomes @p folder; "user_data_path", unless
     /// it is set already, becomes the standard folder for the application's data. Processes that share that folder
-    /// share the scaled images of sheets in it, which the last one to load a theme has scaled for its screen: where they
-    /// run at several scales, each sets one of its own.
+    /// share the scaled images of sheets in it, which the last one to load a theme has scaled for its screen: where
+    /// they run at several scales, each sets one of its own.
     ///
     /// Returns what is wrong, in the order of the files, and logs none of it. With an error among it nothing has
     /// changed: the former look, if there is one, is still in force. See hasErrors().

@@ -233,9 +233,9 @@ private Q_SLOTS:
         const QString resources = made.filePath(QStringLiteral("theme.rcc"));
         QVERIFY(compileResources(copy.path(), {QStringLiteral("--project"), QStringLiteral("--output"), list}));
         QVERIFY(QFile::rename(list, copy.filePath(QStringLiteral("theme.qrc"))));
-        QVERIFY(compileResources(copy.path(),
-                                 {QStringLiteral("--binary"), QStringLiteral("--output"), resources,
-                                  QStringLiteral("theme.qrc")}));
+        QVERIFY(compileResources(
+            copy.path(),
+            {QStringLiteral("--binary"), QStringLiteral("--output"), resources, QStringLiteral("theme.qrc")}));
         QVERIFY(QResource::registerResource(resources, QStringLiteral("/own-theme")));
         const QString folder = QStringLiteral(":/own-theme");
 
