@@ -142,7 +142,7 @@ public:
     }
 
     void createHeader(VelaTableWidget *table);
-    void createBody(VelaTableWidget *table);
+    void createBody();
     void sizeColumns();
     void setUpBody();
     void layOut(VelaTableWidget *table);
@@ -175,10 +175,9 @@ void VelaTableWidgetPrivate::createHeader(VelaTableWidget *table)
     headerModel.setHorizontalHeaderLabels(labels);
 }
 
-void VelaTableWidgetPrivate::createBody(VelaTableWidget *table)
+void VelaTableWidgetPrivate::createBody()
 {
     body = new ResizeSignalTableWidget(0, columns.columnCount());
-    body->setParent(table);
     body->horizontalHeader()->setMinimumSectionSize(0);
     headerModel.horizontalHeader()->setMinimumSectionSize(0);
 }
@@ -257,7 +256,7 @@ void VelaTableWidget::customEvent(QEvent *event)
 void VelaTableWidget::initailze()
 {
     d->createHeader(this);
-    d->createBody(this);
+    d->createBody();
     d->sizeColumns();
     d->setUpBody();
     d->layOut(this);

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void headerAndRowsAreInLineFromRightToLeft();
 
     void theVerticalScrollBarShowsWhileThereIsMore();
+    void underAParentWithASheetTheScrollBarsAreTheThemes();
     void theSlotLooksAtTheMaximumAlone();
     void noTriggerEditsACell();
     void aClickSelectsTheWholeRow();
@@ -525,6 +526,21 @@ void VelaTableWidgetTest::theVerticalScrollBarShowsWhileThereIsMore()
     QTRY_VERIFY(!bar->isVisible());
     window.table->resize(TableSize);
     QTRY_VERIFY(bar->isVisible());
+}
+
+void VelaTableWidgetTest::underAParentWithASheetTheScrollBarsAreTheThemes()
+{
+    const auto picture = [](const QString &sheetOfWindow) {
+        QWidget window;
+        window.setStyleSheet(sheetOfWindow);
+        auto *table = new VelaTableWidget(declared(Wide), &window);
+        table->getTable()->setRowCount(100);
+        table->resize(TableSize);
+        return table->grab().toImage();
+    };
+    const QImage expected = picture(QString());
+    QCOMPARE(expected.pixelColor(expected.width() - 2, expected.height() / 2), QColor(Qt::green)); // of the handle
+    QCOMPARE(picture(QStringLiteral("QLabel { color: red }")), expected);
 }
 
 void VelaTableWidgetTest::theSlotLooksAtTheMaximumAlone()
