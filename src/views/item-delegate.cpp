@@ -85,6 +85,7 @@ public:
 
     QCache<QString, ShapedText> shapedTexts {KeptTextCount};
     QCache<QString, MeasuredText> measuredTexts {KeptTextCount};
+    bool baseKeepsIcon = false; // whether drawDecoration() would draw the icon of the row before
     QMetaObject::Connection forgetting; // connection to the application, which may come after its delegates
 };
 
@@ -134,9 +135,12 @@ void ItemDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
 {
     const QVariant value = index.data(Qt::DisplayRole);
     const QString text = value.userType() == QMetaType::QString ? value.toString() : QString();
-    if (text.isEmpty() || !isPlain(text, option) || index.data(Qt::DecorationRole).isValid()
-        || index.data(Qt::CheckStateRole).isValid()) {
+    const bool hasIcon = index.data(Qt::DecorationRole).isValid();
+    const bool isLeftToBase =
+        text.isEmpty() || !isPlain(text, option) || hasIcon || index.data(Qt::CheckStateRole).isValid();
+    if (isLeftToBase || d->baseKeepsIcon) {
         QItemDelegate::paint(painter, option, index);
+        d->baseKeepsIcon = hasIcon;
         return;
     }
     const QStyleOptionViewItem itemOption = setOptions(index, option);

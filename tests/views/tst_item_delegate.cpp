@@ -7,6 +7,7 @@
 #include "support/resource-folder.h"
 #include "views/tree-test.h"
 
+#include <QIconEngine>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
@@ -128,6 +129,7 @@ private Q_SLOTS:
     void aRowWithoutACheckPublishesNone();
     void rowsAreDrawnAsByTheBase_data();
     void rowsAreDrawnAsByTheBase();
+    void anIconIsDrawnInItsOwnRowAlone();
 
 private:
     ResourceFolder m_folder;
@@ -611,6 +613,33 @@ void ItemDelegateTest::rowsAreDrawnAsByTheBase()
     const QVector<QImage> expected = drawnRow(base, options.first(), index);
     QApplication::setStyle(QStringLiteral("fusion"));
     QCOMPARE(images, expected);
+}
+
+void ItemDelegateTest::anIconIsDrawnInItsOwnRowAlone()
+{
+    // Draws where it is told to, however small the room is.
+    class Engine : public QIconEngine
+    {
+    public:
+        void paint(QPainter *painter, const QRect &rect, QIcon::Mode, QIcon::State) override
+        {
+            painter->fillRect(QRect(rect.topLeft(), QSize(16, 16)), Qt::red);
+        }
+        QIconEngine *clone() const override { return new Engine(*this); }
+    };
+    QStandardItemModel model;
+    model.appendRow(new QStandardItem(QIcon(new Engine), QStringLiteral("Folder 1")));
+    model.appendRow(new QStandardItem(QStringLiteral("Folder 2")));
+    model.appendRow(new QStandardItem(QStringLiteral("Folder 3")));
+    const ItemDelegate delegate;
+    const QItemDelegate base;
+    QStyleOptionViewItem option;
+    option.rect = QRect(10, 5, 180, 28);
+    option.decorationSize = QSize(16, 16);
+    for (const int row : {0, 1, 2, 1, 0, 2}) {
+        const QModelIndex index = model.index(row, 0);
+        QCOMPARE(drawnRow(delegate, option, index), drawnRow(base, option, index));
+    }
 }
 
 void ItemDelegateTest::theViewMayGoAsEscapeIsToldOf()
