@@ -20,9 +20,9 @@ namespace {
 QLabel *createText(QWidget *parent)
 {
     // A label that never had a text takes the room of a letter, one whose text is empty takes none.
-    auto *label = new QLabel(QStringLiteral(" "), parent);
+    auto *label = new QLabel(QStringLiteral(" "));
     label->setText(QString());
-    label->setStyleSheet(Look::sheet(Style::LineEditLabel));
+    Look::adopt(label, parent, Look::sheet(Style::LineEditLabel));
     return label;
 }
 
@@ -42,11 +42,10 @@ public:
 
 VelaLineEdit::VelaLineEdit(QWidget *parent) : QWidget(parent), d(std::make_unique<VelaLineEditPrivate>())
 {
-    // The labels have their parent before they are styled: a styled widget that is given another one is polished again.
     d->layout = new QHBoxLayout(this);
     d->preLabel = createText(this);
-    d->lineEdit = new QLineEdit(this);
-    d->lineEdit->setStyleSheet(Look::sheet(Style::LineEdit));
+    d->lineEdit = new QLineEdit;
+    Look::adopt(d->lineEdit, this, Look::sheet(Style::LineEdit));
     d->postLabel = createText(this);
 
     d->layout->setAlignment(Qt::AlignLeft);

@@ -81,4 +81,14 @@ void setFirstStyleSheet(QWidget *button, const QString &sheet)
     button->setStyleSheet(sheet);
 }
 
+void adopt(QWidget *child, QWidget *parent, const QString &sheet)
+{
+    // Of a parent that is styled itself no font is inherited.
+    const bool isStyled = parent->testAttribute(Qt::WA_StyleSheet);
+    parent->setAttribute(Qt::WA_StyleSheet, isStyled || !sheet.isEmpty());
+    child->setParent(parent);
+    parent->setAttribute(Qt::WA_StyleSheet, isStyled);
+    child->setStyleSheet(sheet);
+}
+
 } // namespace Vela::Look

@@ -45,4 +45,8 @@ void setColors(const Colors &colors);
 /// parsed anew when the button gets its parent and when it is polished, so the first is one without rules.
 void setFirstStyleSheet(QWidget *button, const QString &sheet);
 
+/// Gives @p child, which has been made without a parent, its parent and its first style sheet. In the other order it
+/// would be polished twice. As in that order it keeps the application's font, whatever that of the window.
+void adopt(QWidget *child, QWidget *parent, const QString &sheet);
+
 } // namespace Vela::Look

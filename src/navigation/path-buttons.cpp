@@ -30,8 +30,8 @@ QString withoutMnemonic(QString name)
 class NameButton : public QPushButton
 {
 public:
-    NameButton(const QString &text, QWidget *parent, std::function<void()> showInFull) :
-        QPushButton(text, parent), m_showInFull(std::move(showInFull))
+    NameButton(const QString &text, std::function<void()> showInFull) :
+        QPushButton(text), m_showInFull(std::move(showInFull))
     {
     }
 
@@ -90,9 +90,9 @@ int widthOfPathName(const QString &name, const QPushButton *button)
 
 QPushButton *createPathName(const QString &name, QWidget *parent, std::function<void()> showInFull)
 {
-    auto *button = new NameButton(withoutMnemonic(name), parent, std::move(showInFull));
+    auto *button = new NameButton(withoutMnemonic(name), std::move(showInFull));
     button->setFlat(true);
-    button->setStyleSheet(Look::sheet(Style::ButtonPathName));
+    Look::adopt(button, parent, Look::sheet(Style::ButtonPathName));
     button->setFixedHeight(scaled(NameHeight)); // unless the sheet has another
     // The sheet may set the font.
     button->ensurePolished();

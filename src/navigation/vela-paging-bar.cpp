@@ -202,13 +202,13 @@ void VelaPagingBarPrivate::addFooterLabel(const PagingFooterInfo &info)
 {
     const bool isRightmost = footerLabels.empty() && refreshButton->isHidden();
     const Style style = isRightmost ? Style::PagingBarRightmostLabel : Style::PagingBarLabel;
-    auto *label = new QLabel(info.text, footerLayout->parentWidget());
+    auto *label = new QLabel(info.text);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setFixedHeight(scaled(FooterLabelHeight));
     if (info.width != 0) {
         label->setFixedWidth(scaled(info.width));
     }
-    label->setStyleSheet(Look::sheet(style));
+    Look::adopt(label, footerLayout->parentWidget(), Look::sheet(style));
     footerLabels.push_back({label, style});
     footerLayout->addWidget(label);
 }

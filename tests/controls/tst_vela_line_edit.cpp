@@ -103,6 +103,7 @@ private Q_SLOTS:
     void textsAndFieldHaveTheScaledSheetsOfTheirKeys();
     void itIsARowOfTextFieldAndText();
     void itsPartsBelongToIt();
+    void itsPartsHaveTheApplicationsFontInAnyWindow();
     void itHandsTheFocusToItsField();
     void itsPartsAreEmptyAtFirst();
     void gettersGiveBackWhatWasSet();
@@ -157,6 +158,21 @@ void VelaLineEditTest::initTestCase()
 void VelaLineEditTest::init()
 {
     askedTexts.clear();
+}
+
+void VelaLineEditTest::itsPartsHaveTheApplicationsFontInAnyWindow()
+{
+    QWidget window;
+    QFont font = window.font();
+    font.setItalic(true);
+    window.setFont(font);
+    VelaLineEdit edit(&window);
+    window.show();
+    for (const QWidget *part : {static_cast<QWidget *>(edit.getPreLabel()), static_cast<QWidget *>(edit.getLineEdit()),
+                                static_cast<QWidget *>(edit.getPostLabel())}) {
+        part->ensurePolished();
+        QVERIFY(!part->font().italic());
+    }
 }
 
 void VelaLineEditTest::gettersGiveBackWhatWasSet()

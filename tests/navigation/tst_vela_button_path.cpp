@@ -44,6 +44,7 @@ private Q_SLOTS:
     void namesAreAsWideAsTheRuleSays_data();
     void namesAreAsWideAsTheRuleSays();
     void theSheetMayGiveNamesAnotherHeight();
+    void namesHaveTheApplicationsFontInAnyWindow();
     void arrowsAreNarrow();
     void everyButtonIsMadeAnew();
     void ampersandsAreDoubledInTheTextAndNotInThePath_data();
@@ -239,6 +240,19 @@ void VelaButtonPathTest::theSheetMayGiveNamesAnotherHeight()
     window.refresh(QStringLiteral("a"));
     QCOMPARE(window.nameButton(0)->minimumHeight(), expectedPixels(40));
     QCOMPARE(window.nameButton(0)->maximumHeight(), expectedPixels(40));
+}
+
+void VelaButtonPathTest::namesHaveTheApplicationsFontInAnyWindow()
+{
+    QWidget window;
+    QFont font = window.font();
+    font.setItalic(true);
+    window.setFont(font);
+    VelaButtonPath bar(&window);
+    window.show();
+    bar.refresh(QStringLiteral("name"));
+    const QWidget *name = bar.cellWidget(0, 0);
+    QVERIFY(!name->font().italic());
 }
 
 void VelaButtonPathTest::arrowsAreNarrow()
