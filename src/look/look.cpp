@@ -8,11 +8,19 @@
 #include "style-manager/style-manager.h"
 #include "utils/component-strings.h"
 
+#include <QEvent>
 #include <QWidget>
 
 namespace Vela::Look {
 
 namespace {
+
+// Keeps from a widget that its style has changed.
+class Deaf : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override { return event->type() == QEvent::StyleChange; }
+};
 
 Colors themeColors; // invalid where the standard one holds
 
@@ -73,12 +81,15 @@ void setColors(const Colors &colors)
     themeColors = colors;
 }
 
-void setFirstStyleSheet(QWidget *button, const QString &sheet)
+void setFirstStyleSheet(QWidget *widget, const QString &sheet)
 {
-    if (!sheet.isEmpty() && button->styleSheet().isEmpty()) {
-        button->setStyleSheet(QStringLiteral(" "));
+    if (!sheet.isEmpty() && widget->styleSheet().isEmpty()) {
+        static Deaf deaf;
+        widget->installEventFilter(&deaf);
+        widget->setStyleSheet(QStringLiteral(" "));
+        widget->removeEventFilter(&deaf);
     }
-    button->setStyleSheet(sheet);
+    widget->setStyleSheet(sheet);
 }
 
 void adopt(QWidget *child, QWidget *parent, const QString &sheet)

@@ -40,10 +40,10 @@ Colors colors();
 /// Sets the theme's colours; the standard ones take the place of invalid ones.
 void setColors(const Colors &colors);
 
-/// Sets the style sheet of a button under construction. At its first sheet a button asks the style at once for its
-/// margins in a layout, and Qt parses that sheet; the next one, before the button is polished, is only kept. Both are
-/// parsed anew when the button gets its parent and when it is polished, so the first is one without rules.
-void setFirstStyleSheet(QWidget *button, const QString &sheet);
+/// Sets the style sheet of a widget under construction. At its first sheet a widget is told of a change of style, asks
+/// the new one, and Qt parses that sheet; the next one, before the widget is polished, is only kept. Both are parsed
+/// anew when it gets its parent and when it is polished, so the first is one without rules, of which it is not told.
+void setFirstStyleSheet(QWidget *widget, const QString &sheet);
 
 /// Gives @p child, which has been made without a parent, its parent and its first style sheet. In the other order it
 /// would be polished twice. As in that order it keeps the application's font, whatever that of the window.

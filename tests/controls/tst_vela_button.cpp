@@ -8,6 +8,7 @@
 #include "support/log-capture.h"
 #include "support/resource-folder.h"
 
+#include <QStyleOptionButton>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void anUnknownKindHasNoSheetAndIsNoError();
     void theKindMayBeLeftOut();
     void aParentMayBeGivenAtOnce();
+    void itIsMeasuredByItsSheetAtOnce();
     void clicksAndKeysClickIt();
     void itLooksLikeAPlainButtonOfTheSameSheet_data() { theKindDecidesTheSheet_data(); }
     void itLooksLikeAPlainButtonOfTheSameSheet();
@@ -160,6 +162,23 @@ void VelaButtonTest::aParentMayBeGivenAtOnce()
     QCOMPARE(given->size(), laidOut->size());
     given->clearFocus();
     QCOMPARE(given->grab().toImage(), laidOut->grab().toImage());
+}
+
+void VelaButtonTest::itIsMeasuredByItsSheetAtOnce()
+{
+    const auto contents = [](const QPushButton &button) {
+        QStyleOptionButton option;
+        option.initFrom(&button);
+        option.rect = QRect(0, 0, 200, 100);
+        return button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button);
+    };
+    QWidget parent;
+    for (QWidget *each : {static_cast<QWidget *>(nullptr), &parent}) {
+        const VelaButton button(QStringLiteral("Save"), VelaButton::ApplyButton, each);
+        QPushButton plain(QStringLiteral("Save"), each);
+        plain.setStyleSheet(button.styleSheet());
+        QCOMPARE(contents(button), contents(plain));
+    }
 }
 
 void VelaButtonTest::clicksAndKeysClickIt()
