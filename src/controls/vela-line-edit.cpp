@@ -19,10 +19,11 @@ namespace {
 
 QLabel *createText(QWidget *parent)
 {
-    // A label that never had a text takes the room of a letter, one whose text is empty takes none.
-    auto *label = new QLabel(QStringLiteral(" "));
-    label->setText(QString());
+    auto *label = new QLabel;
     Look::adopt(label, parent, Look::sheet(Style::LineEditLabel));
+    // A label that never had a text takes the room of a letter, one whose text is empty takes none.
+    label->setText(QStringLiteral(" "));
+    label->setText(QString());
     return label;
 }
 

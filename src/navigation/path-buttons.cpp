@@ -30,10 +30,7 @@ QString withoutMnemonic(QString name)
 class NameButton : public QPushButton
 {
 public:
-    NameButton(const QString &text, std::function<void()> showInFull) :
-        QPushButton(text), m_showInFull(std::move(showInFull))
-    {
-    }
+    explicit NameButton(std::function<void()> showInFull) : m_showInFull(std::move(showInFull)) { }
 
 protected:
     void focusInEvent(QFocusEvent *event) override
@@ -90,9 +87,10 @@ int widthOfPathName(const QString &name, const QPushButton *button)
 
 QPushButton *createPathName(const QString &name, QWidget *parent, std::function<void()> showInFull)
 {
-    auto *button = new NameButton(withoutMnemonic(name), std::move(showInFull));
+    auto *button = new NameButton(std::move(showInFull));
     button->setFlat(true);
     Look::adopt(button, parent, Look::sheet(Style::ButtonPathName));
+    button->setText(withoutMnemonic(name)); // is told to screen readers, which ask for the path around it
     button->setFixedHeight(scaled(NameHeight)); // unless the sheet has another
     // The sheet may set the font.
     button->ensurePolished();

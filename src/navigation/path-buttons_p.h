@@ -13,7 +13,7 @@ namespace Vela {
 
 constexpr int PathArrowWidth = 6; // logical pixels
 
-// Buttons of a path are made where they stay, as a styled widget that is given another parent is polished again.
+// Buttons of a path are styled where they stay, as a styled widget that is given another parent is polished again.
 
 /// Makes an arrow, which points in the direction of reading.
 QPushButton *createPathArrow(QWidget *parent);
